@@ -1,0 +1,37 @@
+# One room of the house is one static library. Its sources are the .cpp files of its folders, so that a new file needs
+# no line here.
+
+# What every target of the project is compiled with.
+add_library(project_options INTERFACE)
+target_include_directories(project_options INTERFACE ${PROJECT_SOURCE_DIR})
+target_compile_options(project_options INTERFACE -Wall -Wextra -Wconversion -Wshadow)
+if(DISPLAY_SANITIZERS)
+    target_compile_options(project_options INTERFACE -fsanitize=${DISPLAY_SANITIZERS} -fno-omit-frame-pointer)
+    target_link_options(project_options INTERFACE -fsanitize=${DISPLAY_SANITIZERS})
+    if(DISPLAY_SANITIZERS MATCHES undefined)
+        target_compile_options(project_options INTERFACE -fno-sanitize-recover=undefined)
+    endif()
+endif()
+
+# What runs on the panel besides: no exceptions, no run-time type information.
+add_library(display_options INTERFACE)
+target_link_libraries(display_options INTERFACE project_options)
+target_compile_options(display_options INTERFACE $<$<COMPILE_LANGUAGE:CXX>:-fno-exceptions -fno-rtti>)
+
+# display_library(NAME [FOLDERS folder...] [DEPENDS library...])
+#
+# A library of the display process from the sources of the current folder, or of the named folders below it.
+function(display_library name)
+    cmake_parse_arguments(ROOM "" "" "FOLDERS;DEPENDS" ${ARGN})
+    if(NOT ROOM_FOLDERS)
+        set(ROOM_FOLDERS .)
+    endif()
+    set(sources)
+    foreach(folder IN LISTS ROOM_FOLDERS)
+        file(GLOB found CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/${folder}/*.cpp)
+        list(APPEND sources ${found})
+    endforeach()
+    add_library(${name} STATIC ${sources})
+    target_link_libraries(${name} PUBLIC ${ROOM_DEPENDS} PRIVATE display_options)
+    target_include_directories(${name} PUBLIC ${PROJECT_SOURCE_DIR})
+endfunction()
