@@ -130,12 +130,12 @@ TEST_F(Tasks, AreReachedByTheTickSignalOnlyWhereTheTimerWasMade) {
 }
 
 TEST(Mutex, LetsItsOwnerInAgainAndOthersOnlyWhenItIsGivenBackAsOften) {
-    const os::SemaphoreId mutex = os::semMCreate(os::kSemPriorityQueue | os::kSemInversionSafe);
+    static const os::SemaphoreId mutex = os::semMCreate(os::kSemPriorityQueue | os::kSemInversionSafe);
     ASSERT_NE(mutex, nullptr);
     ASSERT_EQ(os::semTake(mutex), 0);
     ASSERT_EQ(os::semTake(mutex), 0);
     std::atomic<bool> isIn{false};
-    std::thread other([&] {
+    std::thread other([&isIn] {
         EXPECT_EQ(os::semGive(mutex), -1) << "only the owner gives";
         EXPECT_EQ(os::semTake(mutex), 0);
         isIn = true;
