@@ -129,7 +129,7 @@ TEST_F(Server, ReturnsWhenNobodyComesInTime) {
 }
 
 TEST_F(Server, DropsASilentClientWhoseNextCallConnectsAnew) {
-    static RdaServer forever;
+    static RdaServer& forever = *new RdaServer;  // in use until the process ends
     forever.registerHandler("nine", AnswerNine);
     forever.setConnectionCallback([](std::uint32_t connected) { lastTold = connected; });
     std::thread([port = m_port] { forever.serve(port, "127.0.0.1", 1, 0); }).detach();
