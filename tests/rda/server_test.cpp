@@ -36,6 +36,8 @@ void Tell(std::uint32_t connected) {
 class Server : public testing::Test {
 protected:
     void SetUp() override {
+        payloads.clear();
+        told.clear();
         m_server.registerHandler("keep", Keep);
         m_server.registerHandler("nine", AnswerNine);
         m_server.setConnectionCallback(Tell);
