@@ -10,7 +10,7 @@ using MessageQueueId = MessageQueue*;  // null: no queue
 
 inline constexpr int kNoWait = 0;
 inline constexpr int kWaitForever = -1;
-inline constexpr int kQueueFifo = 0;         // option of msgQCreate: tasks wait first come, first served
+inline constexpr int kQueueFifo = 0;  // option of msgQCreate: tasks wait first come, first served
 inline constexpr int kMessagePriorityNormal = 0;
 
 enum class QueueError { None, Empty, Full, NoQueue, TooLong };

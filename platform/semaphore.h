@@ -6,8 +6,8 @@ namespace os {
 struct Semaphore;
 using SemaphoreId = Semaphore*;  // null: no semaphore
 
-inline constexpr int kSemPriorityQueue = 0x1;   // waiting tasks are served by priority
-inline constexpr int kSemInversionSafe = 0x8;   // the owner inherits the priority of the most urgent waiter
+inline constexpr int kSemPriorityQueue = 0x1;  // waiting tasks are served by priority
+inline constexpr int kSemInversionSafe = 0x8;  // the owner inherits the priority of the most urgent waiter
 
 /// @return the mutex, or null when it could not be created
 [[nodiscard]] SemaphoreId semMCreate(int options);

@@ -10,7 +10,7 @@ using TaskId = std::uintptr_t;
 using TaskArgument = std::intptr_t;
 using TaskEntry = int (*)(TaskArgument argument);
 
-inline constexpr TaskId kTaskError = ~TaskId{0};     // what creation returns when it failed
+inline constexpr TaskId kTaskError = ~TaskId{0};      // what creation returns when it failed
 inline constexpr int kTaskFloatingPoint = 0x1000000;  // task option: may use the floating-point unit
 
 /// Creates a task that waits for `taskActivate`. A smaller priority number is more urgent; `stackSize` is in bytes.
