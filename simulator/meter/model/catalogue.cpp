@@ -3,33 +3,37 @@
 #include <algorithm>
 #include <array>
 
-/// What each screen shows (P: pages of the setup chain, m/M: minimum and maximum screens with date and time).
-///
-///   4      Main values: phase (or line) voltage, average current, active energy, power factor      3708 298 1890 2055
-///   11, 19 Voltages to neutral L1 L2 L3 and their average; 20 m, 21 M; bars 22, 23                 3705 3711 3714 3708
-///   12, 14 Voltages between lines and their average; 15 m, 16 M; bars 17, 18                       3681 3693 3699 3687
-///   13     Neutral-to-earth voltage; bar 24                                                          2675
-///   25, 26 Currents L1 L2 L3 N and their average; 27, 30 m, 28, 31 M; bars 29, 32, 33              284 312 326 273 298
-///   34     Power P Q S; 39 M, 38 m; bars 40.  35, 36, 37 the same of L1, L2, L3                    1872 1707 1542 ...
-///   41     Power factor, total and L1 L2 L3; 43 m, 42 M, lagging and leading                       2055 2052 2053 2054
-///   44     Frequency; bar 45                                                                       204
-///   46-48  Energy total (imported plus exported), imported, exported: active, reactive, apparent   1890 1878 1900 ...
-///   49, 50 Imported active energy of the tariffs A and B, C and D                                  1880 1882 1884 1886
-///   51     Block demand P Q S; 53 peaks, 54 peak import and export, 55 the peaks before the reset  1780 1807 1808 1810
-///   ... 52     Thermal demand; 56, 57, 58 likewise                                                     1842 1816 1817
-///   1819 ... 59, 60 Total harmonic distortion of the voltages, of the currents; spectra 61-63, 64-67         3008 640
-///   ... 71     Voltage quality, frequency: value and intervals outside; 83 its statistics              200 2366 210
-///   ... 72     Voltage quality, nominal voltage                                                        2658 73-75
-///   Voltage quality, magnitude L1 L2 L3: intervals outside; 84-86 its statistics            2372 2989 ... 76 Voltage
-///   quality, unbalance; 87 its statistics                                           1942 3719 ... 77-79  Voltage
-///   quality, harmonics L1 L2 L3: intervals outside; 88-90 statistics of the THD     2383 2970 ... 80-82  Voltage
-///   quality, flicker L1 L2 L3: intervals outside; 91-93 Pst and Plt                 2378 2714 ... P 100-126  Wiring,
-///   transformers, polarities, nominal values                                    3717 2461 3676 1358 2658 P 130-168
-///   IPv4, IPv6, names, DNS, serial ports, NTP and mail servers                          1409 2590 94 101 106 P 169-171
-///   Backlight, labels and symbols, number formats                                       54 2062 166 P 181-182  Time
-///   and date formats, zone, clock and its synchronisation                          2601 78 P 192-193  Tariff now,
-///   seasons                                                                 2608 2512 179 language, 194 resets, 198
-///   services                                                         1914 1917 180
+// clang-format off
+// What each screen shows. "min" and "max" name the screens with date and time, "bars" those with both and the present.
+//
+//   screens                                    shows                                      registers
+//   4                                          voltage, current, energy, power factor     3708 (3687) 298 1890 2055
+//   11, 19; min 20, max 21; bars 22, 23        voltages to neutral, their average         3705 3711 3714, 3708
+//   12, 14; min 15, max 16; bars 17, 18, 5     voltages between lines, their average      3681 3693 3699, 3687
+//   13; bars 24                                neutral-to-earth voltage                   2675
+//   25; min 27, 31, max 28, 30; bars 29, 32    currents L1 L2 L3 N                        284 312 326 273
+//   26; bars 33, 6                             average current                            298
+//   34; max 39, min 38; bars 40                active, reactive, apparent power           1872 1707 1542
+//   35, 36, 37                                 the same of L1, L2, L3                     1749 1584 1419 ...
+//   41; min 43, max 42                         power factor; extremes lagging, leading    2055 2052 2053 2054
+//   44; bars 45                                frequency                                  204
+//   46, 47, 48                                 energy: in plus out, imported, exported    1890 1878 1900 ...
+//   49, 50                                     imported energy of tariffs A B, C D        1880 1882, 1884 1886
+//   51; peaks 53, 54, 55                       block demand; in and out, before reset     1780, 1807 1808 1810 ...
+//   52; peaks 56, 57, 58                       thermal demand, likewise                   1842, 1816 1817 1819 ...
+//   59 (spectra 61-63), 60 (64-67)             harmonic distortion, voltages, currents    3008 ..., 640 ...
+//   71, statistics 83                          voltage quality: frequency                 200 2366 2367 2368, 210 ...
+//   72                                         voltage quality: nominal voltage           2658
+//   73-75, statistics 84-86                    voltage quality: magnitude L1 L2 L3        2372 2373 2374, 2989 ...
+//   76, statistics 87                          voltage quality: unbalance                 1942, 3719 ...
+//   77-79, statistics 88-90                    voltage quality: harmonics L1 L2 L3        2383 2384 2385, 2970 ...
+//   80-82, values 91-93                        voltage quality: flicker L1 L2 L3          2378 2379, 2714 ...
+//   100, 103, 110, 117, 126                    wiring, transformers, polarities, nominals 3717 2461 3676 1358 2658
+//   130, 132 or 136, 139, 137, 140 or 141      IPv4 mode, addresses, link-local, IPv6     1409 2590 26 1412 1410 2594
+//   142, 143, 144, 151, 157, 167, 168          names, DNS, COM1-COM3, NTP, mail           198 2430 94 101 106 1947
+//   169, 170, 171                              backlight, labels and symbols, formats     54 2062 166
+//   179, 181, 182, 192, 193, 194, 198          language, date/time, tariff, resets, services
+// clang-format on
 namespace meter {
 namespace {
 
