@@ -18,15 +18,16 @@ add_library(display_options INTERFACE)
 target_link_libraries(display_options INTERFACE project_options)
 target_compile_options(display_options INTERFACE $<$<COMPILE_LANGUAGE:CXX>:-fno-exceptions -fno-rtti>)
 
-# display_library(NAME [FOLDERS folder...] [DEPENDS library...])
+# display_library(NAME [FOLDERS folder... | SOURCES file...] [DEPENDS library...])
 #
-# A library of the display process from the sources of the current folder, or of the named folders below it.
+# A library of the display process from the sources of the current folder, or of the named folders below it, or from
+# the named sources where a folder holds two libraries.
 function(display_library name)
-    cmake_parse_arguments(ROOM "" "" "FOLDERS;DEPENDS" ${ARGN})
-    if(NOT ROOM_FOLDERS)
+    cmake_parse_arguments(ROOM "" "" "FOLDERS;SOURCES;DEPENDS" ${ARGN})
+    if(NOT ROOM_FOLDERS AND NOT ROOM_SOURCES)
         set(ROOM_FOLDERS .)
     endif()
-    set(sources)
+    set(sources ${ROOM_SOURCES})
     foreach(folder IN LISTS ROOM_FOLDERS)
         file(GLOB found CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/${folder}/*.cpp)
         list(APPEND sources ${found})

@@ -3,7 +3,6 @@
 #include <cstring>
 
 #include "rda/client.h"
-#include "rda/task_context.h"
 
 MeterCall::MeterCall(const char* name) : m_name(name), m_buffer(rdaTaskBuffer()) {}
 

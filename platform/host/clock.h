@@ -21,4 +21,18 @@ inline timespec After(int ticks) {
     return when;
 }
 
+/// The time from now until `when`; not above zero when that has come.
+inline timespec LeftUntil(const timespec& when) {
+    timespec now{};
+    clock_gettime(CLOCK_MONOTONIC, &now);
+    timespec left{when.tv_sec - now.tv_sec, when.tv_nsec - now.tv_nsec};
+    if (left.tv_nsec < 0) {
+        left.tv_sec -= 1;
+        left.tv_nsec += kNanosecondsPerSecond;
+    }
+    return left;
+}
+
+inline bool IsTimeLeft(const timespec& left) { return left.tv_sec >= 0 && (left.tv_sec > 0 || left.tv_nsec > 0); }
+
 }  // namespace os::host

@@ -2,12 +2,17 @@
 
 #include <pthread.h>
 
+#include <atomic>
 #include <new>
+
+#include "platform/task.h"
 
 namespace os {
 
 struct Semaphore {
     pthread_mutex_t mutex;
+    std::atomic<TaskId> owner{0};  // 0: nobody; written by its owner alone
+    int depth = 0;                 // how often the owner took it
 };
 
 SemaphoreId semMCreate(int options) {
@@ -25,12 +30,15 @@ SemaphoreId semMCreate(int options) {
 }
 
 int semTake(SemaphoreId semaphore) {
-    if (semaphore == nullptr) return -1;
-    return pthread_mutex_lock(&semaphore->mutex) == 0 ? 0 : -1;
+    if (semaphore == nullptr || pthread_mutex_lock(&semaphore->mutex) != 0) return -1;
+    semaphore->owner = taskIdSelf();
+    ++semaphore->depth;
+    return 0;
 }
 
 int semGive(SemaphoreId semaphore) {
-    if (semaphore == nullptr) return -1;
+    if (semaphore == nullptr || semaphore->owner != taskIdSelf()) return -1;
+    if (--semaphore->depth == 0) semaphore->owner = 0;
     return pthread_mutex_unlock(&semaphore->mutex) == 0 ? 0 : -1;
 }
 

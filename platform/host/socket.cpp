@@ -58,7 +58,9 @@ int connectWithTimeout(int socket, const sockaddr_in* address, const timeval* ti
     if (SetBlocking(socket, false) != 0) return -1;
     int reason = 0;
     if (::connect(socket, reinterpret_cast<const sockaddr*>(address), sizeof *address) != 0) {
-        reason = errno == EINPROGRESS ? WaitUntilConnected(socket, *timeout) : errno;
+        // An attempt that a signal interrupted goes on; asking again joins it.
+        const bool goesOn = errno == EINPROGRESS || errno == EALREADY;
+        reason = goesOn ? WaitUntilConnected(socket, *timeout) : errno;
     }
     if (SetBlocking(socket, true) != 0) return -1;
     errno = reason;

@@ -25,6 +25,4 @@ int sigaction(int signal, const struct ::sigaction* action, struct ::sigaction* 
     return ::sigaction(signal, action, previous);
 }
 
-std::time_t time() { return std::time(nullptr); }
-
 }  // namespace os

@@ -1,0 +1,29 @@
+#pragma once
+
+#include <memory>
+
+#include "peg/core/screen.h"
+
+/// A screen whose frame is a block of 16-bit RGB565 pixels in memory, row after row from the top.
+class L16Screen : public PegScreen {
+public:
+    L16Screen(int width, int height);
+
+    PegBitmap ScreenBitmap(int width, int height) override;
+
+    /// The pixel at the start of a row.
+    const std::uint16_t* Row(int y) const { return m_frame.get() + y * Width(); }
+    std::size_t FrameBytes() const;
+
+protected:
+    void FillArea(const PegRect& area, std::uint16_t color) override;
+    void PaintBitmap(const PegRect& area, PegPoint topLeft, const PegBitmap& bitmap) override;
+    void PaintText(const PegRect& area, PegPoint topLeft, std::u16string_view text, const PegBrush& brush,
+                   const PegFont& font) override;
+
+private:
+    std::uint16_t* Row(int y) { return m_frame.get() + y * Width(); }
+    void PaintRunLength(const PegRect& area, PegPoint topLeft, const PegBitmap& bitmap);
+
+    std::unique_ptr<std::uint16_t[]> m_frame;
+};

@@ -1,0 +1,42 @@
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <memory>
+#include <vector>
+
+#include "peg/resources/bitmap.h"
+#include "peg/resources/font.h"
+
+/// One page of a loaded font with the memory it stands in.
+struct LoadedPage {
+    PegFont page{};
+    std::vector<std::uint16_t> offsets;
+    std::vector<std::uint8_t> glyphs;
+};
+
+struct LoadedFont {
+    std::uint32_t number = 0;
+    std::vector<std::unique_ptr<LoadedPage>> pages;  // chained in this order, never empty
+};
+
+struct LoadedBitmap {
+    std::uint32_t number = 0;
+    PegBitmap bitmap{};
+    std::unique_ptr<std::uint16_t[]> pixels;
+};
+
+struct LoadedColor {
+    std::uint32_t number = 0;
+    std::uint16_t value = 0;  // RGB565
+};
+
+using Palette = std::array<std::array<std::uint8_t, 3>, 256>;  // red, green, blue
+
+/// What one set of a resource file brings: it owns the fonts and bitmaps that the tables then point at.
+struct PegResourceSet {
+    std::vector<LoadedFont> fonts;
+    std::vector<std::unique_ptr<LoadedBitmap>> bitmaps;
+    std::vector<LoadedColor> colors;
+    std::unique_ptr<Palette> palette;
+};

@@ -1,0 +1,174 @@
+#include "platform/device.h"
+
+#include <fcntl.h>
+#include <gtest/gtest.h>
+#include <sys/socket.h>
+#include <sys/stat.h>
+#include <sys/un.h>
+#include <unistd.h>
+
+#include <array>
+#include <cstdint>
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <string>
+#include <thread>
+
+namespace {
+
+namespace fs = std::filesystem;
+
+/// A board under a directory of its own.
+class Board : public testing::Test {
+protected:
+    void SetUp() override {
+        std::string pattern = (fs::temp_directory_path() / "board-XXXXXX").string();
+        m_root = mkdtemp(pattern.data());
+        setenv("BOARD_ROOT", m_root.c_str(), 1);
+    }
+    void TearDown() override {
+        unsetenv("BOARD_ROOT");
+        fs::remove_all(m_root);
+    }
+
+    void WriteFile(const std::string& name, const std::string& text) { std::ofstream(m_root / name) << text; }
+
+    fs::path m_root;
+};
+
+std::string ReadAll(int descriptor) {
+    std::array<char, 100> bytes{};
+    const ssize_t count = os::read(descriptor, bytes.data(), bytes.size());
+    return {bytes.data(), static_cast<std::size_t>(count < 0 ? 0 : count)};
+}
+
+TEST_F(Board, FindsItsFilesUnderTheBoardRoot) {
+    fs::create_directory(m_root / "romfs");
+    WriteFile("romfs/resources.pbr", "0123456789");
+    const int file = os::open("/romfs/resources.pbr", os::kReadOnly);
+    ASSERT_GE(file, 0);
+    EXPECT_EQ(os::seek(file, 4), 4);
+    EXPECT_EQ(ReadAll(file), "456789");
+    EXPECT_EQ(os::close(file), 0);
+    EXPECT_EQ(os::open("/romfs/nothing", os::kReadOnly), -1);
+
+    for (const char* root : {"", static_cast<const char*>(nullptr)}) {
+        root != nullptr ? setenv("BOARD_ROOT", root, 1) : unsetenv("BOARD_ROOT");
+        const int asItIs = os::open((m_root / "romfs/resources.pbr").c_str(), os::kReadOnly);
+        EXPECT_GE(asItIs, 0);
+        os::close(asItIs);
+    }
+}
+
+TEST_F(Board, WritesAFrameOverTheOldOneAndCreatesNothing) {
+    EXPECT_EQ(os::open("/db9000_fb", os::kReadWrite), -1);
+    EXPECT_FALSE(fs::exists(m_root / "db9000_fb"));
+    WriteFile("db9000_fb", "old frame");
+    const int frame = os::open("/db9000_fb", os::kReadWrite);
+    ASSERT_GE(frame, 0);
+    EXPECT_EQ(os::write(frame, "new", 3), 3);
+    os::close(frame);
+    const int again = os::open("/db9000_fb", os::kReadWrite);
+    EXPECT_EQ(ReadAll(again), "new frame");
+    os::close(again);
+}
+
+TEST_F(Board, KeysWaitForAWriterAndComeThroughTheFifo) {
+    ASSERT_EQ(mkfifo((m_root / "buttons").c_str(), 0600), 0);
+    const int alone = os::open("/buttons", os::kReadOnly);
+    ASSERT_GE(alone, 0) << "opening must not wait for a writer";
+    fd_set readable;
+    const auto isReadable = [&readable](int fifo) {
+        FD_ZERO(&readable);
+        FD_SET(fifo, &readable);
+        timeval soon{0, 20'000};
+        return os::select(fifo + 1, &readable, &soon);
+    };
+    EXPECT_EQ(isReadable(alone), 0);
+    EXPECT_EQ(ReadAll(alone), "") << "with no writer a read ends at once";
+
+    const int board = ::open((m_root / "buttons").c_str(), O_RDWR);
+    ASSERT_EQ(::write(board, "8 bytes!", 8), 8);
+    EXPECT_EQ(isReadable(alone), 1);
+    EXPECT_EQ(ReadAll(alone), "8 bytes!");
+    std::thread lateKey([board] {
+        ::usleep(30'000);
+        EXPECT_EQ(::write(board, "late key", 8), 8);
+    });
+    EXPECT_EQ(ReadAll(alone), "late key") << "with a writer a read waits";
+    lateKey.join();
+    os::close(alone);
+    ::close(board);
+}
+
+/// Plays a device behind a socket: answers as many requests as told, then only keeps the connection.
+class SocketDevice {
+public:
+    SocketDevice(const fs::path& path, int answers) : m_listener(::socket(AF_UNIX, SOCK_SEQPACKET, 0)) {
+        sockaddr_un address{};
+        address.sun_family = AF_UNIX;
+        const int here = ::open(path.parent_path().c_str(), O_PATH);
+        const std::string shortPath = "/proc/self/fd/" + std::to_string(here) + "/" + path.filename().string();
+        shortPath.copy(address.sun_path, sizeof address.sun_path - 1);
+        EXPECT_EQ(::bind(m_listener, reinterpret_cast<sockaddr*>(&address), sizeof address), 0);
+        EXPECT_EQ(::listen(m_listener, 1), 0);
+        ::close(here);
+        m_thread = std::thread([this, answers] { Play(answers); });
+    }
+    ~SocketDevice() {
+        m_thread.join();
+        ::close(m_listener);
+    }
+
+    std::array<std::int32_t, 2> lastPacket{};
+
+private:
+    void Play(int answers) {
+        const int display = ::accept(m_listener, nullptr, nullptr);
+        std::array<std::int32_t, 2> packet{};
+        while (::recv(display, packet.data(), sizeof packet, 0) == sizeof packet) {
+            lastPacket = packet;
+            const std::int32_t result = packet[1] + 1;
+            if (answers-- > 0) {
+                EXPECT_EQ(::send(display, &result, sizeof result, 0), 4);
+            }
+        }
+        ::close(display);
+    }
+
+    int m_listener;
+    std::thread m_thread;
+};
+
+TEST_F(Board, ControlsADeviceThatAnotherProcessPlays) {
+    const fs::path deep = m_root / std::string(90, 'd');  // longer than a socket address may be
+    fs::create_directory(deep);
+    setenv("BOARD_ROOT", deep.c_str(), 1);
+    SocketDevice device(deep / "db9000_bl", 2);
+    const int backlight = os::open("/db9000_bl", os::kReadWrite);
+    ASSERT_GE(backlight, 0);
+    EXPECT_EQ(os::ioctl(backlight, 0x20047A2D, 63), 64);
+    EXPECT_EQ(device.lastPacket, (std::array<std::int32_t, 2>{0x20047A2D, 63}));
+    EXPECT_EQ(os::ioctl(backlight, 0x20047A36, -2), -1) << "results are signed";
+    EXPECT_EQ(os::ioctl(backlight, 0x20047A36, 0), -1) << "a device that does not answer is given up";
+    os::close(backlight);
+}
+
+TEST_F(Board, HasNoDeviceWhereASocketIsDeadOrAFileIsNoDevice) {
+    {
+        SocketDevice device(m_root / "db9000_bl", 0);
+        const int only = os::open("/db9000_bl", os::kReadWrite);
+        EXPECT_GE(only, 0);
+        os::close(only);
+    }
+    EXPECT_EQ(os::open("/db9000_bl", os::kReadWrite), -1) << "the socket file is there, its owner is gone";
+    WriteFile("plain", "");
+    const int plain = os::open("/plain", os::kReadWrite);
+    EXPECT_EQ(os::ioctl(plain, 0x20047A20, 1), -1);
+    os::close(plain);
+    setenv("BOARD_ROOT", std::string(5000, 'x').c_str(), 1);
+    EXPECT_EQ(os::open("/plain", os::kReadWrite), -1) << "a path longer than the host's";
+}
+
+}  // namespace

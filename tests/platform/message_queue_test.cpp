@@ -1,0 +1,121 @@
+#include "platform/message_queue.h"
+
+#include <gtest/gtest.h>
+
+#include <array>
+#include <atomic>
+#include <cstdint>
+#include <cstring>
+#include <memory>
+#include <thread>
+
+#include "platform/task.h"
+
+namespace {
+
+constexpr std::size_t kSlots = 3;
+
+class Queue : public testing::Test {
+protected:
+    int Send(std::int64_t value) { return os::msgQSend(m_queue, &value, sizeof value, os::kNoWait, 0); }
+
+    std::int64_t Receive(int timeout = os::kNoWait) {
+        std::int64_t value = -1;
+        EXPECT_EQ(os::msgQReceive(m_queue, &value, sizeof value, timeout), static_cast<int>(sizeof value));
+        return value;
+    }
+
+    void TearDown() override { EXPECT_EQ(os::msgQDelete(m_queue), 0); }
+
+    os::MessageQueueId m_queue = os::msgQCreate(kSlots, sizeof(std::int64_t), os::kQueueFifo);
+};
+
+TEST_F(Queue, GivesMessagesBackInTheOrderTheyCameWhileItsRingTurns) {
+    std::int64_t next = 0;
+    for (std::int64_t sent = 0; sent < 20; ++sent) {
+        ASSERT_EQ(Send(sent), 0);
+        if (sent % 3 == 2) {
+            while (next <= sent) EXPECT_EQ(Receive(), next++);
+        }
+    }
+}
+
+TEST_F(Queue, TellsWhyItRefuses) {
+    std::int64_t value = 0;
+    EXPECT_EQ(os::msgQReceive(m_queue, &value, sizeof value, os::kNoWait), -1);
+    EXPECT_EQ(os::msgQError(), os::QueueError::Empty);
+    EXPECT_EQ(os::msgQReceive(m_queue, &value, sizeof value, 20), -1);
+    EXPECT_EQ(os::msgQError(), os::QueueError::Empty);
+
+    const std::array<char, sizeof value + 1> tooLong{};
+    EXPECT_EQ(os::msgQSend(m_queue, tooLong.data(), tooLong.size(), os::kNoWait, 0), -1);
+    EXPECT_EQ(os::msgQError(), os::QueueError::TooLong);
+
+    for (std::size_t i = 0; i < kSlots; ++i) ASSERT_EQ(Send(7), 0);
+    EXPECT_EQ(Send(8), -1);
+    EXPECT_EQ(os::msgQError(), os::QueueError::Full);
+    EXPECT_EQ(Receive(), 7);
+    EXPECT_EQ(Send(9), 0) << "a freed slot takes a message again";
+
+    EXPECT_EQ(os::msgQSend(nullptr, &value, sizeof value, os::kNoWait, 0), -1);
+    EXPECT_EQ(os::msgQError(), os::QueueError::NoQueue);
+    EXPECT_EQ(os::msgQReceive(nullptr, &value, sizeof value, os::kWaitForever), -1);
+    EXPECT_EQ(os::msgQError(), os::QueueError::NoQueue);
+    EXPECT_EQ(os::msgQDelete(nullptr), -1);
+}
+
+TEST_F(Queue, CutsALongMessageToTheReceiversRoomAndDropsTheRest) {
+    ASSERT_EQ(os::msgQSend(m_queue, "abcdef", 6, os::kNoWait, 0), 0);
+    ASSERT_EQ(os::msgQSend(m_queue, "xy", 2, os::kNoWait, 0), 0);
+    std::array<char, 4> text{};
+    EXPECT_EQ(os::msgQReceive(m_queue, text.data(), text.size(), os::kNoWait), 4);
+    EXPECT_EQ(std::memcmp(text.data(), "abcd", 4), 0);
+    EXPECT_EQ(os::msgQReceive(m_queue, text.data(), text.size(), os::kNoWait), 2);
+    EXPECT_EQ(std::memcmp(text.data(), "xy", 2), 0);
+}
+
+/// Echoes until it gets 0.
+int Echo(os::TaskArgument queues) {
+    auto* pair = reinterpret_cast<os::MessageQueueId*>(queues);
+    std::int64_t value = -1;
+    while (value != 0) {
+        if (os::msgQReceive(pair[0], &value, sizeof value, os::kWaitForever) != sizeof value) return -1;
+        if (os::msgQSend(pair[1], &value, sizeof value, os::kWaitForever, 0) != 0) return -1;
+    }
+    return 0;
+}
+
+TEST_F(Queue, WakesATaskThatWaitsForAMessageOrForRoom) {
+    static const os::MessageQueueId answers = os::msgQCreate(60, sizeof(std::int64_t), os::kQueueFifo);
+    ASSERT_NE(answers, nullptr);
+    static std::array<os::MessageQueueId, 2> pair{m_queue, answers};
+    ASSERT_NE(os::taskSpawn("tEcho", 100, 0, 4096, Echo, reinterpret_cast<os::TaskArgument>(pair.data())),
+              os::kTaskError);
+    for (std::int64_t value = 50; value >= 0; --value) {
+        ASSERT_EQ(os::msgQSend(m_queue, &value, sizeof value, os::kWaitForever, 0), 0);
+    }
+    std::int64_t answer = -1;
+    for (std::int64_t value = 50; value >= 0; --value) {
+        ASSERT_EQ(os::msgQReceive(answers, &answer, sizeof answer, os::kWaitForever), 8);
+        EXPECT_EQ(answer, value);
+    }
+}
+
+TEST_F(Queue, LosesNothingBetweenManySenders) {
+    constexpr int kSenders = 4;
+    constexpr int kMessages = 500;
+    std::array<std::thread, kSenders> senders;
+    for (auto& sender : senders) {
+        sender = std::thread([this] {
+            for (std::int64_t i = 1; i <= kMessages; ++i) {
+                EXPECT_EQ(os::msgQSend(m_queue, &i, sizeof i, os::kWaitForever, 0), 0);
+            }
+        });
+    }
+    std::int64_t sum = 0;
+    for (int i = 0; i < kSenders * kMessages; ++i) sum += Receive(os::kWaitForever);
+    for (auto& sender : senders) sender.join();
+    EXPECT_EQ(sum, kSenders * kMessages * (kMessages + 1) / 2);
+}
+
+}  // namespace

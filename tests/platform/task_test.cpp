@@ -1,0 +1,154 @@
+#include "platform/task.h"
+
+#include <gtest/gtest.h>
+#include <pthread.h>
+#include <unistd.h>
+
+#include <array>
+#include <atomic>
+#include <cerrno>
+#include <chrono>
+#include <csignal>
+#include <cstdint>
+#include <set>
+#include <thread>
+
+#include "platform/message_queue.h"
+#include "platform/semaphore.h"
+#include "platform/timer.h"
+
+namespace {
+
+using Clock = std::chrono::steady_clock;
+
+/// What a task tells of itself.
+struct Report {
+    os::TaskId id;
+    std::array<char, 16> name;
+    std::size_t stack;
+};
+
+os::MessageQueueId reports;  // stays: a task may just be leaving it
+
+int TellAboutSelf(os::TaskArgument argument) {
+    Report report{os::taskIdSelf(), {}, 0};
+    pthread_getname_np(pthread_self(), report.name.data(), report.name.size());
+    pthread_attr_t attributes;
+    pthread_getattr_np(pthread_self(), &attributes);
+    pthread_attr_getstacksize(&attributes, &report.stack);
+    pthread_attr_destroy(&attributes);
+    EXPECT_EQ(argument, 42);
+    return os::msgQSend(reports, &report, sizeof report, os::kWaitForever, 0);
+}
+
+class Tasks : public testing::Test {
+protected:
+    void SetUp() override {
+        if (reports == nullptr) reports = os::msgQCreate(4, sizeof(Report), os::kQueueFifo);
+    }
+};
+
+TEST_F(Tasks, WaitForTheirActivationAndThenRunUnderTheirNameOnAHostsStack) {
+    const os::TaskId task = os::taskCreate("tDispRdaServer", 194, os::kTaskFloatingPoint, 4096, TellAboutSelf, 42);
+    ASSERT_NE(task, os::kTaskError);
+    Report report{};
+    EXPECT_EQ(os::msgQReceive(reports, &report, sizeof report, 50), -1) << "it ran before it was activated";
+    EXPECT_EQ(os::taskActivate(task), 0);
+    ASSERT_EQ(os::msgQReceive(reports, &report, sizeof report, os::kWaitForever), static_cast<int>(sizeof report));
+    EXPECT_EQ(report.id, task);
+    EXPECT_STREQ(report.name.data(), "tDispRdaServer");
+    EXPECT_GE(report.stack, 256U * 1024U);
+}
+
+TEST_F(Tasks, HaveIdsOfTheirOwn) {
+    std::set<os::TaskId> ids{os::taskIdSelf()};
+    EXPECT_EQ(os::taskIdSelf(), *ids.begin());
+    for (int i = 0; i < 3; ++i) {
+        EXPECT_TRUE(ids.insert(os::taskSpawn("tOne", 100, 0, 4096, TellAboutSelf, 42)).second);
+        Report report{};
+        ASSERT_GT(os::msgQReceive(reports, &report, sizeof report, os::kWaitForever), 0);
+    }
+    std::thread([&ids] { EXPECT_TRUE(ids.insert(os::taskIdSelf()).second); }).join();
+    EXPECT_FALSE(ids.contains(0));
+    EXPECT_FALSE(ids.contains(os::kTaskError));
+    EXPECT_EQ(os::taskActivate(0), -1);
+    EXPECT_EQ(os::taskActivate(os::kTaskError), -1);
+    EXPECT_EQ(os::taskActivate(os::taskIdSelf()), -1) << "the initial task was never created here";
+}
+
+std::atomic<int> ticks{0};
+std::atomic<pid_t> tickThread{0};
+std::atomic<pid_t> timerTask{0};
+std::atomic<std::int64_t> sleptMilliseconds{0};
+
+void OnTick(int /*signal*/, siginfo_t* information, void* /*context*/) {
+    EXPECT_EQ(information->si_value.sival_int, 0);
+    tickThread = gettid();
+    ++ticks;
+}
+
+/// Starts a tick every 5 ms for itself and sleeps through it.
+int SleepThroughTicks(os::TaskArgument /*argument*/) {
+    timerTask = gettid();
+    struct sigaction action {};
+    action.sa_sigaction = OnTick;
+    action.sa_flags = SA_SIGINFO;
+    EXPECT_EQ(os::sigaction(os::kTickSignal, &action, nullptr), 0);
+    sigevent event{};
+    event.sigev_notify = SIGEV_SIGNAL;
+    event.sigev_signo = os::kTickSignal;
+    timer_t timer{};
+    EXPECT_EQ(os::timer_create(CLOCK_MONOTONIC, &event, &timer), 0);
+    const itimerspec period{{0, 5'000'000}, {0, 5'000'000}};
+    EXPECT_EQ(os::timer_settime(timer, 0, &period, nullptr), 0);
+    const auto start = Clock::now();
+    EXPECT_EQ(os::taskDelay(os::sysClkRateGet() / 5), 0);
+    sleptMilliseconds = std::chrono::duration_cast<std::chrono::milliseconds>(Clock::now() - start).count();
+    EXPECT_EQ(timer_delete(timer), 0);
+    const Report done{};
+    return os::msgQSend(reports, &done, sizeof done, os::kWaitForever, 0);
+}
+
+TEST_F(Tasks, AreReachedByTheTickSignalOnlyWhereTheTimerWasMade) {
+    std::array<int, 2> pipe{};
+    ASSERT_EQ(::pipe(pipe.data()), 0);
+    std::thread reader([&pipe] {
+        char byte = 0;
+        errno = 0;
+        EXPECT_EQ(::read(pipe[0], &byte, 1), 1) << "the tick interrupted a read: " << errno;
+    });
+    ASSERT_NE(os::taskSpawn("tDispTimers", 50, 0, 4096, SleepThroughTicks, 0), os::kTaskError);
+    Report done{};
+    ASSERT_GT(os::msgQReceive(reports, &done, sizeof done, os::kWaitForever), 0);
+    ASSERT_EQ(::write(pipe[1], "x", 1), 1);
+    reader.join();
+    EXPECT_GE(ticks, 10);
+    EXPECT_EQ(tickThread, timerTask);
+    EXPECT_GE(sleptMilliseconds, 200) << "signals cut the delay short";
+    ::close(pipe[0]);
+    ::close(pipe[1]);
+}
+
+TEST(Mutex, LetsItsOwnerInAgainAndOthersOnlyWhenItIsGivenBackAsOften) {
+    static const os::SemaphoreId mutex = os::semMCreate(os::kSemPriorityQueue | os::kSemInversionSafe);
+    ASSERT_NE(mutex, nullptr);
+    ASSERT_EQ(os::semTake(mutex), 0);
+    ASSERT_EQ(os::semTake(mutex), 0);
+    std::atomic<bool> isIn{false};
+    std::thread other([&isIn] {
+        EXPECT_EQ(os::semGive(mutex), -1) << "only the owner gives";
+        EXPECT_EQ(os::semTake(mutex), 0);
+        isIn = true;
+        EXPECT_EQ(os::semGive(mutex), 0);
+    });
+    EXPECT_EQ(os::semGive(mutex), 0);
+    os::taskDelay(20);
+    EXPECT_FALSE(isIn);
+    EXPECT_EQ(os::semGive(mutex), 0);
+    other.join();
+    EXPECT_TRUE(isIn);
+    EXPECT_EQ(os::semTake(nullptr), -1);
+    EXPECT_EQ(os::semGive(nullptr), -1);
+}
+
+}  // namespace

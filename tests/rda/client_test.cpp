@@ -1,0 +1,217 @@
+#include "rda/client.h"
+
+#include <gtest/gtest.h>
+
+#include <array>
+#include <atomic>
+#include <chrono>
+#include <future>
+#include <thread>
+
+#include "platform/timer.h"
+#include "rda/meter_operations.h"
+#include "tests/rda/loopback.h"
+
+namespace {
+
+std::atomic<std::time_t> secondsNow{1'000'000};
+
+}  // namespace
+
+/// The link's clock, in the hands of the test.
+std::time_t os::time() { return secondsNow; }
+
+namespace {
+
+constexpr const char* kHere = "127.0.0.1";
+constexpr const char* kAttemptLine = "could not create socket";  // one for each attempt to a senseless address
+
+std::size_t Count(const std::string& text, const std::string& part) {
+    std::size_t count = 0;
+    for (std::size_t at = text.find(part); at != std::string::npos; at = text.find(part, at + 1)) ++count;
+    return count;
+}
+
+int CallWord(std::uint32_t& word) { return ALARMSINTERFACE_getGlobalAlarmStatus(word); }
+
+/// The number of connections that one call attempts while no address leads anywhere.
+std::size_t AttemptsOfACall() {
+    testing::internal::CaptureStdout();
+    std::uint32_t word = 77;
+    EXPECT_EQ(CallWord(word), -1);
+    EXPECT_EQ(word, 0U);
+    return Count(testing::internal::GetCapturedStdout(), kAttemptLine);
+}
+
+TEST(Client, FailsAtOnceAndTouchesNothingBeforeItIsConnected) {
+    std::uint32_t word = 77;
+    EXPECT_EQ(CallWord(word), -1);
+    EXPECT_EQ(word, 77U);
+}
+
+TEST(Client, HoldsOffForSixteenSecondsAfterBothAttemptsFailed) {
+    testing::internal::CaptureStdout();
+    EXPECT_EQ(connectToServer("no address", 1), -1);
+    EXPECT_EQ(Count(testing::internal::GetCapturedStdout(), kAttemptLine), 1U);
+    EXPECT_EQ(AttemptsOfACall(), 2U) << "the first call tries twice";
+    EXPECT_EQ(AttemptsOfACall(), 0U);
+    secondsNow += 15;
+    EXPECT_EQ(AttemptsOfACall(), 0U);
+    secondsNow += 1;
+    EXPECT_EQ(AttemptsOfACall(), 2U);
+    secondsNow += 15;
+    EXPECT_EQ(AttemptsOfACall(), 0U) << "a failed retry holds off anew";
+}
+
+TEST(Client, FindsAMeterThatComesLater) {
+    std::uint16_t port = 0;
+    {
+        Listener listener;
+        port = listener.port();
+    }
+    EXPECT_EQ(connectToServer(kHere, port), -1);
+    EXPECT_EQ(DISPTASK_nop(), -1);
+    CountingMeter meter;
+    ASSERT_EQ(connectToServer(kHere, meter.port()), 0) << "connecting by hand does not ask the hold-off";
+    std::uint32_t word = 0;
+    EXPECT_EQ(CallWord(word), 0);
+    EXPECT_EQ(word, 0x03020100U);
+    (void)connectToServer(kHere, port);
+}
+
+TEST(Client, SendsAgainWhenAnIdleConnectionWasReset) {
+    Listener listener;
+    ASSERT_EQ(connectToServer(kHere, listener.port()), 0);
+    listener.Accept().Reset();
+    std::thread meter([&listener] {
+        Peer display = listener.Accept();
+        EXPECT_EQ(display.ReceiveRequest(), Request("ALARMSINTERFACE_getGlobalAlarmStatus", "", 4));
+        display.Send(Word(12));
+        EXPECT_EQ(display.ReceiveRequest(), Request("DISPTASK_nop", "", 0)) << "the new connection is kept";
+    });
+    std::uint32_t status = 0;
+    EXPECT_EQ(CallWord(status), 0);
+    EXPECT_EQ(status, 12U);
+    EXPECT_EQ(DISPTASK_nop(), 0);
+    meter.join();
+}
+
+TEST(Client, CollectsAReplyThatComesInPiecesAndKeepsThePartOfOneThatBreaksOff) {
+    Listener listener;
+    std::thread meter([&listener] {
+        Peer first = listener.Accept();
+        first.ReceiveRequest();
+        for (const char* piece : {"\1", "\2\3", "\4"}) {
+            first.Send(piece);
+            std::this_thread::sleep_for(std::chrono::milliseconds(5));
+        }
+        first.ReceiveRequest();
+        first.Send("\5\6");
+        first.Close();
+        Peer second = listener.Accept();
+        second.ReceiveRequest();
+        second.Send(Word(9));
+    });
+    ASSERT_EQ(connectToServer(kHere, listener.port()), 0);
+    std::uint32_t word = 0;
+    EXPECT_EQ(CallWord(word), 0);
+    EXPECT_EQ(word, 0x04030201U);
+    EXPECT_EQ(CallWord(word), -1);
+    EXPECT_EQ(word, 0x0605U) << "what came, and zeros";
+    EXPECT_EQ(CallWord(word), 0) << "the next call finds a new connection";
+    EXPECT_EQ(word, 9U);
+    meter.join();
+}
+
+TEST(Client, GivesASilentMeterUpAfterThreeSeconds) {
+    Listener listener;
+    ASSERT_EQ(connectToServer(kHere, listener.port()), 0);
+    Peer silent = listener.Accept();
+    const auto start = std::chrono::steady_clock::now();
+    std::uint32_t word = 77;
+    EXPECT_EQ(CallWord(word), -1);
+    EXPECT_EQ(word, 0U);
+    const auto waited = std::chrono::steady_clock::now() - start;
+    EXPECT_GE(waited, std::chrono::milliseconds(2900));
+    EXPECT_LT(waited, std::chrono::milliseconds(4500));
+    silent.ReceiveRequest();
+    EXPECT_TRUE(silent.IsClosedByOther());
+}
+
+TEST(Client, SendsFramesOf4096BytesAndNoneBeyond) {
+    CountingMeter meter;
+    ASSERT_EQ(connectToServer(kHere, meter.port()), 0);
+    const std::string payload(4096 - 17 - 3 + 1, 'p');
+    const auto* bytes = reinterpret_cast<const std::uint8_t*>(payload.data());
+    const auto tooLong = static_cast<std::uint32_t>(payload.size());
+    std::uint8_t reply = 77;
+    EXPECT_EQ(RdaClient::instance().call("abc", tooLong, bytes, 1, &reply), 0);
+    EXPECT_EQ(RdaClient::instance().call("abc", 0xFFFFFFFF, bytes, 1, &reply), 0);
+    EXPECT_EQ(RdaClient::instance().call(std::string(5000, 'n').c_str(), 0, nullptr, 1, &reply), 0);
+    EXPECT_EQ(reply, 77);
+    EXPECT_EQ(RdaClient::instance().call("abc", tooLong - 1, bytes, 1, &reply), 1);
+    EXPECT_EQ(reply, 0);
+    (void)connectToServer(kHere, UnusedPort());
+    const auto& requests = meter.Stop();
+    ASSERT_EQ(requests.size(), 1U);
+    EXPECT_EQ(requests[0].size(), 4096U);
+}
+
+TEST(Client, ServesTenTasksAndTurnsTheEleventhAway) {
+    std::uint8_t* const mine = rdaTaskBuffer();
+    ASSERT_NE(mine, nullptr);
+    std::promise<void> end;
+    const std::shared_future<void> ended(end.get_future());
+    std::array<std::thread, 9> owners;
+    for (auto& owner : owners) {
+        std::promise<std::uint8_t*> claimed;
+        auto buffer = claimed.get_future();
+        owner = std::thread([&claimed, ended] {
+            std::uint8_t* const own = rdaTaskBuffer();
+            claimed.set_value(own);
+            ended.wait();
+            EXPECT_EQ(rdaTaskBuffer(), own);
+        });
+        EXPECT_NE(buffer.get(), nullptr);
+    }
+    testing::internal::CaptureStdout();
+    std::thread([] {
+        std::uint32_t word = 77;
+        EXPECT_EQ(CallWord(word), -1);
+        EXPECT_EQ(DISPTASK_nop(), -1);
+        EXPECT_EQ(word, 77U);
+    }).join();
+    const std::string line = "Failed to create task context for RDA client!\n";
+    EXPECT_EQ(testing::internal::GetCapturedStdout(), line + line);
+    end.set_value();
+    for (auto& owner : owners) owner.join();
+    EXPECT_EQ(rdaTaskBuffer(), mine);
+}
+
+TEST(Client, KeepsTheCallsOfManyTasksApart) {
+    Listener listener;
+    std::thread meter([&listener] {
+        Peer display = listener.Accept();
+        while (true) {
+            const std::string request = display.ReceiveRequest();
+            if (request.size() < 16) return;
+            display.Send(request.substr(request.size() - 8, 4));  // the payload's word comes back
+        }
+    });
+    ASSERT_EQ(connectToServer(kHere, listener.port()), 0);
+    std::array<std::thread, 4> tasks;
+    for (std::uint32_t task = 0; task < tasks.size(); ++task) {
+        tasks[task] = std::thread([task] {
+            for (std::uint32_t i = 0; i < 100; ++i) {
+                std::uint32_t echoed = 0;
+                EXPECT_EQ(DISPLAYMODE_setAltMode(task << 16 | i, echoed), 0);
+                EXPECT_EQ(echoed, task << 16 | i);
+            }
+        });
+    }
+    for (auto& task : tasks) task.join();
+    (void)connectToServer(kHere, UnusedPort());
+    meter.join();
+}
+
+}  // namespace

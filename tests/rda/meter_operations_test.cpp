@@ -1,0 +1,172 @@
+#include "rda/meter_operations.h"
+
+#include <gtest/gtest.h>
+
+#include <cstring>
+#include <functional>
+#include <set>
+
+#include "rda/client.h"
+#include "tests/rda/loopback.h"
+
+namespace {
+
+/// An operation called with arguments that can be told apart, and what the meter must see of it.
+struct Case {
+    const char* name;
+    std::function<int()> call;
+    std::string payload;
+    std::uint32_t responseSize;
+};
+
+std::uint32_t word;
+AlarmStats stats;
+CustomScreenData page;
+std::array<AlarmEntry, 4> alarms;
+std::array<IoPointEntry, 3> points;
+std::array<SettableAlarmEntry, 2> settable;
+std::array<PhasorEntry, 10> phasors;
+std::array<EventLogEntry, 4> events;
+std::array<char, 40> text;
+DateTimeStrings clockTexts;
+EnumerationValue enumerationValue;
+EnumerationData enumerationData;
+RegisterValue registerValue;
+RegisterWriteResult writeResult;
+AccessRights rights;
+HarmonicData harmonics;
+MinMaxBarData bar;
+NameplateData nameplate;
+
+const std::string kFirstOf4 = Hex("05 00 00 00 04 00 00 00");
+const std::string kFirstOf3 = Hex("05 00 00 00 03 00 00 00");
+
+// clang-format off
+const std::vector<Case> kCases = {
+    {"DISPTASK_nop", [] { return DISPTASK_nop(); }, "", 0},
+    {"DISPTSK_setVekTemperature", [] { return DISPTSK_setVekTemperature(-500.0F); }, Hex("00 00 FA C3"), 0},
+    {"DISPTSK_setVekFwVersion", [] { return DISPTSK_setVekFwVersion("1.2"); }, Hex("31 2E 32 00"), 0},
+    {"DISPTSK_setVekSerialNumber", [] { return DISPTSK_setVekSerialNumber(""); }, Hex("00"), 0},
+    {"DISPTSK_getConnectionId", [] { return DISPTSK_getConnectionId(word); }, "", 4},
+    {"DISPLAYMODE_setAltMode", [] { return DISPLAYMODE_setAltMode(1, word); }, Word(1), 4},
+    {"DISPLAYMODE_getAltMode", [] { return DISPLAYMODE_getAltMode(word); }, "", 4},
+    {"DISPLAYMODE_setTestMode", [] { return DISPLAYMODE_setTestMode(2, word); }, Word(2), 4},
+    {"DISPLAYMODE_getTestMode", [] { return DISPLAYMODE_getTestMode(word); }, "", 4},
+    {"DISPLAYMODE_setFactoryTestScreenResult", [] { return DISPLAYMODE_setFactoryTestScreenResult(0xFFFFFFFF); },
+     Hex("FF FF FF FF"), 0},
+    {"BACKLIGHTINTERFACE_getTimeout", [] { return BACKLIGHTINTERFACE_getTimeout(word); }, "", 4},
+    {"DATETIMEINTERFACE_getLocalDateTimeStrings",
+     [] { return DATETIMEINTERFACE_getLocalDateTimeStrings(clockTexts); }, "", 23},
+    {"PDMINTERFACE_getEnumerationValue", [] { return PDMINTERFACE_getEnumerationValue(3717, enumerationValue); },
+     Hex("85 0E 00 00"), 136},
+    {"PDMINTERFACE_getEnumerationData", [] { return PDMINTERFACE_getEnumerationData(3717, enumerationData); },
+     Hex("85 0E 00 00"), 1740},
+    {"PDMINTERFACE_getRegisterValue", [] { return PDMINTERFACE_getRegisterValue(298, registerValue); },
+     Hex("2A 01 00 00"), 264},
+    {"PDMINTERFACE_setRegisterValue", [] { return PDMINTERFACE_setRegisterValue(99, "1234567890", writeResult); },
+     Hex("63 00 00 00 31 32 33 34 35 36 37 38 39 30 00"), 132},
+    {"ALARMSINTERFACE_getGlobalAlarmStatus", [] { return ALARMSINTERFACE_getGlobalAlarmStatus(word); }, "", 4},
+    {"ALARMSINTERFACE_ackActiveAlarms", [] { return ALARMSINTERFACE_ackActiveAlarms(); }, "", 0},
+    {"ALARMSINTERFACE_ackHistoricalAlarms", [] { return ALARMSINTERFACE_ackHistoricalAlarms(); }, "", 0},
+    {"ALARMSINTERFACE_getActiveAlarmStats", [] { return ALARMSINTERFACE_getActiveAlarmStats(stats); }, "", 8},
+    {"ALARMSINTERFACE_getActiveAlarms", [] { return ALARMSINTERFACE_getActiveAlarms(5, alarms); }, kFirstOf4, 736},
+    {"ALARMSINTERFACE_getActiveAlarms", [] { return ALARMSINTERFACE_getActiveAlarms(0, {}); },
+     Hex("00 00 00 00 00 00 00 00"), 0},
+    {"ALARMSINTERFACE_getHistoricalAlarmStats", [] { return ALARMSINTERFACE_getHistoricalAlarmStats(stats); }, "", 8},
+    {"ALARMSINTERFACE_getHistoricalAlarms", [] { return ALARMSINTERFACE_getHistoricalAlarms(5, alarms); },
+     kFirstOf4, 736},
+    {"ALARMSINTERFACE_getSettableAlarmsCount", [] { return ALARMSINTERFACE_getSettableAlarmsCount(word); }, "", 4},
+    {"ALARMSINTERFACE_getSettableAlarms", [] { return ALARMSINTERFACE_getSettableAlarms(7, 1, settable); },
+     Hex("07 00 00 00 02 00 00 00 01 00 00 00"), 96},
+    {"SECURITYINTERFACE_getHwLockStatus", [] { return SECURITYINTERFACE_getHwLockStatus(word); }, "", 4},
+    {"SECURITYINTERFACE_resetFactoryAccessTimeout", [] { return SECURITYINTERFACE_resetFactoryAccessTimeout(); },
+     "", 0},
+    {"SECURITYINTERFACE_getFrontPanelAccessRights",
+     [] { return SECURITYINTERFACE_getFrontPanelAccessRights(rights); }, "", 8},
+    {"SECURITYINTERFACE_verifyFrontPanelPassword",
+     [] { return SECURITYINTERFACE_verifyFrontPanelPassword("user", "secret", word); },
+     Hex("75 73 65 72 00 73 65 63 72 65 74 00"), 4},
+    {"SECURITYINTERFACE_clearFrontPanelPassword", [] { return SECURITYINTERFACE_clearFrontPanelPassword(); }, "", 0},
+    {"PQINTERFACE_getPhasorData", [] { return PQINTERFACE_getPhasorData(phasors); }, Word(10), 1720},
+    {"PQINTERFACE_getHarmonicData", [] { return PQINTERFACE_getHarmonicData(4, 62, harmonics); },
+     Hex("04 00 00 00 3E 00 00 00"), 640},
+    {"PQINTERFACE_getMinMaxBarData", [] { return PQINTERFACE_getMinMaxBarData(1, 2, 3, bar); },
+     Hex("01 00 00 00 02 00 00 00 03 00 00 00"), 232},
+    {"CUSTOMSCREENINTERFACE_getNormalModeScreenData",
+     [] { return CUSTOMSCREENINTERFACE_getNormalModeScreenData(kPageFirst, page); }, Word(3), 1632},
+    {"CUSTOMSCREENINTERFACE_getCustomModeScreenData",
+     [] { return CUSTOMSCREENINTERFACE_getCustomModeScreenData(kPageNext, page); }, Word(2), 1632},
+    {"CUSTOMSCREENINTERFACE_getTestModeScreenData",
+     [] { return CUSTOMSCREENINTERFACE_getTestModeScreenData(kPageCurrent, page); }, Word(1), 1632},
+    {"IOI_getDigitalInputCount", [] { return IOI_getDigitalInputCount(word); }, "", 4},
+    {"IOI_getDigitalInputData", [] { return IOI_getDigitalInputData(5, points); }, kFirstOf3, 390},
+    {"IOI_getDigitalOutputCount", [] { return IOI_getDigitalOutputCount(word); }, "", 4},
+    {"IOI_getDigitalOutputData", [] { return IOI_getDigitalOutputData(5, points); }, kFirstOf3, 390},
+    {"IOI_getAnalogInputCount", [] { return IOI_getAnalogInputCount(word); }, "", 4},
+    {"IOI_getAnalogInputData", [] { return IOI_getAnalogInputData(5, points); }, kFirstOf3, 390},
+    {"IOI_getAnalogOutputCount", [] { return IOI_getAnalogOutputCount(word); }, "", 4},
+    {"IOI_getAnalogOutputData", [] { return IOI_getAnalogOutputData(5, points); }, kFirstOf3, 390},
+    {"NAMEPLATEIF_getNameplateData", [] { return NAMEPLATEIF_getNameplateData(nameplate); }, "", 920},
+    {"EVLIF_getEventLogEntryCount", [] { return EVLIF_getEventLogEntryCount(word); }, "", 4},
+    {"EVLIF_getEventLogData", [] { return EVLIF_getEventLogData(5, events); }, kFirstOf4, 512},
+    {"EVLIF_getFrontPanelModuleName", [] { return EVLIF_getFrontPanelModuleName(text); }, Hex("28 00 00 00"), 40},
+    {"EVLIF_getFactoryModuleName", [] { return EVLIF_getFactoryModuleName(text); }, Hex("28 00 00 00"), 40},
+    {"DATDISP_puts", [] { return DATDISP_puts("hello"); }, Hex("68 65 6C 6C 6F 00"), 0},
+    {"DISPLAYFEATURES_getNumHarmonicsDisplayed",
+     [] { return DISPLAYFEATURES_getNumHarmonicsDisplayed(word); }, "", 4},
+    {"DISPLAYFEATURES_getEn50160DisplayEnabled",
+     [] { return DISPLAYFEATURES_getEn50160DisplayEnabled(word); }, "", 4},
+};
+// clang-format on
+
+template <typename Value>
+std::string BytesOf(const Value& value) {
+    return {reinterpret_cast<const char*>(&value), sizeof value};
+}
+
+TEST(MeterOperations, SendTheFrameOfTheirNameAndFillTheirOutputs) {
+    CountingMeter meter;
+    ASSERT_EQ(connectToServer("127.0.0.1", meter.port()), 0);
+    std::set<std::string> names;
+    for (const Case& operation : kCases) {
+        word = 0;
+        EXPECT_EQ(operation.call(), 0) << operation.name;
+        EXPECT_EQ(word, operation.responseSize == 4 ? 0x03020100U : 0U) << operation.name;
+        names.insert(operation.name);
+    }
+    EXPECT_EQ(names.size(), 52U);
+    EXPECT_EQ(BytesOf(phasors), CountingBytes(1720));
+    EXPECT_EQ(BytesOf(enumerationData), CountingBytes(1740));
+    EXPECT_EQ(BytesOf(text), CountingBytes(40));
+    EXPECT_EQ(BytesOf(clockTexts), CountingBytes(23));
+
+    (void)connectToServer("127.0.0.1", UnusedPort());  // hangs up
+    const auto& requests = meter.Stop();
+    ASSERT_EQ(requests.size(), kCases.size());
+    for (std::size_t i = 0; i < kCases.size(); ++i) {
+        EXPECT_EQ(requests[i], Request(kCases[i].name, kCases[i].payload, kCases[i].responseSize));
+    }
+    EXPECT_EQ(requests[0], Hex("25 25 52 52 0D 00 00 00 44 49 53 50 54 41 53 4B 5F 6E 6F 70 00 00 00 00 00 "
+                               "00 00 00 00"));
+    EXPECT_EQ(Request("PQINTERFACE_getPhasorData", Word(10), 1720),
+              Hex("25 25 52 52 1A 00 00 00 50 51 49 4E 54 45 52 46 41 43 45 5F 67 65 74 50 68 61 73 6F 72 44 61 74 61 "
+                  "00 04 00 00 00 0A 00 00 00 B8 06 00 00"));
+}
+
+TEST(MeterOperations, RefuseATextThatDoesNotFitAndLeaveTheLinkAlone) {
+    CountingMeter meter;
+    ASSERT_EQ(connectToServer("127.0.0.1", meter.port()), 0);
+    EXPECT_EQ(DATDISP_puts(std::string(1024, 'x').c_str()), -1);
+    EXPECT_EQ(DATDISP_puts(std::string(1023, 'x').c_str()), 0);
+    EXPECT_EQ(PDMINTERFACE_setRegisterValue(1, std::string(1020, 'x').c_str(), writeResult), -1);
+    EXPECT_EQ(PDMINTERFACE_setRegisterValue(1, std::string(1019, 'x').c_str(), writeResult), 0);
+    word = 77;
+    const std::string half(511, 'x');
+    EXPECT_EQ(SECURITYINTERFACE_verifyFrontPanelPassword(half.c_str(), (half + 'x').c_str(), word), -1);
+    EXPECT_EQ(word, 77U) << "nothing was sent, so nothing is touched";
+    EXPECT_EQ(SECURITYINTERFACE_verifyFrontPanelPassword(half.c_str(), half.c_str(), word), 0);
+    (void)connectToServer("127.0.0.1", UnusedPort());
+    EXPECT_EQ(meter.Stop().size(), 3U);
+}
+
+}  // namespace
