@@ -41,7 +41,9 @@ void GetNameplate(Meter& meter, const Request&, std::span<std::byte> reply) {
     for (const NameplateRow& row : kNameplate) PutText(data.fields[row.field], row.text);
     for (const NameplateSetting& row : kNameplateSettings) {
         const auto text = meter.Read(row.id);
-        if (text) PutText(data.fields[row.field], text->unit.empty() ? text->value : text->value + " " + std::string(text->unit));
+        if (text)
+            PutText(data.fields[row.field],
+                    text->unit.empty() ? text->value : text->value + " " + std::string(text->unit));
     }
     PutText(data.fields[10], std::string(meter.GetSettings().Text(reg::kNominalFrequency)) + " Hz");
     PutText(data.fields[13], Ratio(meter.GetSettings(), reg::kPtPrimary, reg::kPtSecondary));

@@ -146,11 +146,13 @@ void GetHarmonicData(Meter& meter, const Request& request, std::span<std::byte> 
     PutHarmonicText(data, HarmonicText::First, Percent(meter.GetNetwork().Thd(channel)));
     PutHarmonicText(data, HarmonicText::Second, Percent(DistortionOf(spectrum, 1)));
     PutHarmonicText(data, HarmonicText::Third, Percent(DistortionOf(spectrum, 2)));
-    PutHarmonicText(data, HarmonicText::Fourth, WithUnit(Format(magnitude, voltage ? Unit::Volt : Unit::Ampere, style)));
+    PutHarmonicText(data, HarmonicText::Fourth,
+                    WithUnit(Format(magnitude, voltage ? Unit::Volt : Unit::Ampere, style)));
     PutHarmonicText(data, HarmonicText::FourthInParentheses, Percent(spectrum[selected]));
     PutHarmonicText(data, HarmonicText::Fifth, Grouped(angle, 1, Grouping::Plain) + "\xB0");
     PutHarmonicText(data, HarmonicText::AxisTop, Grouped(scale, 0, Grouping::Plain) + " %");
-    PutHarmonicText(data, HarmonicText::AxisMiddle, Grouped(scale / 2, scale < 5.0 || scale == 5.0 ? 1 : 0, Grouping::Plain) + " %");
+    PutHarmonicText(data, HarmonicText::AxisMiddle,
+                    Grouped(scale / 2, scale < 5.0 || scale == 5.0 ? 1 : 0, Grouping::Plain) + " %");
     PutHarmonicText(data, HarmonicText::AxisBottom, "0 %");
     Put(reply, data);
 }

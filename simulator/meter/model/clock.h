@@ -29,9 +29,9 @@ struct Clock {
     TimeFormat timeFormat = TimeFormat::Hours24;
 
     CivilTime LocalTime(Instant now) const;
-    double HourOfDay(Instant now) const;     // 0 to 24, local
-    std::string DateText(Instant now) const;  // 10 characters
-    std::string TimeText(Instant now) const;  // at most 11 characters
+    double HourOfDay(Instant now) const;             // 0 to 24, local
+    std::string DateText(Instant now) const;         // 10 characters
+    std::string TimeText(Instant now) const;         // at most 11 characters
     std::string PreciseTimeText(Instant now) const;  // with milliseconds
 };
 

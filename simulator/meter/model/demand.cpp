@@ -10,7 +10,7 @@ namespace {
 
 using enum Quantity;
 
-constexpr double kSubinterval = 60.0;                                        // seconds
+constexpr double kSubinterval = 60.0;                                 // seconds
 constexpr double kThermalSeconds = 15.0 * 60.0 / std::numbers::ln10;  // time constant
 
 std::array<double, kDemandFamilies> PowersOf(const Readings& readings) {

@@ -39,8 +39,7 @@ constexpr auto kUnits = std::to_array<UnitRow>({
     {Unit::Count,          {{{kAlways, 1.0, ""},       {kNever, 1.0, ""}}},       0},
 });
 // clang-format on
-static_assert(kUnits.back().unit == Unit::Count &&
-                  kUnits.size() == static_cast<std::size_t>(Unit::Count) + 1,
+static_assert(kUnits.back().unit == Unit::Count && kUnits.size() == static_cast<std::size_t>(Unit::Count) + 1,
               "one row a unit, in their order");
 
 int DecimalsOf(const UnitRow& row, const NumberStyle& style) {

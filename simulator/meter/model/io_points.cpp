@@ -67,20 +67,25 @@ IoText IoPoints::At(IoKind kind, std::size_t index) const {
         case IoKind::DigitalInput:
             return {kDigitalInputRows[index].label, OnOff(m_inputs[index].on), std::to_string(m_inputs[index].pulses)};
         case IoKind::DigitalOutput: {
-            const std::array<bool, 4> states = {m_alarm, std::fmod(m_energyIn, 2 * kWattHoursPerPulse) < kWattHoursPerPulse,
+            const std::array<bool, 4> states = {m_alarm,
+                                                std::fmod(m_energyIn, 2 * kWattHoursPerPulse) < kWattHoursPerPulse,
                                                 m_power > kShedAbove, m_power > kShedAbove / 2};
             return {kDigitalOutputRows[index], OnOff(states[index]), {}};
         }
         case IoKind::AnalogInput: {
-            const std::array<std::string, 3> values = {
-                Grouped(58.0 + 2.0 * m_temperature.Value(), 1, Grouping::Plain) + " \xB0" "C",
-                Grouped(4.2 + m_pressure.Value(), 2, Grouping::Plain) + " bar",
-                Grouped(21.5 + m_temperature.Value(), 1, Grouping::Plain) + " \xB0" "C"};
+            const std::array<std::string, 3> values = {Grouped(58.0 + 2.0 * m_temperature.Value(), 1, Grouping::Plain) +
+                                                           " \xB0"
+                                                           "C",
+                                                       Grouped(4.2 + m_pressure.Value(), 2, Grouping::Plain) + " bar",
+                                                       Grouped(21.5 + m_temperature.Value(), 1, Grouping::Plain) +
+                                                           " \xB0"
+                                                           "C"};
             return {kAnalogInputRows[index], values[index], {}};
         }
         case IoKind::AnalogOutput: {
             const double voltage = std::isnan(m_voltage) ? 0.0 : m_voltage;
-            return {kAnalogOutputRows[index], Milliamperes(index == 0 ? m_power / kFullPower : voltage / kFullVoltage), {}};
+            return {
+                kAnalogOutputRows[index], Milliamperes(index == 0 ? m_power / kFullPower : voltage / kFullVoltage), {}};
         }
     }
     return {};

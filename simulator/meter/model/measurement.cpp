@@ -82,10 +82,10 @@ void MeasurePowers(const Network& network, Wiring wiring, Readings& readings) {
     const bool lagging = total.real() * total.imag() >= 0.0;
     readings[PowerFactorLagging] = lagging ? std::abs(readings[PowerFactorTotal]) : kMissing;
     readings[PowerFactorLeading] = lagging ? kMissing : std::abs(readings[PowerFactorTotal]);
-    const std::size_t firstMissing =
-        wiring == Wiring::Delta ? 0 : (wiring == Wiring::SinglePhase ? 1 : kPhaseCount);
+    const std::size_t firstMissing = wiring == Wiring::Delta ? 0 : (wiring == Wiring::SinglePhase ? 1 : kPhaseCount);
     for (std::size_t phase = firstMissing; phase < kPhaseCount; ++phase)
-        for (Quantity family : {ActiveL1, ReactiveL1, ApparentL1, PowerFactorL1}) readings[At(family, phase)] = kMissing;
+        for (Quantity family : {ActiveL1, ReactiveL1, ApparentL1, PowerFactorL1})
+            readings[At(family, phase)] = kMissing;
 }
 
 double OrderOf(const Network& network, Wiring wiring, bool clockwise) {
@@ -117,10 +117,9 @@ void Measure(const Network& network, const Connection& connection, Readings& rea
         readings[At(ThdCurrentL1, phase)] = missing ? kMissing : network.Thd(static_cast<Channel>(phase + 4));
     }
     readings[ThdCurrentNeutral] = std::isnan(readings[CurrentNeutral]) ? kMissing : network.Thd(Channel::I4);
-    readings[Unbalance] =
-        connection.wiring == Wiring::SinglePhase
-            ? kMissing
-            : UnbalanceOf(Voltage(network, 0), Voltage(network, 1), Voltage(network, 2));
+    readings[Unbalance] = connection.wiring == Wiring::SinglePhase
+                              ? kMissing
+                              : UnbalanceOf(Voltage(network, 0), Voltage(network, 1), Voltage(network, 2));
     readings[PhaseOrder] = OrderOf(network, connection.wiring, connection.clockwise);
 }
 

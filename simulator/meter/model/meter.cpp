@@ -11,7 +11,7 @@
 namespace meter {
 namespace {
 
-constexpr std::int64_t kStep = 200;          // milliseconds of one step of the running model
+constexpr std::int64_t kStep = 200;  // milliseconds of one step of the running model
 constexpr std::int64_t kHistoryStep = kMinute;
 constexpr std::int64_t kHistory = 7 * kDay;
 constexpr double kDipChance = 1.0 / 2500.0;  // of a dip in a minute of history
@@ -92,7 +92,8 @@ void Meter::LiveThroughHistory() {
         // The middle of the week closes a billing period, so that there are peaks before and after it.
         if (m_now == end - kHistory / 2) Write(2031, "1", kMeterModule);
         Disturbance dip;
-        if (noise.Even() < kDipChance) dip.voltage[static_cast<std::size_t>(noise.Even() * 3.0)] = 0.6 + 0.25 * noise.Even();
+        if (noise.Even() < kDipChance)
+            dip.voltage[static_cast<std::size_t>(noise.Even() * 3.0)] = 0.6 + 0.25 * noise.Even();
         Scenario passing = *FindScenario("normal");
         passing.disturbance = dip;
         m_scenario = &passing;

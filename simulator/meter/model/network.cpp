@@ -9,9 +9,9 @@ namespace {
 
 constexpr double kThirdTurn = 2.0 * std::numbers::pi / 3.0;
 constexpr double kRootThree = std::numbers::sqrt3;
-constexpr double kLineDrop = 0.025;        // of the nominal voltage at full current
-constexpr double kSolarPeak = 0.62;        // of full current
-constexpr double kCapacitors = 0.10;       // of full current, always on
+constexpr double kLineDrop = 0.025;   // of the nominal voltage at full current
+constexpr double kSolarPeak = 0.62;   // of full current
+constexpr double kCapacitors = 0.10;  // of full current, always on
 constexpr Phases kShare = {1.03, 0.99, 0.98};
 constexpr Phases kTangent = {0.46, 0.42, 0.49};  // reactive to active power of the load
 constexpr double kNeutralResistance = 0.004;     // ohm to earth
@@ -63,8 +63,8 @@ void Network::Step(double seconds, double hour, const Connection& connection, co
         const double drawn = load * kShare[phase] * (1.0 + m_currentDrift[phase].Value());
         const double active = drawn - sun;
         const double reactive = drawn * kTangent[phase] - kCapacitors;
-        const double level = 1.012 + m_gridDrift.Value() + m_voltageDrift[phase].Value() + 0.0006 * m_noise.Bell() -
-                             kLineDrop * active;
+        const double level =
+            1.012 + m_gridDrift.Value() + m_voltageDrift[phase].Value() + 0.0006 * m_noise.Bell() - kLineDrop * active;
         const bool connected = connection.wiring != Wiring::SinglePhase || phase == 0;
         const double magnitude = connected ? nominal * level * disturbance.voltage[phase] : 0.0;
         const Phasor unit = std::polar(1.0, turn * static_cast<double>(phase));
@@ -85,7 +85,8 @@ void Network::Step(double seconds, double hour, const Connection& connection, co
         neutral = 0.0;
     }
     m_channels[static_cast<std::size_t>(Channel::V4)] = neutral * kNeutralResistance;
-    m_channels[static_cast<std::size_t>(Channel::I4)] = connection.currentPolarity[3] * connection.neutralScale * neutral;
+    m_channels[static_cast<std::size_t>(Channel::I4)] =
+        connection.currentPolarity[3] * connection.neutralScale * neutral;
 }
 
 Spectrum Network::SpectrumOf(Channel channel) const {

@@ -20,9 +20,9 @@ struct Connection {
     Wiring wiring = Wiring::FourWireWye;
     double voltagePrimary = 400.0;  // V between lines at nominal voltage
     double currentPrimary = 400.0;  // A at full secondary current
-    double neutralScale = 1.0;  // reading of the neutral's own transformer against the truth
+    double neutralScale = 1.0;      // reading of the neutral's own transformer against the truth
     double nominalFrequency = 50.0;
-    bool clockwise = true;                   // expected order L1, L2, L3
+    bool clockwise = true;  // expected order L1, L2, L3
     Phases voltagePolarity = {1.0, 1.0, 1.0};
     std::array<double, 4> currentPolarity = {1.0, 1.0, 1.0, 1.0};
 };
@@ -56,7 +56,7 @@ public:
     /// V or A at the primary, fundamental, effective value; angles relative to an ideal L1.
     Phasor At(Channel channel) const { return m_channels[static_cast<std::size_t>(channel)]; }
     Spectrum SpectrumOf(Channel channel) const;
-    double Thd(Channel channel) const;  // percent of the fundamental
+    double Thd(Channel channel) const;                                    // percent of the fundamental
     double Flicker(std::size_t phase) const { return m_flicker[phase]; }  // short-term severity
 
 private:

@@ -24,10 +24,10 @@ inline constexpr int kFixedSize = -1;
 
 struct Operation {
     std::string_view name;
-    std::size_t words;       // numbers of four bytes in the payload
-    std::size_t texts;       // terminated texts after them
-    std::size_t replySize;   // bytes of the reply, or of one of its entries
-    int countWord;           // which word counts the entries, or kFixedSize
+    std::size_t words;      // numbers of four bytes in the payload
+    std::size_t texts;      // terminated texts after them
+    std::size_t replySize;  // bytes of the reply, or of one of its entries
+    int countWord;          // which word counts the entries, or kFixedSize
     Handler handler;
 };
 
