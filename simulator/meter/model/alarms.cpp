@@ -28,7 +28,7 @@ constexpr auto kDefinitions = std::to_array<AlarmDefinition>({
     {4010, "Voltage swell L1",    2, VoltageL1,        Unit::Volt,    Above, NominalVoltage,   1.10,  1.08,   0, true},
     {4011, "Voltage swell L2",    2, VoltageL2,        Unit::Volt,    Above, NominalVoltage,   1.10,  1.08,   0, true},
     {4012, "Voltage swell L3",    2, VoltageL3,        Unit::Volt,    Above, NominalVoltage,   1.10,  1.08,   0, true},
-    {4013, "Phase loss",          3, PhaseOrder,       Unit::Count,   Below, Absolute,         0.50,  0.50,   1, true},
+    {4013, "Phase loss",          3, MissingPhases,    Unit::Count,   Above, Absolute,         0.50,  0.50,   1, true},
     {4014, "Phase reversal",      3, PhaseOrder,       Unit::Count,   Below, Absolute,        -0.50, -0.50,   1, true},
     {4015, "Voltage unbalance",   2, Unbalance,        Unit::Percent, Above, Absolute,         2.00,  1.80,  10, true},
     {4016, "Overcurrent L1",      3, CurrentL1,        Unit::Ampere,  Above, NominalCurrent,   1.20,  1.10,   5, true},

@@ -151,8 +151,7 @@ void GetHarmonicData(Meter& meter, const Request& request, std::span<std::byte> 
     PutHarmonicText(data, HarmonicText::FourthInParentheses, Percent(spectrum[selected]));
     PutHarmonicText(data, HarmonicText::Fifth, Grouped(angle, 1, Grouping::Plain) + "\xB0");
     PutHarmonicText(data, HarmonicText::AxisTop, Grouped(scale, 0, Grouping::Plain) + " %");
-    PutHarmonicText(data, HarmonicText::AxisMiddle,
-                    Grouped(scale / 2, scale < 5.0 || scale == 5.0 ? 1 : 0, Grouping::Plain) + " %");
+    PutHarmonicText(data, HarmonicText::AxisMiddle, Grouped(scale / 2, scale == 5.0 ? 1 : 0, Grouping::Plain) + " %");
     PutHarmonicText(data, HarmonicText::AxisBottom, "0 %");
     Put(reply, data);
 }

@@ -41,9 +41,9 @@ CivilTime Clock::LocalTime(Instant now) const {
             static_cast<int>(weekday{midnight}.c_encoding())};
 }
 
-double Clock::HourOfDay(Instant now) const {
+DayTime Clock::TimeOfDay(Instant now) const {
     const CivilTime time = LocalTime(now);
-    return time.hour + time.minute / 60.0 + time.second / 3600.0;
+    return {time.hour + time.minute / 60.0 + time.second / 3600.0, IsWeekend(time)};
 }
 
 std::string Clock::DateText(Instant now) const {

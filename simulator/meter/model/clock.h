@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <string>
 
+#include "simulator/meter/model/network.h"
 #include "simulator/meter/model/statistics.h"
 
 /// Local time, and how the meter writes it.
@@ -22,6 +23,8 @@ inline constexpr Instant kSecond = 1000;
 inline constexpr Instant kMinute = 60 * kSecond;
 inline constexpr Instant kDay = 24 * 60 * kMinute;
 
+inline bool IsWeekend(const CivilTime& time) { return time.weekday == 0 || time.weekday == 6; }
+
 struct Clock {
     std::int32_t zoneSeconds = 3600;
     std::int32_t daylightSeconds = 3600;
@@ -29,7 +32,7 @@ struct Clock {
     TimeFormat timeFormat = TimeFormat::Hours24;
 
     CivilTime LocalTime(Instant now) const;
-    double HourOfDay(Instant now) const;             // 0 to 24, local
+    DayTime TimeOfDay(Instant now) const;
     std::string DateText(Instant now) const;         // 10 characters
     std::string TimeText(Instant now) const;         // at most 11 characters
     std::string PreciseTimeText(Instant now) const;  // with milliseconds

@@ -41,15 +41,9 @@ const TariffSlot& SlotAt(int hour) {
 
 }  // namespace
 
-Tariff TariffAt(const CivilTime& time) {
-    const bool weekend = time.weekday == 0 || time.weekday == 6;
-    return weekend ? Tariff::C : SlotAt(time.hour).tariff;
-}
+Tariff TariffAt(const CivilTime& time) { return IsWeekend(time) ? Tariff::C : SlotAt(time.hour).tariff; }
 
-int NextTariffHour(const CivilTime& time) {
-    const bool weekend = time.weekday == 0 || time.weekday == 6;
-    return weekend ? 24 : SlotAt(time.hour).endHour;
-}
+int NextTariffHour(const CivilTime& time) { return IsWeekend(time) ? 24 : SlotAt(time.hour).endHour; }
 
 void AddEnergy(double seconds, Tariff tariff, Readings& readings) {
     const double hours = seconds / kSecondsPerHour;

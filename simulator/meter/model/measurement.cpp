@@ -88,12 +88,19 @@ void MeasurePowers(const Network& network, Wiring wiring, Readings& readings) {
             readings[At(family, phase)] = kMissing;
 }
 
+std::size_t CountMissingPhases(const Network& network, Wiring wiring) {
+    if (wiring == Wiring::SinglePhase) return 0;
+    double strongest = 0.0;
+    for (std::size_t phase = 0; phase < kPhaseCount; ++phase)
+        strongest = std::max(strongest, std::abs(Voltage(network, phase)));
+    std::size_t missing = 0;
+    for (std::size_t phase = 0; phase < kPhaseCount; ++phase)
+        if (std::abs(Voltage(network, phase)) <= kPhaseLossShare * strongest) ++missing;
+    return missing;
+}
+
 double OrderOf(const Network& network, Wiring wiring, bool clockwise) {
     if (wiring == Wiring::SinglePhase) return 1.0;
-    std::array<double, kPhaseCount> magnitudes{};
-    for (std::size_t phase = 0; phase < kPhaseCount; ++phase) magnitudes[phase] = std::abs(Voltage(network, phase));
-    const auto [weakest, strongest] = std::ranges::minmax(magnitudes);
-    if (weakest < kPhaseLossShare * strongest || strongest == 0.0) return 0.0;
     const Sequences found = SequencesOf(Voltage(network, 0), Voltage(network, 1), Voltage(network, 2));
     return (found.positive > found.negative) == clockwise ? 1.0 : -1.0;
 }
@@ -120,7 +127,9 @@ void Measure(const Network& network, const Connection& connection, Readings& rea
     readings[Unbalance] = connection.wiring == Wiring::SinglePhase
                               ? kMissing
                               : UnbalanceOf(Voltage(network, 0), Voltage(network, 1), Voltage(network, 2));
-    readings[PhaseOrder] = OrderOf(network, connection.wiring, connection.clockwise);
+    const std::size_t missingPhases = CountMissingPhases(network, connection.wiring);
+    readings[MissingPhases] = static_cast<double>(missingPhases);
+    readings[PhaseOrder] = missingPhases > 0 ? 0.0 : OrderOf(network, connection.wiring, connection.clockwise);
 }
 
 }  // namespace meter

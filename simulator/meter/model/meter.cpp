@@ -16,6 +16,8 @@ constexpr std::int64_t kHistoryStep = kMinute;
 constexpr std::int64_t kHistory = 7 * kDay;
 constexpr double kDipChance = 1.0 / 2500.0;  // of a dip in a minute of history
 
+constexpr std::uint16_t kPeakReset = 2031;
+
 // What was on the registers before the history that the meter lives through.
 struct OpeningBalance {
     Quantity quantity;
@@ -90,7 +92,10 @@ void Meter::LiveThroughHistory() {
     const Instant end = m_now + kHistory;
     while (m_now < end) {
         // The middle of the week closes a billing period, so that there are peaks before and after it.
-        if (m_now == end - kHistory / 2) Write(2031, "1", kMeterModule);
+        if (m_now == end - kHistory / 2) {
+            Write(kPeakReset, "1", kMeterModule);
+            m_alarms.AcknowledgeHistory();
+        }
         Disturbance dip;
         if (noise.Even() < kDipChance)
             dip.voltage[static_cast<std::size_t>(noise.Even() * 3.0)] = 0.6 + 0.25 * noise.Even();
@@ -116,7 +121,7 @@ void Meter::Step(std::int64_t milliseconds) {
     Connection connection = m_settings.ConnectionSettings();
     if (m_scenario->delta) connection.wiring = Wiring::Delta;
 
-    m_network.Step(seconds, clock.HourOfDay(m_now), connection, m_scenario->disturbance);
+    m_network.Step(seconds, clock.TimeOfDay(m_now), connection, m_scenario->disturbance);
     Measure(m_network, connection, m_readings);
     AddEnergy(seconds, TariffAt(clock.LocalTime(m_now)), m_readings);
     m_demand.Step(seconds, m_readings);

@@ -9,12 +9,13 @@ namespace {
 
 constexpr double kThirdTurn = 2.0 * std::numbers::pi / 3.0;
 constexpr double kRootThree = std::numbers::sqrt3;
-constexpr double kLineDrop = 0.025;   // of the nominal voltage at full current
-constexpr double kSolarPeak = 0.62;   // of full current
-constexpr double kCapacitors = 0.10;  // of full current, always on
+constexpr double kLineDrop = 0.025;    // of the nominal voltage at full current
+constexpr double kSolarPeak = 0.27;    // of full current
+constexpr double kCapacitors = 0.10;   // of full current, always on
+constexpr double kWeekendShare = 0.4;  // of the load on a working day
 constexpr Phases kShare = {1.03, 0.99, 0.98};
 constexpr Phases kTangent = {0.46, 0.42, 0.49};  // reactive to active power of the load
-constexpr double kNeutralResistance = 0.004;     // ohm to earth
+constexpr double kNeutralResistance = 0.045;     // ohm to earth
 
 // What each order contributes to a typical office and workshop, in percent of the fundamental.
 struct OrderLevel {
@@ -45,15 +46,15 @@ double Background(std::size_t order) { return 1.0 / static_cast<double>(order); 
 
 Network::Network(std::uint64_t seed) : m_noise(seed) {}
 
-void Network::Step(double seconds, double hour, const Connection& connection, const Disturbance& disturbance) {
+void Network::Step(double seconds, DayTime time, const Connection& connection, const Disturbance& disturbance) {
     for (Drift* drift : {&m_frequencyDrift, &m_gridDrift, &m_loadDrift, &m_cloudDrift, &m_distortionDrift})
         drift->Step(m_noise, seconds);
     m_frequency = connection.nominalFrequency + m_frequencyDrift.Value();
     m_harmonics = disturbance.harmonics * std::max(0.4, 1.0 + m_distortionDrift.Value());
     m_wiring = connection.wiring;
 
-    const double sun = kSolarPeak * SunShape(hour) * std::clamp(0.72 + m_cloudDrift.Value(), 0.1, 1.0);
-    const double load = LoadShape(hour) * (1.0 + m_loadDrift.Value());
+    const double sun = kSolarPeak * SunShape(time.hour) * std::clamp(0.8 + m_cloudDrift.Value(), 0.1, 1.0);
+    const double load = (time.weekend ? kWeekendShare : 1.0) * LoadShape(time.hour) * (1.0 + m_loadDrift.Value());
     const double turn = connection.clockwise != disturbance.reversed ? -kThirdTurn : kThirdTurn;
     const double nominal = connection.voltagePrimary / kRootThree;
     Phasor neutral;

@@ -35,6 +35,12 @@ struct Disturbance {
     bool reversed = false;
 };
 
+/// When it is, as far as the plant cares.
+struct DayTime {
+    double hour = 0.0;  // 0 to 24, local
+    bool weekend = false;
+};
+
 inline constexpr std::size_t kHarmonicOrders = 63;
 inline constexpr std::size_t kChannelCount = 8;  // V1 to V4, then I1 to I4
 
@@ -49,8 +55,8 @@ class Network {
 public:
     explicit Network(std::uint64_t seed);
 
-    /// Moves on by `seconds` to the local time of day `hour` (0 to 24).
-    void Step(double seconds, double hour, const Connection& connection, const Disturbance& disturbance);
+    /// Moves on by `seconds` to the given time of day.
+    void Step(double seconds, DayTime time, const Connection& connection, const Disturbance& disturbance);
 
     double Frequency() const { return m_frequency; }
     /// V or A at the primary, fundamental, effective value; angles relative to an ideal L1.
@@ -67,7 +73,7 @@ private:
     Drift m_frequencyDrift{0.018, 90.0};
     Drift m_gridDrift{0.012, 1800.0};
     Drift m_loadDrift{0.10, 900.0};
-    Drift m_cloudDrift{0.35, 1200.0};
+    Drift m_cloudDrift{0.12, 1800.0};
     Drift m_distortionDrift{0.12, 600.0};
     std::array<Drift, kPhaseCount> m_voltageDrift{Drift{0.004, 300.0}, Drift{0.004, 300.0}, Drift{0.004, 300.0}};
     std::array<Drift, kPhaseCount> m_currentDrift{Drift{0.06, 240.0}, Drift{0.06, 240.0}, Drift{0.06, 240.0}};

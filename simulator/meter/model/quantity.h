@@ -55,7 +55,8 @@ enum class Quantity : std::uint8_t {
     HarmonicIntervalsL1, HarmonicIntervalsL2, HarmonicIntervalsL3,
     HarmonicOutsideNarrowL1, HarmonicOutsideNarrowL2, HarmonicOutsideNarrowL3,
     HarmonicOutsideWideL1, HarmonicOutsideWideL2, HarmonicOutsideWideL3,
-    PhaseOrder,  // 1 as set up, -1 reversed, 0 when a phase is missing
+    PhaseOrder,     // 1 as set up, -1 reversed, 0 when it cannot be told
+    MissingPhases,  // how many are dead
     None
 };
 // clang-format on

@@ -14,7 +14,8 @@ std::optional<double> ParseNumber(std::string_view text) {
     if (text.starts_with('+')) text.remove_prefix(1);
     double value = 0.0;
     const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), value, std::chars_format::fixed);
-    if (text.empty() || error != std::errc{} || end != text.data() + text.size()) return std::nullopt;
+    if (text.empty() || !std::isfinite(value) || error != std::errc{} || end != text.data() + text.size())
+        return std::nullopt;
     return value;
 }
 
