@@ -4,6 +4,7 @@
 #include <poll.h>
 #include <sys/socket.h>
 
+#include <cerrno>
 #include <cstring>
 
 #include "rda/frame.h"
@@ -35,6 +36,21 @@ std::vector<std::byte> FrameOf(std::string_view name, std::span<const std::byte>
     return frame;
 }
 
+/// Connects without waiting for a display whose queue of callers is full.
+bool ConnectTo(int socket, std::uint16_t port) {
+    sockaddr_in address{};
+    address.sin_family = AF_INET;
+    address.sin_port = htons(port);
+    address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
+    if (::connect(socket, reinterpret_cast<const sockaddr*>(&address), sizeof(address)) == 0) return true;
+    if (errno != EINPROGRESS) return false;
+    pollfd waiting{socket, POLLOUT, 0};
+    int failure = 0;
+    socklen_t length = sizeof(failure);
+    return ::poll(&waiting, 1, kPatience) == 1 && ::getsockopt(socket, SOL_SOCKET, SO_ERROR, &failure, &length) == 0 &&
+           failure == 0;
+}
+
 bool ReadAll(int socket, std::span<std::byte> reply) {
     while (!reply.empty()) {
         pollfd waiting{socket, POLLIN, 0};
@@ -50,13 +66,8 @@ bool ReadAll(int socket, std::span<std::byte> reply) {
 
 std::optional<std::vector<std::byte>> DisplayLink::Call(std::string_view operation, std::span<const std::byte> payload,
                                                         std::uint32_t responseSize) const {
-    const Descriptor socket(::socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC, 0));
-    sockaddr_in address{};
-    address.sin_family = AF_INET;
-    address.sin_port = htons(m_port);
-    address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
-    if (!socket || ::connect(socket.Get(), reinterpret_cast<const sockaddr*>(&address), sizeof(address)) != 0)
-        return std::nullopt;
+    const Descriptor socket(::socket(AF_INET, SOCK_STREAM | SOCK_NONBLOCK | SOCK_CLOEXEC, 0));
+    if (!socket || !ConnectTo(socket.Get(), m_port)) return std::nullopt;
     const auto frame = FrameOf(operation, payload, responseSize);
     if (::send(socket.Get(), frame.data(), frame.size(), MSG_NOSIGNAL) != static_cast<ssize_t>(frame.size()))
         return std::nullopt;

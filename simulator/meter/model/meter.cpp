@@ -99,29 +99,25 @@ void Meter::LiveThroughHistory() {
         Disturbance dip;
         if (noise.Even() < kDipChance)
             dip.voltage[static_cast<std::size_t>(noise.Even() * 3.0)] = 0.6 + 0.25 * noise.Even();
-        Scenario passing = *FindScenario("normal");
-        passing.disturbance = dip;
-        m_scenario = &passing;
-        Step(kHistoryStep);
+        Step(kHistoryStep, dip);
     }
-    m_scenario = FindScenario("normal");
     m_alarms.AcknowledgeActive();
     m_log.Add(m_now, kFrontPanelModule, "Display connected");
 }
 
 void Meter::Advance(std::int64_t milliseconds) {
     m_pending += milliseconds;
-    for (; m_pending >= kStep; m_pending -= kStep) Step(kStep);
+    for (; m_pending >= kStep; m_pending -= kStep) Step(kStep, m_scenario->disturbance);
 }
 
-void Meter::Step(std::int64_t milliseconds) {
+void Meter::Step(std::int64_t milliseconds, const Disturbance& disturbance) {
     m_now += milliseconds;
     const double seconds = static_cast<double>(milliseconds) / 1000.0;
     const Clock clock = m_settings.ClockSettings();
     Connection connection = m_settings.ConnectionSettings();
     if (m_scenario->delta) connection.wiring = Wiring::Delta;
 
-    m_network.Step(seconds, clock.TimeOfDay(m_now), connection, m_scenario->disturbance);
+    m_network.Step(seconds, clock.TimeOfDay(m_now), connection, disturbance);
     Measure(m_network, connection, m_readings);
     AddEnergy(seconds, TariffAt(clock.LocalTime(m_now)), m_readings);
     m_demand.Step(seconds, m_readings);

@@ -93,7 +93,7 @@ public:
 
 private:
     void LiveThroughHistory();
-    void Step(std::int64_t milliseconds);
+    void Step(std::int64_t milliseconds, const Disturbance& disturbance);
     void Apply(const Register& target);
     void Clear(ResetScope scope);
     void Queue(std::string_view operation, std::uint32_t value) { m_commands.push_back({operation, value}); }
