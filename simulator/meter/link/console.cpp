@@ -221,7 +221,7 @@ std::string Console::CommandDisplay(std::string_view word, std::string_view argu
 
 std::string Console::State() const {
     const Settings& settings = m_meter.GetSettings();
-    const Clock clock = settings.ClockSettings();
+    const Clock& clock = m_meter.GetClock();
     nlohmann::json state = {
         {"seed", m_seed},
         {"time", clock.DateText(m_meter.Now()) + " " + clock.TimeText(m_meter.Now())},

@@ -57,13 +57,13 @@ struct StatusRow {
 constexpr auto kStatusByPriority = std::to_array<StatusRow>({{12, 12}, {6, 7}, {1, 3}, {0, 2}});
 // clang-format on
 
-double ReferenceValue(Reference reference, const Settings& settings) {
+double ReferenceValue(Reference reference, const Nominals& nominals) {
     switch (reference) {
         case Absolute: return 1.0;
-        case NominalVoltage: return settings.NominalVoltage();
-        case NominalCurrent: return settings.Number(reg::kNominalCurrent);
-        case NominalFrequency: return settings.Number(reg::kNominalFrequency);
-        case NominalPower: return 3.0 * settings.NominalVoltage() * settings.Number(reg::kNominalCurrent);
+        case NominalVoltage: return nominals.voltage;
+        case NominalCurrent: return nominals.current;
+        case NominalFrequency: return nominals.frequency;
+        case NominalPower: return 3.0 * nominals.voltage * nominals.current;
     }
     return 1.0;
 }
@@ -78,12 +78,12 @@ Alarms::Alarms() {
     for (const AlarmDefinition& definition : kDefinitions) m_states.push_back({.enabled = definition.enabled});
 }
 
-void Alarms::Step(const Readings& readings, const Settings& settings, double seconds, Instant now, EventLog& log) {
+void Alarms::Step(const Readings& readings, const Nominals& nominals, double seconds, Instant now, EventLog& log) {
     for (std::size_t i = 0; i < kDefinitions.size(); ++i) {
         const AlarmDefinition& definition = kDefinitions[i];
         State& state = m_states[i];
         const double value = readings[definition.quantity];
-        const double unit = ReferenceValue(definition.reference, settings);
+        const double unit = ReferenceValue(definition.reference, nominals);
         const double limit = unit * (state.on ? definition.dropout : definition.pickup);
         const bool beyond = state.enabled && !std::isnan(value) && IsBeyond(definition.compare, value, limit);
         if (state.on && !beyond) {

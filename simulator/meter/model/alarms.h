@@ -52,7 +52,7 @@ public:
     Alarms();
 
     /// Compares the readings that held for `seconds` up to `now` with the limits.
-    void Step(const Readings& readings, const Settings& settings, double seconds, Instant now, EventLog& log);
+    void Step(const Readings& readings, const Nominals& nominals, double seconds, Instant now, EventLog& log);
 
     bool IsEnabled(std::size_t definition) const { return m_states[definition].enabled; }
     /// Switches the alarm of a register. @return false when no alarm has that register

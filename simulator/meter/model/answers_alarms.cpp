@@ -10,7 +10,7 @@ constexpr auto kPriorityNames = std::to_array<std::string_view>({"", "Low", "Med
 
 AlarmEntry EntryOf(const Meter& meter, const Occurrence& occurrence) {
     const AlarmDefinition& definition = AlarmDefinitions()[occurrence.definition];
-    const Clock clock = meter.GetSettings().ClockSettings();
+    const Clock& clock = meter.GetClock();
     const ValueText value = Format(occurrence.value, definition.unit, meter.GetSettings().NumberSettings());
     AlarmEntry entry{};
     PutText(entry.name, definition.name);
@@ -81,7 +81,7 @@ void GetSettableAlarms(Meter& meter, const Request& request, std::span<std::byte
 
 void GetEventLogData(Meter& meter, const Request& request, std::span<std::byte> reply) {
     const EventLog& log = meter.GetEventLog();
-    const Clock clock = meter.GetSettings().ClockSettings();
+    const Clock& clock = meter.GetClock();
     const std::size_t first = request.words[0];
     for (std::size_t i = 0; i < request.words[1] && first + i < log.Count(); ++i) {
         const Event& event = log.At(first + i);

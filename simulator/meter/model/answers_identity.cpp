@@ -59,7 +59,7 @@ void VerifyPassword(Meter& meter, const Request& request, std::span<std::byte> r
 }
 
 void GetDateTime(Meter& meter, const Request&, std::span<std::byte> reply) {
-    const Clock clock = meter.GetSettings().ClockSettings();
+    const Clock& clock = meter.GetClock();
     DateTimeStrings strings{};
     PutText(strings.date, clock.DateText(meter.Now()));
     PutText(strings.time, clock.TimeText(meter.Now()));
@@ -67,7 +67,11 @@ void GetDateTime(Meter& meter, const Request&, std::span<std::byte> reply) {
 }
 
 void SetAltMode(Meter& meter, const Request& request, std::span<std::byte> reply) {
-    meter.altMode = request.words[0] == 0 ? 0 : 1;
+    const std::uint32_t wanted = request.words[0] == 0 ? 0 : 1;
+    if (wanted != meter.altMode)
+        meter.GetEventLog().Add(meter.Now(), kFrontPanelModule,
+                                wanted == 1 ? "Alternate mode entered" : "Alternate mode left");
+    meter.altMode = wanted;
     PutWord(reply, kModeAccepted);
 }
 

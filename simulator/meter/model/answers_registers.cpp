@@ -37,7 +37,7 @@ RegisterValue RegisterRecord(const Meter& meter, std::uint32_t id) {
     PutText(record.value, text->value);
     PutText(record.unit, text->unit);
     if (text->when) {
-        const Clock clock = meter.GetSettings().ClockSettings();
+        const Clock& clock = meter.GetClock();
         PutText(record.date, clock.DateText(*text->when));
         PutText(record.time, clock.TimeText(*text->when));
     }

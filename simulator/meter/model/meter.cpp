@@ -82,6 +82,7 @@ Meter::Meter(std::uint64_t seed, Instant start)
       m_scenario(FindScenario("normal")),
       m_connectionId(static_cast<std::uint32_t>(seed * 2654435761U) | 1U) {
     for (const OpeningBalance& balance : kOpeningBalances) m_readings[balance.quantity] = balance.value;
+    TakeSettings();
     LiveThroughHistory();
 }
 
@@ -113,17 +114,16 @@ void Meter::Advance(std::int64_t milliseconds) {
 void Meter::Step(std::int64_t milliseconds, const Disturbance& disturbance) {
     m_now += milliseconds;
     const double seconds = static_cast<double>(milliseconds) / 1000.0;
-    const Clock clock = m_settings.ClockSettings();
-    Connection connection = m_settings.ConnectionSettings();
+    Connection connection = m_connection;
     if (m_scenario->delta) connection.wiring = Wiring::Delta;
 
-    m_network.Step(seconds, clock.TimeOfDay(m_now), connection, disturbance);
+    m_network.Step(seconds, m_clock.TimeOfDay(m_now), connection, disturbance);
     Measure(m_network, connection, m_readings);
-    AddEnergy(seconds, TariffAt(clock.LocalTime(m_now)), m_readings);
+    AddEnergy(seconds, TariffAt(m_clock.LocalTime(m_now)), m_readings);
     m_demand.Step(seconds, m_readings);
-    m_quality.Step(seconds, m_network, connection.nominalFrequency, m_settings.NominalVoltage(), m_readings);
+    m_quality.Step(seconds, m_network, m_nominals.frequency, m_nominals.voltage, m_readings);
     m_statistics.Add(m_readings, seconds, m_now);
-    m_alarms.Step(m_readings, m_settings, seconds, m_now, m_log);
+    m_alarms.Step(m_readings, m_nominals, seconds, m_now, m_log);
     m_io.Step(seconds, m_readings, m_alarms.GlobalStatus());
 }
 
@@ -165,7 +165,14 @@ std::optional<std::string_view> Meter::Write(std::uint32_t id, std::string_view 
     return std::nullopt;
 }
 
+void Meter::TakeSettings() {
+    m_connection = m_settings.ConnectionSettings();
+    m_clock = m_settings.ClockSettings();
+    m_nominals = m_settings.NominalValues();
+}
+
 void Meter::Apply(const Register& target) {
+    TakeSettings();
     if (target.kind == Kind::Reset) Clear(target.reset);
     const auto command = std::ranges::find(kCommands, target.id, &CommandRow::id);
     if (command == kCommands.end()) return;
@@ -196,11 +203,11 @@ std::optional<RegisterText> Meter::Read(std::uint32_t id) const {
     if (row->kind == Kind::Reading) return ReadingText(*row);
     if (id == reg::kWiring && m_scenario->delta) return RegisterText{row->label, "DELTA", {}, std::nullopt};
     if (id == reg::kActiveRate) {
-        const Tariff tariff = TariffAt(m_settings.ClockSettings().LocalTime(m_now));
+        const Tariff tariff = TariffAt(m_clock.LocalTime(m_now));
         return RegisterText{row->label, std::string(1, "ABCD"[static_cast<std::size_t>(tariff)]), {}, std::nullopt};
     }
     if (id == reg::kNextRateChange) {
-        const int hour = NextTariffHour(m_settings.ClockSettings().LocalTime(m_now)) % 24;
+        const int hour = NextTariffHour(m_clock.LocalTime(m_now)) % 24;
         return RegisterText{row->label, (hour < 10 ? "0" : "") + std::to_string(hour) + ":00", {}, std::nullopt};
     }
     const std::string_view unit = row->kind == Kind::Number ? Format(0.0, row->unit, {}).unit : std::string_view();

@@ -80,6 +80,7 @@ public:
 
     const Network& GetNetwork() const { return m_network; }
     const Settings& GetSettings() const { return m_settings; }
+    const Clock& GetClock() const { return m_clock; }
     const Statistics& GetStatistics() const { return m_statistics; }
     Alarms& GetAlarms() { return m_alarms; }
     EventLog& GetEventLog() { return m_log; }
@@ -95,6 +96,7 @@ private:
     void LiveThroughHistory();
     void Step(std::int64_t milliseconds, const Disturbance& disturbance);
     void Apply(const Register& target);
+    void TakeSettings();
     void Clear(ResetScope scope);
     void Queue(std::string_view operation, std::uint32_t value) { m_commands.push_back({operation, value}); }
     RegisterText ReadingText(const Register& row) const;
@@ -102,6 +104,9 @@ private:
     Instant m_now;
     std::int64_t m_pending = 0;  // milliseconds not yet simulated
     Settings m_settings;
+    Connection m_connection;  // what the settings come to, taken anew after each change
+    Clock m_clock;
+    Nominals m_nominals;
     Network m_network;
     Readings m_readings;
     Demand m_demand;

@@ -101,6 +101,12 @@ Connection Settings::ConnectionSettings() const {
                                 sign(reg::kPolarityI4)}};
 }
 
+Nominals Settings::NominalValues() const {
+    return {.voltage = Number(reg::kNominalVoltage),
+            .current = Number(reg::kNominalCurrent),
+            .frequency = Number(reg::kNominalFrequency)};
+}
+
 Clock Settings::ClockSettings() const {
     return {.zoneSeconds = static_cast<std::int32_t>(Number(reg::kTimeZone)),
             .daylightSeconds = static_cast<std::int32_t>(Number(reg::kDaylightSaving)),

@@ -14,6 +14,13 @@
 /// What the user has set: the texts of all registers that can be set, and what they mean to the model.
 namespace meter {
 
+/// What limits and voltage quality refer to.
+struct Nominals {
+    double voltage = 230.0;  // V to neutral
+    double current = 250.0;  // A
+    double frequency = 50.0;
+};
+
 class Settings {
 public:
     Settings();
@@ -34,8 +41,7 @@ public:
     Connection ConnectionSettings() const;
     Clock ClockSettings() const;
     NumberStyle NumberSettings() const;
-    /// V to neutral to which limits and voltage quality refer.
-    double NominalVoltage() const { return Number(reg::kNominalVoltage); }
+    Nominals NominalValues() const;
 
 private:
     std::map<std::uint16_t, std::string> m_texts;
