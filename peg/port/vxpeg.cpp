@@ -24,7 +24,7 @@ constexpr int kTimerWaits = 100;
 constexpr int kTimerWaitTicks = 10;
 
 ResourceLoaderHook resourceLoaderHook = nullptr;
-std::atomic<os::MessageQueueId> theQueue = nullptr;  // written once, by PegInitialize
+std::atomic<os::MessageQueueId> theQueue = nullptr;  // written before any other task asks for it
 timer_t theTickTimer{};                              // written once, by the display timers task
 enum class TickTimer { Awaited, There, Missing };
 std::atomic<TickTimer> tickTimerState = TickTimer::Awaited;  // tells that the timer above has been written
@@ -60,7 +60,7 @@ void ArmTickTimer() {
 int PegTaskMain(os::TaskArgument) {
     tickPending = false;
     std::printf("\n\nEntering PegTaskMain() Display code...\n\n");
-    PegToolkitObjects objects(RectOf(0, 0, kPanelWidth - 1, kPanelHeight - 1), theQueue);
+    PegToolkitObjects objects(std::make_unique<PegWinScreen>(kPanelWidth, kPanelHeight), theQueue);
     static_cast<void>(callResourceLoaderHook(reinterpret_cast<std::intptr_t>(toolkit.manager)));
     ArmTickTimer();
     std::printf("\n\nStarting Display code...\n\n");
@@ -115,10 +115,12 @@ void postToolkitTick() {
     if (PegMessageQueue::EnqueueTaskMessage(tick, theQueue) == 0) tickPending = false;
 }
 
-PegToolkitObjects::PegToolkitObjects(const PegRect& screen, os::MessageQueueId queue) {
-    toolkit.screen = new PegWinScreen(screen.Width(), screen.Height());
+PegToolkitObjects::PegToolkitObjects(std::unique_ptr<PegScreen> screen, os::MessageQueueId queue) {
+    theQueue = queue;
+    toolkit.screen = screen.release();
     toolkit.queue = new PegMessageQueue(queue, TickTaken);
-    toolkit.manager = new PegPresentationManager(screen);
+    toolkit.manager =
+        new PegPresentationManager(RectOf(0, 0, toolkit.screen->Width() - 1, toolkit.screen->Height() - 1));
     toolkit.timers = new PegTimerList;
     PegResources::SetListener(TellThings);
 }
