@@ -207,8 +207,9 @@ std::optional<RegisterText> Meter::Read(std::uint32_t id) const {
         return RegisterText{row->label, std::string(1, "ABCD"[static_cast<std::size_t>(tariff)]), {}, std::nullopt};
     }
     if (id == reg::kNextRateChange) {
-        const int hour = NextTariffHour(m_clock.LocalTime(m_now)) % 24;
-        return RegisterText{row->label, (hour < 10 ? "0" : "") + std::to_string(hour) + ":00", {}, std::nullopt};
+        std::string text = std::to_string(NextTariffHour(m_clock.LocalTime(m_now)) % 24) + ":00";
+        if (text.size() < 5) text.insert(0, 1, '0');
+        return RegisterText{row->label, std::move(text), {}, std::nullopt};
     }
     const std::string_view unit = row->kind == Kind::Number ? Format(0.0, row->unit, {}).unit : std::string_view();
     return RegisterText{row->label, std::string(m_settings.Text(row->id)), unit, std::nullopt};
