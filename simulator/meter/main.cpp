@@ -13,6 +13,7 @@
 #include "simulator/meter/link/display_link.h"
 #include "simulator/meter/link/meter_server.h"
 #include "simulator/meter/model/meter.h"
+#include "simulator/meter/model/texts.h"
 
 namespace {
 
@@ -88,6 +89,7 @@ int Run(const Options& options) {
 int main(int argc, char** argv) {
     Options options;
     bool list = false;
+    bool texts = false;
     CLI::App app("Plays the meter for the integrated display.");
     app.add_option("--seed", options.seed, "Seed of everything random; the same seed gives the same run");
     app.add_option("--start", options.start, "Start of the simulated time in seconds since 1970 (default: now)");
@@ -97,9 +99,14 @@ int main(int argc, char** argv) {
     app.add_option("--language", options.language, "Language of the display, 0 to 5");
     app.add_option("--control", options.control, "Path of a Unix-domain socket that takes commands");
     app.add_flag("--list-scenarios", list, "Print the scenarios and end");
+    app.add_flag("--list-texts", texts, "Print every text that the meter may send and end");
     CLI11_PARSE(app, argc, argv);
     if (list) {
         ListScenarios();
+        return 0;
+    }
+    if (texts) {
+        for (std::string_view text : meter::texts::All()) std::puts(std::string(text).c_str());
         return 0;
     }
     std::signal(SIGINT, [](int) { stopRequested = 1; });
