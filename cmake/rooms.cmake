@@ -9,7 +9,8 @@ if(DISPLAY_SANITIZERS)
     target_compile_options(project_options INTERFACE -fsanitize=${DISPLAY_SANITIZERS} -fno-omit-frame-pointer)
     target_link_options(project_options INTERFACE -fsanitize=${DISPLAY_SANITIZERS})
     if(DISPLAY_SANITIZERS MATCHES undefined)
-        target_compile_options(project_options INTERFACE -fno-sanitize-recover=undefined)
+        # The check of dynamic types needs the type information that the display does without.
+        target_compile_options(project_options INTERFACE -fno-sanitize-recover=undefined -fno-sanitize=vptr)
     endif()
 endif()
 

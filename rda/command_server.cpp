@@ -147,7 +147,7 @@ void registerDisplayCommands(RdaServer& server, const DisplayCommands& commands)
 
 int commandServerTask(os::TaskArgument commands) {
     std::printf("\n\nStarting Display Server to receive commands from the meter\n");
-    static RdaServer server;  // too large for the task's stack
+    static RdaServer& server = *new RdaServer;  // too large for the stack, and in use until the process ends
     registerDisplayCommands(server, *reinterpret_cast<const DisplayCommands*>(commands));
     server.serve(rda::kDisplayPort, rda::kLocalAddress, 1, 0);
     return 0;

@@ -94,7 +94,7 @@ void L16Screen::PaintBitmap(const PegRect& area, PegPoint topLeft, const PegBitm
     const Painter painter(bitmap);
     for (int y = area.top; y <= area.bottom; ++y) {
         const std::ptrdiff_t first = static_cast<std::ptrdiff_t>(y - topLeft.y) * bitmap.width + area.left - topLeft.x;
-        std::uint16_t* to = Row(y) + area.left;
+        std::uint16_t* to = RowAt(y) + area.left;
         switch (bitmap.bitsPerPixel) {
             case 8: painter.Copy(to, bitmap.Bytes() + first, area.Width()); break;
             case 16: painter.Copy(to, bitmap.data + first, area.Width()); break;
@@ -108,7 +108,7 @@ void L16Screen::PaintRunLength(const PegRect& area, PegPoint topLeft, const PegB
     PegRect part = area;
     part.Shift(-topLeft.x, -topLeft.y);
     const auto copy = [&](int row, int column, const auto* from, int count, bool repeated) {
-        std::uint16_t* to = Row(topLeft.y + row) + topLeft.x + column;
+        std::uint16_t* to = RowAt(topLeft.y + row) + topLeft.x + column;
         if (repeated) {
             painter.Repeat(to, from, count);
         } else {
@@ -116,7 +116,7 @@ void L16Screen::PaintRunLength(const PegRect& area, PegPoint topLeft, const PegB
         }
     };
     const auto blend = [&](int row, int column, const std::uint16_t* from, int count, bool repeated) {
-        std::uint16_t* to = Row(topLeft.y + row) + topLeft.x + column;
+        std::uint16_t* to = RowAt(topLeft.y + row) + topLeft.x + column;
         if (repeated) {
             painter.BlendRepeat(to, from, count);
         } else {

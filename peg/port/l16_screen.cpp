@@ -18,8 +18,8 @@ PegBitmap L16Screen::ScreenBitmap(int width, int height) {
 void L16Screen::FillArea(const PegRect& area, std::uint16_t color) {
     // Rows as wide as the frame follow each other without a gap.
     if (area.Width() == Width()) {
-        std::fill_n(Row(area.top), area.Height() * Width(), color);
+        std::fill_n(RowAt(area.top), area.Height() * Width(), color);
         return;
     }
-    for (int y = area.top; y <= area.bottom; ++y) std::fill_n(Row(y) + area.left, area.Width(), color);
+    for (int y = area.top; y <= area.bottom; ++y) std::fill_n(RowAt(y) + area.left, area.Width(), color);
 }

@@ -22,7 +22,7 @@ protected:
                    const PegFont& font) override;
 
 private:
-    std::uint16_t* Row(int y) { return m_frame.get() + y * Width(); }
+    std::uint16_t* RowAt(int y) { return m_frame.get() + y * Width(); }
     void PaintRunLength(const PegRect& area, PegPoint topLeft, const PegBitmap& bitmap);
 
     std::unique_ptr<std::uint16_t[]> m_frame;

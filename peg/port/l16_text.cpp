@@ -51,9 +51,9 @@ void L16Screen::PaintText(const PegRect& area, PegPoint topLeft, std::u16string_
         const std::uint8_t* row = page->glyphs + (top - topLeft.y) * page->bytesPerRow;
         for (int y = top; y <= bottom; ++y, row += page->bytesPerRow) {
             if (fourBits) {
-                PaintFourBitRow(Row(y) + span.x, row, span, ramp);
+                PaintFourBitRow(RowAt(y) + span.x, row, span, ramp);
             } else {
-                PaintOneBitRow(Row(y) + span.x, row, span, brush.foreground);
+                PaintOneBitRow(RowAt(y) + span.x, row, span, brush.foreground);
             }
         }
     }

@@ -23,8 +23,8 @@ int PegInitialize();
 /// The queue that carries messages into the toolkit task; null when it could not be created.
 os::MessageQueueId toolkitQueueId();
 
-/// Names the timer that drives the toolkit's tick; PegTaskMain arms it.
-void setTickTimer(timer_t timer);
+/// Names the timer that drives the toolkit's tick, or null when there is none; PegTaskMain waits for this and arms it.
+void setTickTimer(const timer_t* timer);
 
 /// Sends a tick unless one is waiting already. Called from the tick timer's signal handler.
 void postToolkitTick();

@@ -1,0 +1,107 @@
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <array>
+
+#include "rda/tcp_acceptor.h"
+#include "rda/tcp_connector.h"
+#include "tests/rda/loopback.h"
+
+namespace {
+
+constexpr const char* kHere = "127.0.0.1";
+using Buffer = std::array<std::uint8_t, 100>;
+
+TEST(TcpStream, GivesWhatIsThereAndKnowsSilenceFromAnEnd) {
+    Listener listener;
+    vxTCPConnector connector;
+    vxTCPStream& stream = connector.stream();
+    EXPECT_FALSE(stream.isConnected());
+    ASSERT_EQ(connector.connect(kHere, listener.port(), 2), 0);
+    EXPECT_TRUE(stream.isConnected());
+    EXPECT_EQ(stream.peerPort(), listener.port());
+    EXPECT_STREQ(stream.peerAddress(), kHere);
+
+    Peer peer = listener.Accept();
+    Buffer buffer{};
+    peer.Send(CountingBytes(30));
+    EXPECT_EQ(stream.receive(buffer.data(), buffer.size()), 30);
+    EXPECT_EQ(buffer[29], 29);
+    EXPECT_EQ(stream.receive(buffer.data(), buffer.size(), 1), 0) << "silence for a second";
+    EXPECT_EQ(stream.send(buffer.data(), 30), 30);
+    EXPECT_EQ(peer.Receive(30), CountingBytes(30));
+    peer.Close();
+    EXPECT_EQ(stream.receive(buffer.data(), buffer.size()), -1);
+    EXPECT_EQ(stream.receive(buffer.data(), buffer.size(), 1), -1);
+
+    stream.close();
+    stream.close();
+    EXPECT_FALSE(stream.isConnected());
+    EXPECT_EQ(stream.peerPort(), 0);
+    EXPECT_STREQ(stream.peerAddress(), "");
+    EXPECT_EQ(stream.send(buffer.data(), 1), -1);
+    EXPECT_EQ(stream.receive(buffer.data(), 1, 1), -1);
+}
+
+TEST(TcpConnector, FailsWithAClosedStreamWhereNobodyListensOrTheAddressMeansNothing) {
+    vxTCPConnector connector;
+    EXPECT_NE(connector.connect(kHere, UnusedPort(), 2), 0);
+    EXPECT_FALSE(connector.stream().isConnected());
+
+    testing::internal::CaptureStdout();
+    testing::internal::CaptureStderr();
+    EXPECT_EQ(connector.connect("localhost", 1, 2), -1);
+    EXPECT_EQ(testing::internal::GetCapturedStderr().substr(0, 12), "inet_pton():");
+    EXPECT_EQ(testing::internal::GetCapturedStdout(), "vxTCPConnector::connect: Error: could not create socket...\n\n");
+    EXPECT_FALSE(connector.stream().isConnected());
+}
+
+TEST(TcpConnector, HangsUpBeforeItConnectsAnew) {
+    Listener listener;
+    vxTCPConnector connector;
+    ASSERT_EQ(connector.connect(kHere, listener.port(), 2), 0);
+    Peer first = listener.Accept();
+    ASSERT_EQ(connector.connect(kHere, listener.port(), 2), 0);
+    EXPECT_TRUE(first.IsClosedByOther());
+}
+
+TEST(TcpAcceptor, AcceptsAndResetsAndStopsOnce) {
+    const std::uint16_t port = UnusedPort();
+    vxTCPAcceptor acceptor;
+    acceptor.init(port, kHere);
+    EXPECT_FALSE(acceptor.accept(1)->isConnected()) << "not listening yet";
+    ASSERT_EQ(acceptor.start(), 0);
+    EXPECT_EQ(acceptor.start(), 0);
+    EXPECT_FALSE(acceptor.accept(1)->isConnected()) << "nobody came";
+
+    Peer client = Peer::ConnectTo(port);
+    vxTCPStream* stream = acceptor.accept(0);
+    ASSERT_TRUE(stream->isConnected());
+    EXPECT_STREQ(stream->peerAddress(), kHere);
+    stream->close();
+    EXPECT_TRUE(client.IsClosedByOther());
+
+    testing::internal::CaptureStdout();
+    acceptor.stop();
+    acceptor.stop();
+    const std::string printed = testing::internal::GetCapturedStdout();
+    EXPECT_EQ(printed.find("vxTCPAcceptor::stop: Shutting down socket: m_lsd="), 0U);
+    EXPECT_EQ(std::count(printed.begin(), printed.end(), '\n'), 1);
+    EXPECT_EQ(acceptor.start(), 0) << "it can start again";
+}
+
+TEST(TcpAcceptor, ReportsAPortInUseAndStartsOnceItIsFree) {
+    testing::internal::CaptureStderr();
+    vxTCPAcceptor acceptor;
+    {
+        Listener listener;
+        acceptor.init(listener.port(), kHere);
+        EXPECT_NE(acceptor.start(), 0);
+    }
+    EXPECT_EQ(testing::internal::GetCapturedStderr().substr(0, 14), "bind() failed:");
+    EXPECT_EQ(acceptor.start(), 0);
+    acceptor.init(1, "not an address");
+    EXPECT_NE(acceptor.start(), 0) << "it must not listen on every address instead";
+}
+
+}  // namespace
