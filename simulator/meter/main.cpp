@@ -3,6 +3,7 @@
 #include <csignal>
 #include <cstdio>
 #include <exception>
+#include <fstream>
 #include <memory>
 #include <string>
 #include <vector>
@@ -12,7 +13,9 @@
 #include "simulator/meter/link/control_socket.h"
 #include "simulator/meter/link/display_link.h"
 #include "simulator/meter/link/meter_server.h"
+#include "simulator/meter/link/script.h"
 #include "simulator/meter/model/meter.h"
+#include "simulator/meter/model/texts.h"
 
 namespace {
 
@@ -30,12 +33,20 @@ struct Options {
     std::uint16_t commandPort = rda::kDisplayPort;
     int language = -1;
     std::string control;
+    std::string script;
 };
 
 meter::Instant StartOf(const Options& options) {
     if (options.start != 0) return options.start * meter::kSecond;
     return std::chrono::duration_cast<std::chrono::milliseconds>(std::chrono::system_clock::now().time_since_epoch())
         .count();
+}
+
+meter::Script LoadScript(const std::string& path) {
+    if (path.empty()) return {};
+    std::ifstream file(path);
+    if (!file) throw std::runtime_error("cannot read " + path);
+    return meter::Script(file);
 }
 
 void ListScenarios() {
@@ -65,13 +76,18 @@ int Run(const Options& options) {
                 static_cast<unsigned long long>(options.seed));
     std::fflush(stdout);
 
+    meter::Script script = LoadScript(options.script);
     std::vector<pollfd> polled;
-    auto last = steady_clock::now();
+    const auto start = steady_clock::now();
+    auto last = start;
     while (stopRequested == 0) {
         const auto now = steady_clock::now();
         const auto passed = std::chrono::duration_cast<std::chrono::milliseconds>(now - last);
         last += passed;
         theMeter.Advance(passed.count());
+        for (const std::string& line :
+             script.TakeDue(std::chrono::ceil<std::chrono::milliseconds>(now - start).count()))
+            std::printf("%s -> %s\n", line.c_str(), console.Execute(line).c_str());
         const int wait = server.Serve(now);
         if (control) control->Serve();
         console.PassOnSettings();
@@ -88,6 +104,7 @@ int Run(const Options& options) {
 int main(int argc, char** argv) {
     Options options;
     bool list = false;
+    bool texts = false;
     CLI::App app("Plays the meter for the integrated display.");
     app.add_option("--seed", options.seed, "Seed of everything random; the same seed gives the same run");
     app.add_option("--start", options.start, "Start of the simulated time in seconds since 1970 (default: now)");
@@ -95,11 +112,17 @@ int main(int argc, char** argv) {
     app.add_option("--port", options.port, "Port on which the meter is called");
     app.add_option("--command-port", options.commandPort, "Port on which the display is commanded");
     app.add_option("--language", options.language, "Language of the display, 0 to 5");
+    app.add_option("--script", options.script, "File of control lines, each after the second at which it is due");
     app.add_option("--control", options.control, "Path of a Unix-domain socket that takes commands");
     app.add_flag("--list-scenarios", list, "Print the scenarios and end");
+    app.add_flag("--list-texts", texts, "Print every text that the meter may send and end");
     CLI11_PARSE(app, argc, argv);
     if (list) {
         ListScenarios();
+        return 0;
+    }
+    if (texts) {
+        for (std::string_view text : meter::texts::All()) std::puts(std::string(text).c_str());
         return 0;
     }
     std::signal(SIGINT, [](int) { stopRequested = 1; });

@@ -48,6 +48,20 @@ TEST_F(Scenes, ASagRaisesAlarmsThatEndWithIt) {
     EXPECT_FALSE(TextIn(newest.endTime).empty());
 }
 
+TEST_F(Scenes, AnAlarmWaitsForItsDelay) {
+    m_meter.Play(*FindScenario("sag"));
+    m_meter.Advance(5'000);
+    EXPECT_TRUE(IsActive("Voltage sag L2"));
+    EXPECT_FALSE(IsActive("Undervoltage L2"));
+    m_meter.Play(*FindScenario("normal"));
+    m_meter.Advance(1'000);
+    m_meter.Play(*FindScenario("sag"));
+    m_meter.Advance(8'000);
+    EXPECT_FALSE(IsActive("Undervoltage L2")) << "the delay starts anew";
+    m_meter.Advance(3'000);
+    EXPECT_TRUE(IsActive("Undervoltage L2"));
+}
+
 TEST_F(Scenes, EachSituationShowsInWhatIsMeasured) {
     Play("swell");
     EXPECT_TRUE(IsActive("Voltage swell L1"));

@@ -5,6 +5,8 @@
 #include <cmath>
 #include <numbers>
 
+#include "simulator/meter/model/texts.h"
+
 namespace meter {
 namespace {
 
@@ -48,6 +50,8 @@ constexpr auto kDefinitions = std::to_array<AlarmDefinition>({
     {4030, "Underfrequency",      3, Frequency,        Unit::Hertz,   Below, NominalFrequency, 0.99,  0.995,  1, true},
 });
 
+constexpr auto kPriorityNames = std::to_array<std::string_view>({"", "Low", "Medium", "High"});
+
 // Global alarm status by priority of the gravest active alarm, and whether one of that priority waits for its
 // acknowledgement.
 struct StatusRow {
@@ -74,6 +78,8 @@ bool IsBeyond(Compare compare, double value, double limit) { return compare == A
 
 std::span<const AlarmDefinition> AlarmDefinitions() { return kDefinitions; }
 
+std::string_view PriorityName(std::uint16_t priority) { return kPriorityNames[priority]; }
+
 Alarms::Alarms() {
     for (const AlarmDefinition& definition : kDefinitions) m_states.push_back({.enabled = definition.enabled});
 }
@@ -88,7 +94,7 @@ void Alarms::Step(const Readings& readings, const Nominals& nominals, double sec
         const bool beyond = state.enabled && !std::isnan(value) && IsBeyond(definition.compare, value, limit);
         if (state.on && !beyond) {
             End(i, now);
-            log.Add(now, definition.name, "Alarm ended");
+            log.Add(now, definition.name, texts::kAlarmEnded);
         }
         if (state.on) {
             Occurrence* running = Running(i);
@@ -102,7 +108,7 @@ void Alarms::Step(const Readings& readings, const Nominals& nominals, double sec
         state.heldSeconds += seconds;
         if (state.heldSeconds < definition.delaySeconds) continue;
         Begin(i, value, now);
-        log.Add(now, definition.name, "Alarm started");
+        log.Add(now, definition.name, texts::kAlarmStarted);
     }
 }
 

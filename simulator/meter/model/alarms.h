@@ -36,6 +36,9 @@ struct AlarmDefinition {
 
 std::span<const AlarmDefinition> AlarmDefinitions();
 
+/// What alarm lists call a priority of 1 to 3.
+std::string_view PriorityName(std::uint16_t priority);
+
 /// One time that an alarm was on.
 struct Occurrence {
     std::size_t definition;

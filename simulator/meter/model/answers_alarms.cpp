@@ -6,15 +6,13 @@ namespace {
 
 using Occurrences = std::vector<const Occurrence*>;
 
-constexpr auto kPriorityNames = std::to_array<std::string_view>({"", "Low", "Medium", "High"});
-
 AlarmEntry EntryOf(const Meter& meter, const Occurrence& occurrence) {
     const AlarmDefinition& definition = AlarmDefinitions()[occurrence.definition];
     const Clock& clock = meter.GetClock();
     const ValueText value = Format(occurrence.value, definition.unit, meter.GetSettings().NumberSettings());
     AlarmEntry entry{};
     PutText(entry.name, definition.name);
-    PutText(entry.qualifier, kPriorityNames[definition.priority]);
+    PutText(entry.qualifier, PriorityName(definition.priority));
     PutText(entry.startDate, clock.DateText(occurrence.start));
     PutText(entry.startTime, clock.PreciseTimeText(occurrence.start));
     PutText(entry.value, value.unit.empty() ? value.value : value.value + " " + std::string(value.unit));

@@ -1,5 +1,6 @@
 #include "rda/records.h"
 #include "simulator/meter/model/answers.h"
+#include "simulator/meter/model/texts.h"
 
 namespace meter {
 namespace {
@@ -54,7 +55,7 @@ void GetNameplate(Meter& meter, const Request&, std::span<std::byte> reply) {
 void VerifyPassword(Meter& meter, const Request& request, std::span<std::byte> reply) {
     const Verdict verdict = meter.GetSecurity().LogIn(request.texts[0], request.texts[1]);
     meter.GetEventLog().Add(meter.Now(), kFrontPanelModule,
-                            verdict == Verdict::Accepted ? "Login accepted" : "Login refused");
+                            verdict == Verdict::Accepted ? texts::kLoginAccepted : texts::kLoginRefused);
     PutWord(reply, static_cast<std::uint32_t>(verdict));
 }
 
@@ -70,7 +71,7 @@ void SetAltMode(Meter& meter, const Request& request, std::span<std::byte> reply
     const std::uint32_t wanted = request.words[0] == 0 ? 0 : 1;
     if (wanted != meter.altMode)
         meter.GetEventLog().Add(meter.Now(), kFrontPanelModule,
-                                wanted == 1 ? "Alternate mode entered" : "Alternate mode left");
+                                wanted == 1 ? texts::kAltModeEntered : texts::kAltModeLeft);
     meter.altMode = wanted;
     PutWord(reply, kModeAccepted);
 }
@@ -79,14 +80,15 @@ void SetTestMode(Meter& meter, const Request& request, std::span<std::byte> repl
     const std::uint32_t wanted = request.words[0] == 0 ? 0 : 1;
     if (meter.HasHardwareLock() && wanted != meter.testMode) return PutWord(reply, kModeRefused);
     if (wanted != meter.testMode)
-        meter.GetEventLog().Add(meter.Now(), kFrontPanelModule, wanted == 1 ? "Test mode entered" : "Test mode left");
+        meter.GetEventLog().Add(meter.Now(), kFrontPanelModule,
+                                wanted == 1 ? texts::kTestModeEntered : texts::kTestModeLeft);
     meter.testMode = wanted;
     PutWord(reply, kModeAccepted);
 }
 
 void SetFactoryTestResult(Meter& meter, const Request& request, std::span<std::byte>) {
     meter.GetEventLog().Add(meter.Now(), kFactoryModule,
-                            request.words[0] == 0 ? "Display test passed" : "Display test failed");
+                            request.words[0] == 0 ? texts::kDisplayTestPassed : texts::kDisplayTestFailed);
 }
 
 }  // namespace meter

@@ -12,27 +12,12 @@ using enum Quantity;
 constexpr double kVoltageArrow = 1000.0;  // longest voltage arrow
 constexpr double kCurrentArrow = 760.0;   // longest current arrow, in the same unit
 
-// clang-format off
-constexpr auto kChannelNames = std::to_array<std::string_view>({"V1", "V2", "V3", "V4", "I1", "I2", "I3", "I4"});
-constexpr auto kLineNames = std::to_array<std::string_view>({"V12", "V23", "V31"});
-
-// Short names of what bars show.
-struct SymbolRow {
-    Quantity quantity;
-    std::string_view symbol;
-};
-constexpr auto kSymbols = std::to_array<SymbolRow>({
-    {Frequency, "f"},          {VoltageL1, "V1"},          {VoltageL2, "V2"},        {VoltageL3, "V3"},
-    {VoltageLnAverage, "V LN"}, {VoltageL12, "V12"},       {VoltageL23, "V23"},      {VoltageL31, "V31"},
-    {VoltageLlAverage, "V LL"}, {VoltageNeutral, "V4"},    {CurrentL1, "I1"},        {CurrentL2, "I2"},
-    {CurrentL3, "I3"},         {CurrentAverage, "I avg"},  {CurrentNeutral, "I4"},   {ActiveTotal, "P"},
-    {ReactiveTotal, "Q"},      {ApparentTotal, "S"},
-});
-// clang-format on
+constexpr auto kChannelQuantities = std::to_array<Quantity>(
+    {VoltageL1, VoltageL2, VoltageL3, VoltageNeutral, CurrentL1, CurrentL2, CurrentL3, CurrentNeutral});
 
 std::string_view SymbolOf(const Register& row) {
-    const auto found = std::ranges::find(kSymbols, row.quantity, &SymbolRow::quantity);
-    return found != kSymbols.end() ? found->symbol : row.label;
+    const std::string_view symbol = Symbol(row.quantity);
+    return symbol.empty() ? row.label : symbol;
 }
 
 std::string WithUnit(const ValueText& text) { return text.value + " " + std::string(text.unit); }
@@ -53,10 +38,10 @@ std::array<Arrow, kChannelCount> ArrowsOf(const Meter& meter) {
     for (std::size_t i = 0; i < kChannelCount; ++i) {
         const auto channel = static_cast<Channel>(i);
         const bool voltage = channel <= Channel::V4;
-        arrows[i] = {kChannelNames[i], network.At(channel), voltage ? Unit::Volt : Unit::Ampere};
+        arrows[i] = {Symbol(kChannelQuantities[i]), network.At(channel), voltage ? Unit::Volt : Unit::Ampere};
         if (delta && i < kPhaseCount)
-            arrows[i] = {kLineNames[i], network.At(channel) - network.At(static_cast<Channel>((i + 1) % kPhaseCount)),
-                         Unit::Volt};
+            arrows[i] = {Symbol(At(VoltageL12, i)),
+                         network.At(channel) - network.At(static_cast<Channel>((i + 1) % kPhaseCount)), Unit::Volt};
     }
     return arrows;
 }

@@ -1,5 +1,6 @@
 #include "rda/records.h"
 #include "simulator/meter/model/answers.h"
+#include "simulator/meter/model/texts.h"
 
 namespace meter {
 namespace {
@@ -20,7 +21,7 @@ Items PutEnumerationHead(const Meter& meter, std::uint32_t id, Record& record) {
     const Items items = ItemsOf(row);
     const auto text = meter.Read(id);
     record.result.Set(items.empty() ? kNoChoice : 0);
-    PutText(record.text, items.empty() ? "The register has no choices" : row->label);
+    PutText(record.text, items.empty() ? texts::kNoChoices : row->label);
     const auto held = text ? std::ranges::find(items, std::string_view(text->value)) : items.end();
     record.current.Set(held != items.end() ? static_cast<std::uint32_t>(held - items.begin()) : 0);
     return items;
@@ -66,7 +67,7 @@ void SetRegisterValue(Meter& meter, const Request& request, std::span<std::byte>
     RegisterWriteResult record{};
     const auto refusal = meter.WriteFromPanel(request.words[0], request.texts[0]);
     record.result.Set(refusal ? 1 : 0);
-    PutText(record.text, refusal.value_or("Accepted"));
+    PutText(record.text, refusal.value_or(texts::kAccepted));
     Put(reply, record);
 }
 

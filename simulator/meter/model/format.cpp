@@ -64,6 +64,13 @@ std::string Grouped(double value, int decimals, Grouping grouping) {
     return text;
 }
 
+std::vector<std::string_view> UnitTexts() {
+    std::vector<std::string_view> units;
+    for (const UnitRow& row : kUnits)
+        for (const Scale& scale : row.scales) units.push_back(scale.unit);
+    return units;
+}
+
 ValueText Format(double value, Unit unit, const NumberStyle& style) {
     const UnitRow& row = kUnits[static_cast<std::size_t>(unit)];
     if (std::isnan(value)) return {"---", row.scales[0].unit};

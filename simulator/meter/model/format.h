@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "simulator/meter/model/quantity.h"
 
@@ -25,6 +26,9 @@ struct ValueText {
 
 /// The text of a value given in its base unit. NaN reads "---".
 ValueText Format(double value, Unit unit, const NumberStyle& style);
+
+/// All units that Format may write.
+std::vector<std::string_view> UnitTexts();
 
 /// A number with so many decimals, grouped as the style says.
 std::string Grouped(double value, int decimals, Grouping grouping);

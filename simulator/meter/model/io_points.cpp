@@ -2,8 +2,10 @@
 
 #include <algorithm>
 #include <cmath>
+#include <span>
 
 #include "simulator/meter/model/format.h"
+#include "simulator/meter/model/texts.h"
 
 namespace meter {
 namespace {
@@ -28,7 +30,7 @@ constexpr double kShedAbove = 150e3;  // W
 constexpr double kFullPower = 300e3;  // W at 20 mA
 constexpr double kFullVoltage = 500.0;
 
-std::string OnOff(bool on) { return on ? "On" : "Off"; }
+std::string OnOff(bool on) { return std::string(on ? texts::kOn : texts::kOff); }
 std::string Milliamperes(double share) {
     return Grouped(4.0 + 16.0 * std::clamp(share, 0.0, 1.0), 2, Grouping::Plain) + " mA";
 }
@@ -50,6 +52,15 @@ void IoPoints::Step(double seconds, const Readings& readings, std::uint32_t alar
     m_power = readings[Quantity::ActiveTotal];
     m_voltage = readings[Quantity::VoltageLlAverage];
     m_alarm = alarmStatus < 8;
+}
+
+std::vector<std::string_view> IoPoints::Labels() {
+    std::vector<std::string_view> labels;
+    for (const InputRow& row : kDigitalInputRows) labels.push_back(row.label);
+    for (const auto& rows :
+         {std::span<const std::string_view>(kDigitalOutputRows), {kAnalogInputRows}, {kAnalogOutputRows}})
+        labels.insert(labels.end(), rows.begin(), rows.end());
+    return labels;
 }
 
 std::size_t IoPoints::Count(IoKind kind) const {

@@ -28,6 +28,7 @@ public:
     /// Inputs change now and then, outputs and analog values follow the readings.
     void Step(double seconds, const Readings& readings, std::uint32_t alarmStatus);
 
+    static std::vector<std::string_view> Labels();
     std::size_t Count(IoKind kind) const;
     /// `index` is below Count(kind).
     IoText At(IoKind kind, std::size_t index) const;

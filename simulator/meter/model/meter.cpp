@@ -7,6 +7,7 @@
 
 #include "simulator/meter/model/measurement.h"
 #include "simulator/meter/model/operations.h"
+#include "simulator/meter/model/texts.h"
 
 namespace meter {
 namespace {
@@ -87,8 +88,8 @@ Meter::Meter(std::uint64_t seed, Instant start)
 }
 
 void Meter::LiveThroughHistory() {
-    m_log.Add(m_now, kFactoryModule, "Factory settings loaded");
-    m_log.Add(m_now, kMeterModule, "Power restored");
+    m_log.Add(m_now, kFactoryModule, texts::kFactorySettings);
+    m_log.Add(m_now, kMeterModule, texts::kPowerRestored);
     Noise noise(m_connectionId);
     const Instant end = m_now + kHistory;
     while (m_now < end) {
@@ -103,7 +104,7 @@ void Meter::LiveThroughHistory() {
         Step(kHistoryStep, dip);
     }
     m_alarms.AcknowledgeActive();
-    m_log.Add(m_now, kFrontPanelModule, "Display connected");
+    m_log.Add(m_now, kFrontPanelModule, texts::kDisplayConnected);
 }
 
 void Meter::Advance(std::int64_t milliseconds) {
@@ -139,23 +140,23 @@ void Meter::Play(const Scenario& scenario) {
 }
 
 std::optional<std::string_view> Meter::WriteFromPanel(std::uint32_t id, std::string_view text) {
-    if (HasHardwareLock()) return "The hardware lock is closed";
-    if (!m_security.IsLoggedIn()) return "Nobody is logged in";
+    if (HasHardwareLock()) return texts::kHardwareLocked;
+    if (!m_security.IsLoggedIn()) return texts::kNotLoggedIn;
     return Write(id, text, kFrontPanelModule);
 }
 
 std::optional<std::string_view> Meter::Write(std::uint32_t id, std::string_view text, std::string_view module) {
-    if (m_scenario->refuseWrites) return "The meter refuses the change";
+    if (m_scenario->refuseWrites) return texts::kRefused;
     const auto alarms = AlarmDefinitions();
     const auto alarm = std::ranges::find(alarms, id, &AlarmDefinition::registerId);
     if (alarm != alarms.end()) {
-        if (text != "Enabled" && text != "Disabled") return "Not one of the choices";
+        if (text != "Enabled" && text != "Disabled") return texts::kNotAChoice;
         m_alarms.Enable(id, text == "Enabled");
         m_log.Add(m_now, module, std::string(alarm->name) + ": " + std::string(text));
         return std::nullopt;
     }
     const Register* target = FindRegister(id);
-    if (target == nullptr) return "Unknown register";
+    if (target == nullptr) return texts::kUnknownRegister;
     if (const auto objection = Settings::Objection(*target, text)) return objection;
     m_settings.Write(*target, text);
     const bool isReset = target->kind == Kind::Reset;
@@ -207,8 +208,9 @@ std::optional<RegisterText> Meter::Read(std::uint32_t id) const {
         return RegisterText{row->label, std::string(1, "ABCD"[static_cast<std::size_t>(tariff)]), {}, std::nullopt};
     }
     if (id == reg::kNextRateChange) {
-        const int hour = NextTariffHour(m_clock.LocalTime(m_now)) % 24;
-        return RegisterText{row->label, (hour < 10 ? "0" : "") + std::to_string(hour) + ":00", {}, std::nullopt};
+        std::string text = std::to_string(NextTariffHour(m_clock.LocalTime(m_now)) % 24) + ":00";
+        if (text.size() < 5) text.insert(0, 1, '0');
+        return RegisterText{row->label, std::move(text), {}, std::nullopt};
     }
     const std::string_view unit = row->kind == Kind::Number ? Format(0.0, row->unit, {}).unit : std::string_view();
     return RegisterText{row->label, std::string(m_settings.Text(row->id)), unit, std::nullopt};
@@ -232,7 +234,7 @@ RegisterText Meter::ReadingText(const Register& row) const {
         const bool lagging = active * reactive >= 0.0;
         const bool ieee = m_settings.Item(reg::kPowerFactorSign) == 1;
         if (ieee) text = Format(lagging ? -std::abs(value) : std::abs(value), row.unit, m_settings.NumberSettings());
-        text.unit = lagging ? "lag" : "lead";
+        text.unit = lagging ? texts::kLagging : texts::kLeading;
     }
     return {row.label, std::move(text.value), text.unit, AspectTime(statistic, row.aspect)};
 }
@@ -243,7 +245,7 @@ void Meter::Restart() {
     ++m_connectionId;
     m_security.LogOut();
     altMode = testMode = 0;
-    m_log.Add(m_now, kMeterModule, "Power restored");
+    m_log.Add(m_now, kMeterModule, texts::kPowerRestored);
 }
 
 }  // namespace meter

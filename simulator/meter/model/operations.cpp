@@ -4,6 +4,7 @@
 
 #include "rda/records.h"
 #include "simulator/meter/model/answers.h"
+#include "simulator/meter/model/texts.h"
 
 namespace meter {
 namespace {
@@ -60,8 +61,8 @@ constexpr auto kOperations = std::to_array<Operation>({
     {"PDMINTERFACE_getRegisterValue",                1, 0, sizeof(RegisterValue),       kFixedSize, GetRegisterValue},
     {"PDMINTERFACE_setRegisterValue",                1, 1, sizeof(RegisterWriteResult), kFixedSize, SetRegisterValue},
     {"ALARMSINTERFACE_getGlobalAlarmStatus",         0, 0, kWord, kFixedSize, [](Meter& m, const Request&, Reply r) { PutWord(r, m.GetAlarms().GlobalStatus()); }},
-    {"ALARMSINTERFACE_ackActiveAlarms",              0, 0, 0,     kFixedSize, [](Meter& m, const Request&, Reply) { m.GetAlarms().AcknowledgeActive(); m.GetEventLog().Add(m.Now(), kFrontPanelModule, "Active alarms acknowledged"); }},
-    {"ALARMSINTERFACE_ackHistoricalAlarms",          0, 0, 0,     kFixedSize, [](Meter& m, const Request&, Reply) { m.GetAlarms().AcknowledgeHistory(); m.GetEventLog().Add(m.Now(), kFrontPanelModule, "Alarm history acknowledged"); }},
+    {"ALARMSINTERFACE_ackActiveAlarms",              0, 0, 0,     kFixedSize, [](Meter& m, const Request&, Reply) { m.GetAlarms().AcknowledgeActive(); m.GetEventLog().Add(m.Now(), kFrontPanelModule, texts::kActiveAcknowledged); }},
+    {"ALARMSINTERFACE_ackHistoricalAlarms",          0, 0, 0,     kFixedSize, [](Meter& m, const Request&, Reply) { m.GetAlarms().AcknowledgeHistory(); m.GetEventLog().Add(m.Now(), kFrontPanelModule, texts::kHistoryAcknowledged); }},
     {"ALARMSINTERFACE_getActiveAlarmStats",          0, 0, sizeof(AlarmStats),         kFixedSize, GetActiveAlarmStats},
     {"ALARMSINTERFACE_getActiveAlarms",              2, 0, sizeof(AlarmEntry),         1,          GetActiveAlarms},
     {"ALARMSINTERFACE_getHistoricalAlarmStats",      0, 0, sizeof(AlarmStats),         kFixedSize, GetHistoricalAlarmStats},

@@ -3,6 +3,7 @@
 #include <array>
 #include <cstddef>
 #include <cstdint>
+#include <string_view>
 
 /// What the meter measures, each as one number in its base unit (V, A, W, Wh, Hz, percent).
 namespace meter {
@@ -68,6 +69,9 @@ constexpr std::size_t IndexOf(Quantity quantity) { return static_cast<std::size_
 
 /// The member of a three-phase family: `At(Quantity::VoltageL1, 2)` is the voltage of phase 3.
 constexpr Quantity At(Quantity first, std::size_t phase) { return static_cast<Quantity>(IndexOf(first) + phase); }
+
+/// The short name of a quantity in bars and phasors; empty where it has none.
+std::string_view Symbol(Quantity quantity);
 
 /// One value per quantity. NaN where the wiring offers none (for instance phase voltages on a delta system).
 class Readings {

@@ -4,6 +4,8 @@
 #include <charconv>
 #include <cmath>
 
+#include "simulator/meter/model/texts.h"
+
 namespace meter {
 namespace {
 
@@ -54,28 +56,28 @@ std::uint32_t Settings::Item(std::uint16_t id) const {
 std::optional<std::string_view> Settings::Objection(const Register& target, std::string_view text) {
     switch (target.kind) {
         case Kind::Reading:
-        case Kind::ReadOnlyText: return "This value cannot be changed";
+        case Kind::ReadOnlyText: return texts::kReadOnly;
         case Kind::Choice:
-            if (std::ranges::find(target.items, text) == target.items.end()) return "Not one of the choices";
+            if (std::ranges::find(target.items, text) == target.items.end()) return texts::kNotAChoice;
             return std::nullopt;
         case Kind::YesNo:
-            if (text != "Yes" && text != "No") return "Not one of the choices";
+            if (text != "Yes" && text != "No") return texts::kNotAChoice;
             return std::nullopt;
         case Kind::Number:
         case Kind::Seconds: {
             const auto value = ParseNumber(text);
-            if (!value) return "Not a number";
-            if (*value < target.low || *value > target.high) return "Value out of range";
+            if (!value) return texts::kNotANumber;
+            if (*value < target.low || *value > target.high) return texts::kOutOfRange;
             return std::nullopt;
         }
         case Kind::Address:
-            if (!IsAddress(text)) return "Not a valid address";
+            if (!IsAddress(text)) return texts::kNotAnAddress;
             return std::nullopt;
         case Kind::Reset:
-            if (text != "1") return "Not one of the choices";
+            if (text != "1") return texts::kNotAChoice;
             return std::nullopt;
     }
-    return "This value cannot be changed";
+    return texts::kReadOnly;
 }
 
 void Settings::Write(const Register& target, std::string_view text) {
