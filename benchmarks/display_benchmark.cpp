@@ -22,6 +22,7 @@
 #include "peg/resources/resource_file.h"
 #include "peg/resources/resources.h"
 #include "platform/panel.h"
+#include "rda/records.h"
 #include "screens/parameters/parameter_screen.h"
 #include "tests/bench/scripted_meter.h"
 
