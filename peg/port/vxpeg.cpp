@@ -20,10 +20,14 @@ constexpr int kTaskPriority = 194;
 constexpr std::size_t kTaskStack = 16384;
 constexpr int kSleepSeconds = 60;
 constexpr long kNanosecondsPerMillisecond = 1'000'000;
+constexpr int kTimerWaits = 100;
+constexpr int kTimerWaitTicks = 10;
 
 ResourceLoaderHook resourceLoaderHook = nullptr;
-std::atomic<os::MessageQueueId> theQueue = nullptr;  // written once, by PegInitialize
-std::atomic<timer_t> theTickTimer{};                 // written once, by the display timers task
+std::atomic<os::MessageQueueId> theQueue = nullptr;  // written before any other task asks for it
+timer_t theTickTimer{};                              // written once, by the display timers task
+enum class TickTimer { Awaited, There, Missing };
+std::atomic<TickTimer> tickTimerState = TickTimer::Awaited;  // tells that the timer above has been written
 // At most one tick waits: set by the tick's signal handler, cleared by the toolkit task that takes the tick out.
 std::atomic<bool> tickPending = false;
 
@@ -45,7 +49,10 @@ void ArmTickTimer() {
     const long milliseconds = os::sysClkRateGet() / kTicksPerSecond;
     itimerspec period{};
     period.it_value.tv_nsec = period.it_interval.tv_nsec = milliseconds * kNanosecondsPerMillisecond;
-    if (os::timer_settime(theTickTimer, 0, &period, nullptr) != 0) {
+    // The display timers task was started before this one, but nothing says that it has run.
+    for (int wait = 0; wait < kTimerWaits && tickTimerState == TickTimer::Awaited; ++wait)
+        os::taskDelay(kTimerWaitTicks);
+    if (tickTimerState != TickTimer::There || os::timer_settime(theTickTimer, 0, &period, nullptr) != 0) {
         std::printf("PegMessageQueue:Pop:  pegTimer start failed\n");
     }
 }
@@ -53,7 +60,7 @@ void ArmTickTimer() {
 int PegTaskMain(os::TaskArgument) {
     tickPending = false;
     std::printf("\n\nEntering PegTaskMain() Display code...\n\n");
-    PegToolkitObjects objects(RectOf(0, 0, kPanelWidth - 1, kPanelHeight - 1), theQueue);
+    PegToolkitObjects objects(std::make_unique<PegWinScreen>(kPanelWidth, kPanelHeight), theQueue);
     static_cast<void>(callResourceLoaderHook(reinterpret_cast<std::intptr_t>(toolkit.manager)));
     ArmTickTimer();
     std::printf("\n\nStarting Display code...\n\n");
@@ -95,7 +102,10 @@ int PegInitialize() {
 
 os::MessageQueueId toolkitQueueId() { return theQueue; }
 
-void setTickTimer(timer_t timer) { theTickTimer = timer; }
+void setTickTimer(const timer_t* timer) {
+    if (timer != nullptr) theTickTimer = *timer;
+    tickTimerState = timer != nullptr ? TickTimer::There : TickTimer::Missing;
+}
 
 void postToolkitTick() {
     // The flag goes up first: the toolkit task may take the tick out before the send returns.
@@ -105,10 +115,12 @@ void postToolkitTick() {
     if (PegMessageQueue::EnqueueTaskMessage(tick, theQueue) == 0) tickPending = false;
 }
 
-PegToolkitObjects::PegToolkitObjects(const PegRect& screen, os::MessageQueueId queue) {
-    toolkit.screen = new PegWinScreen(screen.Width(), screen.Height());
+PegToolkitObjects::PegToolkitObjects(std::unique_ptr<PegScreen> screen, os::MessageQueueId queue) {
+    theQueue = queue;
+    toolkit.screen = screen.release();
     toolkit.queue = new PegMessageQueue(queue, TickTaken);
-    toolkit.manager = new PegPresentationManager(screen);
+    toolkit.manager =
+        new PegPresentationManager(RectOf(0, 0, toolkit.screen->Width() - 1, toolkit.screen->Height() - 1));
     toolkit.timers = new PegTimerList;
     PegResources::SetListener(TellThings);
 }

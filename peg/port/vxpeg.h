@@ -1,11 +1,11 @@
 #pragma once
 
+#include <cstdint>
 #include <ctime>
+#include <memory>
 
-#include "peg/core/rect.h"
+#include "peg/core/screen.h"
 #include "platform/message_queue.h"
-
-class PegPresentationManager;
 
 /// The toolkit's place in the operating system: its queue, its task and its tick.
 
@@ -23,16 +23,16 @@ int PegInitialize();
 /// The queue that carries messages into the toolkit task; null when it could not be created.
 os::MessageQueueId toolkitQueueId();
 
-/// Names the timer that drives the toolkit's tick; PegTaskMain arms it.
-void setTickTimer(timer_t timer);
+/// Names the timer that drives the toolkit's tick, or null when there is none; PegTaskMain waits for this and arms it.
+void setTickTimer(const timer_t* timer);
 
 /// Sends a tick unless one is waiting already. Called from the tick timer's signal handler.
 void postToolkitTick();
 
-/// The toolkit's objects, made and ended together. PegTaskMain has one; so may a test that plays its part.
+/// The toolkit's objects, made and ended together, in the task that is the toolkit's from then on.
 class PegToolkitObjects {
 public:
-    PegToolkitObjects(const PegRect& screen, os::MessageQueueId queue);
+    PegToolkitObjects(std::unique_ptr<PegScreen> screen, os::MessageQueueId queue);
     PegToolkitObjects(const PegToolkitObjects&) = delete;
     PegToolkitObjects& operator=(const PegToolkitObjects&) = delete;
     ~PegToolkitObjects();

@@ -38,6 +38,7 @@ PegTextBox::PegTextBox(const PegRect& rect, std::uint16_t id, std::uint32_t styl
 void PegTextBox::SetText(const char16_t* text) {
     const std::u16string_view given = text != nullptr ? text : u"";
     const std::size_t kept = std::min(given.size(), m_longest);
+    if (given.substr(0, kept) == m_kept.get()) return;
     std::copy_n(given.data(), kept, m_kept.get());
     m_kept[kept] = 0;
     PegTextThing::SetText(m_kept.get());

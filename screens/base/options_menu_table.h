@@ -72,11 +72,12 @@ constexpr std::span<const OptionsMenuItem> OptionsOf(std::int32_t screen) {
 
 static_assert(AllDiffer(kOptionsMenuItems, &OptionsMenuItem::target), "a screen stands in two menus");
 static_assert(std::ranges::all_of(kOptionsMenuItems, IsDataScreenId, &OptionsMenuItem::screen));
-static_assert(std::ranges::all_of(kOptionsMenuItems, IsDataScreenId, &OptionsMenuItem::target), "an item leads nowhere");
+static_assert(std::ranges::all_of(kOptionsMenuItems, IsDataScreenId, &OptionsMenuItem::target),
+              "an item leads nowhere");
 static_assert(std::ranges::all_of(kOptionsMenuItems,
                                   [](const OptionsMenuItem& item) {
                                       return OptionsOf(item.screen).size() ==
-                                             static_cast<std::size_t>(std::ranges::count(
-                                                 kOptionsMenuItems, item.screen, &OptionsMenuItem::screen));
+                                             static_cast<std::size_t>(std::ranges::count(kOptionsMenuItems, item.screen,
+                                                                                         &OptionsMenuItem::screen));
                                   }),
               "the items of a screen do not stand together");

@@ -1,0 +1,92 @@
+#include "app/alarm_indicator.h"
+
+#include <array>
+#include <cstddef>
+#include <cstdint>
+
+#include "app/backlight.h"
+#include "app/panel_hardware.h"
+#include "navigation/messages.h"
+#include "navigation/navigation_handler.h"
+#include "peg/core/message_queue.h"
+#include "peg/core/toolkit.h"
+#include "rda/meter_operations.h"
+
+namespace {
+
+enum class Lamp : std::uint8_t { On, Off, Blinking };
+
+/// What one global alarm status does.
+struct IndicatorRow {
+    std::uint32_t status;
+    bool blink;  // the icon of the shown screen alternates
+    bool flash;  // so does the backlight, once it would be dim
+    Lamp lamp;
+};
+
+// clang-format off
+constexpr auto kIndicatorRows = std::to_array<IndicatorRow>({
+    {0,  true,  true,  Lamp::Blinking},  // and every status without a row of its own
+    {1,  true,  false, Lamp::Blinking},
+    {2,  false, false, Lamp::Off},
+    {3,  false, false, Lamp::Off},
+    {4,  true,  false, Lamp::Blinking},
+    {5,  true,  false, Lamp::Blinking},
+    {6,  true,  false, Lamp::Blinking},
+    {7,  false, false, Lamp::Off},
+    {8,  false, false, Lamp::On},
+    {9,  false, false, Lamp::On},
+    {10, false, false, Lamp::On},
+    {11, false, false, Lamp::On},
+    {12, false, false, Lamp::On},
+});
+// clang-format on
+static_assert([] {
+    for (std::uint32_t i = 0; i < kIndicatorRows.size(); ++i) {
+        if (kIndicatorRows[i].status != i) return false;
+    }
+    return true;
+}());
+
+constexpr std::uint32_t kStatusWithoutMeter = 4;
+constexpr int kLampLine = 2;
+
+// The one-second task's own.
+std::uint32_t lastAlarmStatus = 12;
+std::uint32_t indicatorPhase = 0;
+PegThing* lastAlarmTarget = nullptr;
+
+void TellScreen(PegThing* screen, std::uint32_t status, std::uint32_t phase) {
+    PegMessage message;
+    message.target = screen;
+    message.type = MSG_ALARM_STATUS;
+    message.param = static_cast<std::int16_t>(phase);
+    message.data[0] = status;
+    if (screen != nullptr) toolkit.queue->Push(message);
+    lastAlarmTarget = screen;
+}
+
+}  // namespace
+
+void alarmIndicatorUpdate() {
+    std::uint32_t status = 0;
+    if (ALARMSINTERFACE_getGlobalAlarmStatus(status) != 0) status = kStatusWithoutMeter;
+    const IndicatorRow& row = kIndicatorRows[status < kIndicatorRows.size() ? status : 0];
+    PegThing* screen = navigationHandlerClass::getInstance().getCurrentScreen();
+    if (status != lastAlarmStatus) {
+        lastAlarmStatus = status;
+        backlightSetAlarmFlash(row.flash);
+        VEKHWIF_setGpio(kLampLine, row.lamp != Lamp::Off ? 1 : 0);
+        TellScreen(screen, status, row.blink ? 0 : 1);
+        indicatorPhase = 0;
+    } else {
+        indicatorPhase ^= 1;
+        if (row.blink) {
+            TellScreen(screen, status, indicatorPhase);
+        } else if (screen != lastAlarmTarget) {
+            TellScreen(screen, status, 1);
+        }
+        if (row.lamp == Lamp::Blinking) VEKHWIF_setGpio(kLampLine, indicatorPhase == 0 ? 1 : 0);
+    }
+    backlightTick();
+}

@@ -1,0 +1,57 @@
+#include "app/application.h"
+
+#include <array>
+
+#include "app/backlight.h"
+#include "app/button_task.h"
+#include "app/one_second_task.h"
+#include "app/panel_hardware.h"
+#include "localization/display_config.h"
+#include "navigation/meter_access.h"
+#include "navigation/navigation_handler.h"
+#include "rda/command_server.h"
+#include "screens/parameters/custom_screen.h"
+#include "screens/parameters/parameter_screen.h"
+
+namespace {
+
+constexpr DisplayCommands kCommands = {
+    .hardwareId = VEKHWIF_getHwId,
+    .changeAltModeState = navigationHandlerClass::postAltModeState,
+    .navigateTo = navigationHandlerClass::postNavigateTo,
+    .navigateToDispTest = navigationHandlerClass::postDispTest,
+    .setLanguage = DISPCFG_setLanguage,
+    .setPhaseLabels = DISPCFG_setPhaseLabels,
+    .setMeasSymbols = DISPCFG_setMeasSymbols,
+    .changeTestModeState = navigationHandlerClass::postTestModeState,
+    .kernelVersion = VEKHWIF_getKernelVersion,
+    .osPackageVersion = VEKHWIF_getOsPkgVersion,
+    .serialNumber = VEKHWIF_getSerialNumber,
+    .setBacklightTimeout = backlightSetTimeout,
+    .handleButtonEvent = [](const ButtonEvent& event) { handleButtonEvent(event); },
+};
+
+/// Each creates the screens of one family and registers them. Of two screens under one id the later counts.
+using ScreenCreator = void (*)();
+constexpr auto kScreenCreators = std::to_array<ScreenCreator>({
+    CreateParameterScreens,
+    CreateCustomScreens,
+});
+
+int ReadSelection(std::uint32_t registerId, std::uint32_t& selected) {
+    return meterAccessClass::getInstance().readSelection(registerId, selected);
+}
+
+}  // namespace
+
+const DisplayCommands& TheDisplayCommands() { return kCommands; }
+
+void BuildApplication(PegThing& parent) {
+    backlightTimeoutInit();
+    DISPCFG_init({.readSelection = ReadSelection, .setOutputLine = VEKHWIF_setGpio});
+    navigationHandlerClass& navigation = navigationHandlerClass::getInstance();
+    static_cast<void>(startButtonTask());
+    startOneSecondTask();
+    for (const ScreenCreator create : kScreenCreators) create();
+    if (PegThing* start = navigation.getStartScreen()) parent.AddChild(*start, true);
+}

@@ -1,0 +1,64 @@
+#include "screens/parameters/parameter_row.h"
+
+#include "peg/core/screen.h"
+#include "peg/resources/resources.h"
+
+namespace {
+
+constexpr PegRect kUnplaced{};
+constexpr std::uint32_t kLeft = kStyleTextLeft | kStyleBorderNone;
+constexpr std::uint32_t kRight = kStyleTextRight | kStyleBorderNone;
+
+/// The place of a text of a font on the line `y`.
+PegRect PlaceOn(int y, const ColumnSpan& columns, std::uint32_t font) {
+    const int height = PegScreen::FontHeight(PegResources::GetFont(font));
+    const int top = y - height + height / 5 - 2;
+    return RectOf(columns.left, top, columns.right, top + height);
+}
+
+void PlacePrompt(dataPegPromptClass& prompt, int y, const ColumnSpan& columns, std::uint32_t font) {
+    prompt.SetFontNumber(font);
+    prompt.Resize(PlaceOn(y, columns, font));
+}
+
+template <std::size_t size>
+void ShowText(dataPegPromptClass& prompt, std::array<char16_t, size>& shown, const std::array<char16_t, size>& text) {
+    if (shown == text) return;
+    shown = text;
+    prompt.SetText(shown.data());
+}
+
+}  // namespace
+
+ParameterRow::ParameterRow(OverflowFrame valueFrame)
+    : m_label(kUnplaced, nullptr, std::uint16_t{0}, kLeft),
+      m_value(kUnplaced, nullptr, std::uint16_t{0}, kRight),
+      m_unit(kUnplaced, nullptr, std::uint16_t{0}, kLeft) {
+    m_label->setOverflowFrame(false);
+    m_value->setOverflowFrame(valueFrame == OverflowFrame::On);
+    m_unit->setOverflowFrame(false);
+}
+
+void ParameterRow::Place(const RowLayout& layout, std::size_t index) {
+    PlacePrompt(*m_label, layout.labelLines[index], layout.label, layout.labelFont);
+    PlacePrompt(*m_value, layout.valueLines[index], layout.value, layout.valueFont);
+    PlacePrompt(*m_unit, layout.valueLines[index], layout.unit, layout.labelFont);
+}
+
+void ParameterRow::AddTo(PegThing& screen) {
+    m_label.AddTo(screen);
+    m_value.AddTo(screen);
+    m_unit.AddTo(screen);
+}
+
+void ParameterRow::TakeOff() {
+    m_label.TakeOff();
+    m_value.TakeOff();
+    m_unit.TakeOff();
+}
+
+void ParameterRow::Show(const RowTexts& texts) {
+    ShowText(*m_label, m_shown.label, texts.label);
+    ShowText(*m_value, m_shown.value, texts.value);
+    ShowText(*m_unit, m_shown.unit, texts.unit);
+}

@@ -1,0 +1,143 @@
+#include "simulator/meter/link/meter_server.h"
+
+#include <arpa/inet.h>
+#include <fcntl.h>
+#include <netinet/in.h>
+#include <netinet/tcp.h>
+#include <sys/socket.h>
+
+#include <algorithm>
+#include <array>
+#include <cerrno>
+#include <system_error>
+
+namespace meter {
+namespace {
+
+constexpr auto kSlowness = std::chrono::milliseconds(1000);
+constexpr std::size_t kReadSize = 4096;
+
+[[noreturn]] void Fail(const char* what) { throw std::system_error(errno, std::generic_category(), what); }
+
+/// Lets the close of a socket reset the connection at once.
+void ResetOnClose(int socket) {
+    const linger abrupt{.l_onoff = 1, .l_linger = 0};
+    ::setsockopt(socket, SOL_SOCKET, SO_LINGER, &abrupt, sizeof(abrupt));
+}
+
+}  // namespace
+
+MeterServer::MeterServer(Meter& meter, std::uint16_t port) : m_meter(meter), m_port(port) { Listen(); }
+
+void MeterServer::Listen() {
+    m_listener = Descriptor(::socket(AF_INET, SOCK_STREAM | SOCK_NONBLOCK | SOCK_CLOEXEC, 0));
+    if (!m_listener) Fail("socket");
+    const int on = 1;
+    ::setsockopt(m_listener.Get(), SOL_SOCKET, SO_REUSEADDR, &on, sizeof(on));
+    sockaddr_in address{};
+    address.sin_family = AF_INET;
+    address.sin_port = htons(m_port);
+    address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
+    auto* generic = reinterpret_cast<sockaddr*>(&address);
+    if (::bind(m_listener.Get(), generic, sizeof(address)) != 0) Fail("bind to the meter's port");
+    if (::listen(m_listener.Get(), SOMAXCONN) != 0) Fail("listen");
+    socklen_t length = sizeof(address);
+    ::getsockname(m_listener.Get(), generic, &length);
+    m_port = ntohs(address.sin_port);
+}
+
+void MeterServer::SetFault(Fault fault) {
+    if (fault == Fault::Absent) {
+        for (Connection& connection : m_connections) ResetOnClose(connection.socket.Get());
+        m_connections.clear();
+        m_listener.Close();
+    }
+    if (m_fault == Fault::Absent && fault != Fault::Absent) Listen();
+    m_fault = fault;
+}
+
+void MeterServer::Watch(std::vector<pollfd>& polled) const {
+    if (m_listener) polled.push_back({m_listener.Get(), POLLIN, 0});
+    for (const Connection& connection : m_connections) {
+        const bool full = connection.replies.size() >= kMaxReplies;
+        const bool writing = !connection.replies.empty() && connection.replies.front().sent > 0;
+        polled.push_back(
+            {connection.socket.Get(), static_cast<short>((full ? 0 : POLLIN) | (writing ? POLLOUT : 0)), 0});
+    }
+}
+
+int MeterServer::Serve(Time now) {
+    Accept();
+    std::erase_if(m_connections,
+                  [&](Connection& connection) { return !Read(connection, now) || !Write(connection, now); });
+    int wait = -1;
+    for (const Connection& connection : m_connections) {
+        if (connection.replies.empty()) continue;
+        const auto left = std::chrono::ceil<std::chrono::milliseconds>(connection.replies.front().due - now).count();
+        const int milliseconds = static_cast<int>(std::max<std::int64_t>(left, 0));
+        if (left > 0) wait = wait < 0 ? milliseconds : std::min(wait, milliseconds);
+    }
+    return wait;
+}
+
+void MeterServer::Accept() {
+    while (m_listener && m_connections.size() < kMaxConnections) {
+        Descriptor socket(::accept4(m_listener.Get(), nullptr, nullptr, SOCK_NONBLOCK | SOCK_CLOEXEC));
+        if (!socket) return;
+        const int on = 1;
+        ::setsockopt(socket.Get(), IPPROTO_TCP, TCP_NODELAY, &on, sizeof(on));
+        m_connections.emplace_back().socket = std::move(socket);
+    }
+}
+
+bool MeterServer::Read(Connection& connection, Time now) {
+    std::array<std::byte, kReadSize> buffer;
+    while (connection.replies.size() < kMaxReplies) {
+        const ssize_t count = ::recv(connection.socket.Get(), buffer.data(), buffer.size(), 0);
+        if (count == 0) return false;
+        if (count < 0) return errno == EAGAIN || errno == EINTR;
+        connection.reader.Feed(std::span(buffer).first(static_cast<std::size_t>(count)));
+        Frame frame;
+        FrameReader::Result result = connection.reader.Next(frame);
+        for (; result == FrameReader::Result::Ready; result = connection.reader.Next(frame))
+            if (!Take(connection, frame, now)) return false;
+        if (result == FrameReader::Result::Broken) {
+            ResetOnClose(connection.socket.Get());
+            return false;
+        }
+    }
+    return true;
+}
+
+bool MeterServer::Take(Connection& connection, const Frame& frame, Time now) {
+    ++m_calls;
+    if (m_fault == Fault::Reset) {
+        ResetOnClose(connection.socket.Get());
+        return false;
+    }
+    std::vector<std::byte> bytes(frame.responseSize);
+    if (m_fault == Fault::Silent || !m_meter.Answer(frame.name, frame.payload, bytes)) {
+        ++m_unanswered;
+        return true;
+    }
+    if (bytes.empty()) return true;
+    if (m_fault == Fault::Half) bytes.resize(bytes.size() / 2);
+    connection.replies.push_back({m_fault == Fault::Slow ? now + kSlowness : now, std::move(bytes)});
+    return true;
+}
+
+bool MeterServer::Write(Connection& connection, Time now) {
+    while (!connection.replies.empty() && connection.replies.front().due <= now) {
+        Reply& reply = connection.replies.front();
+        while (reply.sent < reply.bytes.size()) {
+            const ssize_t count = ::send(connection.socket.Get(), reply.bytes.data() + reply.sent,
+                                         reply.bytes.size() - reply.sent, MSG_NOSIGNAL);
+            if (count < 0) return errno == EAGAIN || errno == EINTR;
+            reply.sent += static_cast<std::size_t>(count);
+        }
+        connection.replies.pop_front();
+    }
+    return true;
+}
+
+}  // namespace meter

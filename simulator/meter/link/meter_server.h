@@ -1,0 +1,70 @@
+#pragma once
+
+#include <poll.h>
+
+#include <chrono>
+#include <cstdint>
+#include <deque>
+#include <list>
+#include <vector>
+
+#include "simulator/meter/link/descriptor.h"
+#include "simulator/meter/link/frame_reader.h"
+#include "simulator/meter/model/meter.h"
+
+namespace meter {
+
+/// Serves the meter's operations on 127.0.0.1 to several clients at once, and misbehaves as told.
+///
+/// Never waits: the owner polls the descriptors that `Watch` adds and then calls `Serve`.
+class MeterServer {
+public:
+    using Time = std::chrono::steady_clock::time_point;
+
+    /// @throws std::system_error when nobody may listen on the port; port 0 takes a free one
+    MeterServer(Meter& meter, std::uint16_t port);
+
+    void SetFault(Fault fault);
+    Fault GetFault() const { return m_fault; }
+    std::uint16_t Port() const { return m_port; }
+
+    void Watch(std::vector<pollfd>& polled) const;
+    /// Does what there is to do at `now`. @return milliseconds until it has to be called again, -1: when polled
+    int Serve(Time now);
+
+    std::size_t ConnectionCount() const { return m_connections.size(); }
+    std::uint64_t CallCount() const { return m_calls; }
+    std::uint64_t UnansweredCount() const { return m_unanswered; }
+
+private:
+    struct Reply {
+        Time due;
+        std::vector<std::byte> bytes;
+        std::size_t sent = 0;
+    };
+    struct Connection {
+        Descriptor socket;
+        FrameReader reader;
+        std::deque<Reply> replies;
+    };
+
+    void Listen();
+    void Accept();
+    /// @return false when the connection is over
+    bool Read(Connection& connection, Time now);
+    bool Take(Connection& connection, const Frame& frame, Time now);
+    static bool Write(Connection& connection, Time now);
+
+    static constexpr std::size_t kMaxConnections = 16;
+    static constexpr std::size_t kMaxReplies = 64;  // waiting on one connection
+
+    Meter& m_meter;
+    std::uint16_t m_port;
+    Descriptor m_listener;
+    std::list<Connection> m_connections;
+    Fault m_fault = Fault::None;
+    std::uint64_t m_calls = 0;
+    std::uint64_t m_unanswered = 0;
+};
+
+}  // namespace meter

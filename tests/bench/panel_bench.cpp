@@ -1,0 +1,66 @@
+#include "tests/bench/panel_bench.h"
+
+#include <unistd.h>
+
+#include <cstdlib>
+
+#include "localization/localization.h"
+#include "peg/resources/resources.h"
+#include "platform/panel.h"
+
+namespace {
+
+/// A board with the two romfs files and nothing else.
+std::filesystem::path MakeBoard() {
+    std::string path = (std::filesystem::temp_directory_path() / "panel-bench-XXXXXX").string();
+    if (mkdtemp(path.data()) == nullptr) std::abort();
+    std::filesystem::create_directory_symlink(ROMFS_DIR, std::filesystem::path(path) / "romfs");
+    setenv("BOARD_ROOT", path.c_str(), 1);
+    return path;
+}
+
+void LoadResources() {
+    PegFile file;
+    if (!file.Open("/romfs/resources.pbr") || PegResources::LoadResourceFile(file, 0) != 1) return;
+    PegResources::InstallResourceSet(*PegResources::GetResourceSet(0), false);
+}
+
+}  // namespace
+
+PanelBench::PanelBench() : m_board(MakeBoard()) {
+    LoadResources();
+    localizationClass::load();
+    Pump();
+}
+
+PanelBench::~PanelBench() { std::filesystem::remove_all(m_board); }
+
+void PanelBench::Show(std::int32_t screenId) {
+    PegThing* shown = Manager().FirstChild();
+    if (shown == nullptr) {
+        // Nothing is there to navigate from yet: stand where the navigation handler believes to be.
+        if (PegThing* start = Navigation().getCurrentScreen()) Manager().AddChild(*start);
+    }
+    Navigation().navigateFromCurrent(screenId);
+    Pump();
+}
+
+void PanelBench::Send(std::uint16_t type, KeyCode key) {
+    PegMessage message = MessageOf(type, key);
+    message.target = &Navigation();
+    toolkit.queue->Push(message);
+    Pump();
+}
+
+void PanelBench::KeyDown(KeyCode key) { Send(MSG_KEY_DOWN, key); }
+
+void PanelBench::KeyUp(KeyCode key) { Send(MSG_KEY_UP, key); }
+
+void PanelBench::Press(KeyCode key) {
+    KeyDown(key);
+    KeyUp(key);
+}
+
+::testing::AssertionResult PanelBench::PanelShows(const std::string& golden) {
+    return FrameMatchesGolden(Screen().Row(0), kPanelWidth, kPanelHeight, golden);
+}

@@ -1,0 +1,37 @@
+#pragma once
+
+#include <filesystem>
+#include <string>
+
+#include "navigation/messages.h"
+#include "navigation/navigation_handler.h"
+#include "tests/bench/golden.h"
+#include "tests/bench/scripted_meter.h"
+#include "tests/bench/toolkit_bench.h"
+
+/// The application's screens on a toolkit driven by hand, with the real resource and localisation files and a scripted
+/// meter. Time is ticks; the simulated meter's clock stands still unless a test moves it.
+class PanelBench : public ToolkitBench {
+protected:
+    PanelBench();
+    ~PanelBench() override;
+
+    static ScriptedMeter& meter() { return ScriptedMeter::Instance(); }
+    static navigationHandlerClass& Navigation() { return navigationHandlerClass::getInstance(); }
+
+    /// Puts a registered screen on the panel, from whatever is there.
+    void Show(std::int32_t screenId);
+
+    /// A key of the panel is pressed, released, or both.
+    void KeyDown(KeyCode key);
+    void KeyUp(KeyCode key);
+    void Press(KeyCode key);
+
+    /// The panel equals the golden picture of that name.
+    ::testing::AssertionResult PanelShows(const std::string& golden);
+
+private:
+    void Send(std::uint16_t type, KeyCode key);
+
+    std::filesystem::path m_board;
+};

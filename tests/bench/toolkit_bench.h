@@ -1,0 +1,56 @@
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "peg/core/message_queue.h"
+#include "peg/core/presentation_manager.h"
+#include "peg/core/timer_list.h"
+#include "peg/core/toolkit.h"
+#include "peg/port/l16_screen.h"
+#include "peg/port/vxpeg.h"
+
+/// A screen whose frame goes nowhere; it counts how often it would have gone to the device.
+class BenchScreen : public L16Screen {
+public:
+    using L16Screen::L16Screen;
+    void FlushToDevice() override { ++flushes; }
+
+    int flushes = 0;
+};
+
+/// The toolkit without its task: messages are delivered and ticks pass when the test says so, and time is ticks.
+///
+/// One toolkit in a process: every test has a process of its own.
+class ToolkitBench : public ::testing::Test {
+protected:
+    ToolkitBench();
+    ~ToolkitBench() override;
+
+    /// Delivers every waiting message and draws what is invalid.
+    void Pump();
+
+    /// Lets ticks pass, one by one.
+    void Ticks(int count);
+    static PegPresentationManager& Manager() { return *toolkit.manager; }
+    BenchScreen& Screen() { return *m_screen; }
+    std::uint16_t Pixel(int x, int y) const { return m_screen->Row(y)[x]; }
+
+    /// The frame's rectangle as text, one letter a pixel: the letter that `colors` gives it, or '?'.
+    struct ColorLetter {
+        std::uint16_t color;
+        char letter;
+    };
+    std::vector<std::string> Picture(const PegRect& rect, std::initializer_list<ColorLetter> colors) const;
+
+private:
+    BenchScreen* m_screen;
+    os::MessageQueueId m_queue;
+    std::unique_ptr<PegToolkitObjects> m_objects;
+};
+
+/// A message without source and target.
+PegMessage MessageOf(std::uint16_t type, std::int16_t param = 0);

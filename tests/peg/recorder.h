@@ -1,0 +1,30 @@
+#pragma once
+
+#include <vector>
+
+#include "peg/core/window.h"
+
+/// A window that remembers what reached it and where it was asked to draw.
+class Recorder : public PegWindow {
+public:
+    explicit Recorder(const PegRect& rect = RectOf(0, 0, 99, 99), std::uint16_t id = 0,
+                      std::uint32_t style = kStyleBorderNone)
+        : PegWindow(rect, id, style) {}
+
+    std::int32_t Message(const PegMessage& message) override {
+        received.push_back(message);
+        return PegWindow::Message(message);
+    }
+    void Draw(const PegRect& invalid) override {
+        drawn.push_back(invalid);
+        PegWindow::Draw(invalid);
+    }
+    int Count(std::uint16_t type) const {
+        int count = 0;
+        for (const PegMessage& message : received) count += message.type == type ? 1 : 0;
+        return count;
+    }
+
+    std::vector<PegMessage> received;
+    std::vector<PegRect> drawn;
+};

@@ -1,0 +1,177 @@
+#include "peg/resources/resources.h"
+
+#include <gtest/gtest.h>
+#include <unistd.h>
+#include <zlib.h>
+
+#include <cstdlib>
+
+#include "peg/resources/builtin_fonts.h"
+#include "tests/bench/file_builder.h"
+
+namespace {
+
+using Bytes = std::vector<std::uint8_t>;
+
+Bytes Deflate(const Bytes& data) {
+    Bytes out(compressBound(static_cast<uLong>(data.size())));
+    uLongf size = static_cast<uLongf>(out.size());
+    compress(out.data(), &size, data.data(), static_cast<uLong>(data.size()));
+    out.resize(size);
+    return out;
+}
+
+/// A file with strings in two languages and one set: a font of two pages, a bitmap, two colours and a palette.
+FileBuilder WholeFile(bool bigEndian, bool compressed) {
+    FileBuilder file(bigEndian);
+    file.U16(0xBEEF).U16(0x0201).U16(1).U32(1).U16(0x1234);
+    const std::array<std::u16string_view, 3> english{u"Volt", u"", u"Ampere"};
+    const std::array<std::u16string_view, 3> german{u"Volt", u"", u"Ampère"};
+    file.StringTable(2, 3).Language(english).Language(german);
+
+    file.U16(0xBEEF).U16(6).U16(0);
+    file.U16(0xBEEF).U16(4).U16(2).Zeros(6 + 40);
+    for (const unsigned first : {unsigned{'A'}, 0x0410U}) {
+        const Bytes glyphs{0xF0, 0x0F, 0x12, 0x34};
+        const Bytes stored = compressed ? Deflate(glyphs) : glyphs;
+        file.U8(compressed ? 0x0C : 0x04).U8(2).U8(0).U8(2).U8(0).U8(0).U8(0).U16(2).U16(first).U16(first + 1);
+        file.Zeros(12).U16(3).U16(0).U16(3).U16(4);
+        file.U32(static_cast<std::uint32_t>(stored.size())).Bytes(stored);
+    }
+    FileBuilder pixels(bigEndian);
+    pixels.U16(0xF800).U16(0x07E0);
+    const Bytes stored = compressed ? Deflate(pixels.Content()) : pixels.Content();
+    file.U16(0xBEEF).U16(3).U16(0).U16(1).U32(243).U32(compressed ? 1 : 0);
+    file.U16(0xBEEF).U32(compressed ? static_cast<std::uint32_t>(stored.size()) : 0).U32(4);
+    file.U8(0).U8(16).U16(2).U16(1).U32(0).U32(0).Bytes(stored);
+    file.U16(0xBEEF).U16(5).U16(2).U32(150).U32(0x1234).U32(3).U32(0x4321);
+    file.U16(0xBEEF).U16(7);
+    for (int i = 0; i < 256; ++i) file.U8(static_cast<unsigned>(i)).U8(0).U8(255);
+    return file;
+}
+
+class Resources : public ::testing::Test {
+protected:
+    Resources() { setenv("BOARD_ROOT", m_folder.c_str(), 1); }
+    ~Resources() override {
+        PegResources::Reset();
+        std::filesystem::remove_all(m_folder);
+    }
+
+    int Load(const FileBuilder& content) {
+        content.WriteTo(m_folder / "file.pbr");
+        PegFile file;
+        return file.Open("/file.pbr") ? PegResources::LoadResourceFile(file, 0) : -1;
+    }
+
+private:
+    std::filesystem::path m_folder = std::filesystem::temp_directory_path() / ("resources-" + std::to_string(getpid()));
+};
+
+TEST_F(Resources, BeginWithBuiltInFontsAndColours) {
+    EXPECT_EQ(PegResources::GetFont(9), &BuiltInFontA());
+    EXPECT_EQ(PegResources::GetFont(31), &BuiltInFontB());
+    EXPECT_EQ(PegResources::GetFont(48), nullptr);
+    EXPECT_EQ(PegResources::GetColor(24), 0x0017);
+    EXPECT_EQ(PegResources::GetColor(9999), 0);
+    EXPECT_EQ(PegResources::GetString(0), nullptr);
+    EXPECT_EQ(std::u16string_view(PegResources::GetString(41)), u"...");
+    EXPECT_EQ(PegResources::GetString(25), nullptr);
+    EXPECT_EQ(BuiltInFontA().bytesPerRow, 213);
+    EXPECT_EQ(BuiltInFontB().bytesPerRow, 163);
+    EXPECT_GT(WidthOf(u"0123", &BuiltInFontA()), 0);
+}
+
+TEST_F(Resources, AreTheSameFromAFileOfEitherByteOrderPlainOrCompressed) {
+    for (const bool bigEndian : {false, true}) {
+        for (const bool compressed : {false, true}) {
+            PegResources::Reset();
+            ASSERT_EQ(Load(WholeFile(bigEndian, compressed)), 1);
+            EXPECT_EQ(PegResources::ColorTableSize(), 101U) << "nothing is installed yet";
+            PegResources::InstallResourceSet(*PegResources::GetResourceSet(0), false);
+
+            const PegFont* font = PegResources::GetFont(32);
+            ASSERT_NE(font, nullptr);
+            EXPECT_EQ(PageOf(font, u'B')->Width(u'B'), 1);
+            ASSERT_NE(PageOf(font, u'А'), nullptr) << "the second page is found through the first";
+            EXPECT_EQ(PageOf(font, u'А')->glyphs[3], 0x34);
+            EXPECT_EQ(font->flags, PegFont::kFourBits);
+            EXPECT_EQ(PegResources::BitmapWidth(243), 2);
+            EXPECT_EQ(PegResources::GetBitmap(243)->data[1], 0x07E0);
+            EXPECT_EQ(PegResources::ColorTableSize(), 165U);
+            EXPECT_EQ(PegResources::GetColor(150), 0x1234);
+            EXPECT_EQ(PegResources::GetColor(3), 0x4321);
+            EXPECT_EQ(PegResources::IndexedColors()[16], 2 << 11 | 31);
+            EXPECT_EQ(std::u16string_view(PegResources::GetString(102)), u"Ampere");
+            EXPECT_EQ(PegResources::GetString(101), nullptr) << "an empty text is none";
+            EXPECT_EQ(PegResources::GetString(103), nullptr);
+            PegResources::SetLanguage(1);
+            EXPECT_EQ(std::u16string_view(PegResources::GetString(102)), u"Ampère");
+            PegResources::SetLanguage(7);
+            EXPECT_EQ(std::u16string_view(PegResources::GetString(102)), u"Ampere") << "fewer languages";
+        }
+    }
+}
+
+TEST_F(Resources, OfAnEarlierLoadDisappearWithIt) {
+    ASSERT_EQ(Load(WholeFile(false, true)), 1);
+    PegResources::InstallResourceSet(*PegResources::GetResourceSet(0), false);
+    FileBuilder empty;
+    ASSERT_EQ(Load(empty.U16(0xBEEF).U16(0x0201).U16(0).U32(0).U16(0x1234)), 1);
+    EXPECT_EQ(PegResources::GetFont(32), nullptr);
+    EXPECT_EQ(PegResources::GetBitmap(243), nullptr);
+}
+
+TEST_F(Resources, KeepTheirTablesWhenTheFileIsAForeignOne) {
+    ASSERT_EQ(Load(WholeFile(false, true)), 1);
+    PegResources::InstallResourceSet(*PegResources::GetResourceSet(0), false);
+    for (const std::size_t damaged : {0U, 2U}) {
+        FileBuilder file = WholeFile(false, true);
+        file.Content()[damaged] ^= 0xFF;
+        EXPECT_EQ(Load(file), 0);
+        EXPECT_NE(PegResources::GetFont(32), nullptr);
+    }
+    EXPECT_EQ(Load(FileBuilder()), 0);
+}
+
+TEST_F(Resources, RefuseEveryCutOfAFile) {
+    const FileBuilder whole = WholeFile(false, true);
+    FileBuilder file = whole;
+    // Behind the header a set may end at any record, and the strings are there before it.
+    std::vector<std::size_t> goodCuts;
+    for (std::size_t size = 0; size < FileBuilder(whole).Content().size(); ++size) {
+        file = whole;
+        file.Content().resize(size);
+        if (Load(file) == 1) goodCuts.push_back(size);
+    }
+    EXPECT_EQ(goodCuts.size(), 4U) << "after the set's head, its font, its bitmap and its colours";
+}
+
+TEST_F(Resources, RefuseRecordsThatLie) {
+    const FileBuilder whole = WholeFile(false, false);
+    for (std::size_t at = 12; at < FileBuilder(whole).Content().size(); ++at) {
+        for (const unsigned lie : {0x00U, 0x7FU, 0x80U, 0xFFU}) {
+            FileBuilder file = whole;
+            file.Content()[at] = static_cast<std::uint8_t>(lie);
+            if (Load(file) != 1) continue;  // no crash, no read outside: the sanitizers watch
+            PegResources::InstallResourceSet(*PegResources::GetResourceSet(0), true);
+            const PegBitmap* bitmap = PegResources::GetBitmap(243);
+            if (bitmap != nullptr) {
+                EXPECT_TRUE(
+                    HoldsItsRows(*bitmap, std::size_t{bitmap->width} * bitmap->height * bitmap->bitsPerPixel / 8));
+            }
+        }
+    }
+}
+
+TEST_F(Resources, GrowInStepsAndNotWithoutBound) {
+    PegResources::SetFont(48, &BuiltInFontA());
+    EXPECT_EQ(PegResources::FontTableSize(), 64U);
+    const PegBitmap bitmap{};
+    PegResources::SetBitmap(0xFFFFFFF0U, &bitmap, false);
+    EXPECT_EQ(PegResources::BitmapTableSize(), 80U);
+    PegResources::SetBitmap(95, &bitmap, false);
+    EXPECT_EQ(PegResources::BitmapTableSize(), 96U);
+}
+
+}  // namespace

@@ -1,0 +1,219 @@
+#include "peg/core/thing.h"
+
+#include "tests/bench/toolkit_bench.h"
+#include "tests/peg/recorder.h"
+
+namespace {
+
+constexpr std::uint16_t kUser = MSG_FIRST_USER + 7;
+
+class Things : public ToolkitBench {};
+
+/// The children of a thing by id, front to back.
+std::vector<int> Order(const PegThing& thing) {
+    std::vector<int> ids;
+    for (const PegThing* child = thing.FirstChild(); child != nullptr; child = child->Next())
+        ids.push_back(child->Id());
+    return ids;
+}
+
+TEST_F(Things, StandInFrontOfOlderSiblingsUnlessThoseStayInFront) {
+    Recorder window;
+    for (std::uint16_t id = 1; id <= 3; ++id) AddNew<PegThing>(window, RectOf(0, 0, 9, 9), id);
+    EXPECT_EQ(Order(window), (std::vector{3, 2, 1}));
+
+    auto* staying = new PegThing(RectOf(0, 0, 9, 9), 4);
+    staying->SetStatusBits(STAT_STAY_FRONT);
+    window.AddChild(*staying);
+    AddNew<PegThing>(window, RectOf(0, 0, 9, 9), std::uint16_t{5});
+    EXPECT_EQ(Order(window), (std::vector{4, 5, 3, 2, 1}));
+
+    window.AddChildAtEnd(*window.FindById(3, false));
+    window.AddChild(*window.FindById(1, false));
+    EXPECT_EQ(Order(window), (std::vector{4, 1, 5, 2, 3}));
+}
+
+TEST_F(Things, AreVisibleWhileTheirParentIsAndClippedToIt) {
+    auto& window = AddNew<Recorder>(Manager(), RectOf(10, 10, 59, 59));
+    auto& child = AddNew<PegThing>(window, RectOf(40, 40, 99, 99));
+    EXPECT_TRUE(child.IsVisible());
+    EXPECT_EQ(child.Clip(), RectOf(40, 40, 59, 59));
+
+    window.Resize(RectOf(20, 10, 69, 59));
+    EXPECT_EQ(child.Real(), RectOf(50, 40, 109, 99)) << "children move with the corner";
+    EXPECT_EQ(child.Clip(), RectOf(50, 40, 69, 59));
+
+    Manager().RemoveChild(window);
+    EXPECT_FALSE(child.IsVisible());
+    EXPECT_EQ(window.Parent(), nullptr);
+    delete &window;
+}
+
+TEST_F(Things, AddedWithoutDrawingAreNotShownUntilTheyAreRemovedAndAddedAgain) {
+    auto& window = AddNew<Recorder>(Manager());
+    auto* child = new Recorder(RectOf(0, 0, 9, 9));
+    window.AddChild(*child, false);
+    window.Message(MessageOf(MSG_SHOW));
+    Pump();
+    EXPECT_FALSE(child->IsVisible());
+    EXPECT_TRUE(child->drawn.empty());
+
+    window.RemoveChild(*child);
+    window.AddChild(*child);
+    Pump();
+    EXPECT_TRUE(child->IsVisible());
+    EXPECT_FALSE(child->drawn.empty());
+}
+
+TEST_F(Things, AreFoundByIdAmongChildrenOrDescendants) {
+    Recorder window;
+    auto& inner = AddNew<Recorder>(window, RectOf(0, 0, 9, 9), std::uint16_t{5});
+    auto& deep = AddNew<PegThing>(inner, std::uint16_t{9});
+    EXPECT_EQ(window.FindById(9, false), nullptr);
+    EXPECT_EQ(window.FindById(9, true), &deep);
+    EXPECT_EQ(window.RemoveChild(deep), &deep) << "the request goes on to the parent";
+    EXPECT_EQ(deep.Parent(), nullptr);
+    delete &deep;
+}
+
+TEST_F(Things, PassUnknownMessagesUpToTheTopLevelWindowAndNoFurther) {
+    auto& window = AddNew<Recorder>(Manager());
+    auto& control = AddNew<PegThing>(window, RectOf(0, 0, 9, 9));
+    static int reached = 0;
+    Manager().SetUserMessageCallback([](const PegMessage&) { return ++reached; });
+
+    control.Message(MessageOf(kUser));
+    EXPECT_EQ(window.Count(kUser), 1);
+    EXPECT_EQ(reached, 1) << "application codes go on to the presentation manager";
+    control.Message(MessageOf(0x3FFF));
+    EXPECT_EQ(window.Count(0x3FFF), 1);
+    EXPECT_EQ(reached, 1);
+}
+
+TEST_F(Things, SignalOnlyWithAnIdAnEnabledSignalAndAVisibleParent) {
+    auto& window = AddNew<Recorder>(Manager());
+    auto& control = AddNew<PegThing>(window, RectOf(0, 0, 9, 9), std::uint16_t{3});
+    EXPECT_FALSE(control.Signal(kSignalSelected));
+    control.EnableSignal(kSignalSelected);
+    EXPECT_TRUE(control.Signal(kSignalSelected));
+    Pump();
+    ASSERT_EQ(window.Count(SIGNAL_TYPE(3, kSignalSelected)), 1);
+    EXPECT_EQ(window.received.back().source, &control);
+    EXPECT_EQ(window.received.back().param, 3);
+
+    Manager().RemoveChild(window);
+    EXPECT_FALSE(control.Signal(kSignalSelected));
+    delete &window;
+}
+
+TEST_F(Things, HaveFourColoursAndNoOther) {
+    Recorder window;
+    window.SetColor(3, 42);
+    window.SetColor(4, 43);
+    EXPECT_EQ(window.GetColor(3), 42U);
+    EXPECT_EQ(window.GetColor(4), 0xFFU);
+}
+
+TEST_F(Things, AreDestroyedAfterTheMessageThatAsksForIt) {
+    auto& window = AddNew<Recorder>(Manager());
+    auto& control = AddNew<Recorder>(window, RectOf(0, 0, 9, 9), std::uint16_t{3});
+    SetTimer(control, 1, 1, 1);
+    window.Destroy(window);
+    EXPECT_EQ(Manager().FirstChild(), &window) << "not while a message may still be handled";
+    Pump();
+    EXPECT_EQ(Manager().FirstChild(), nullptr);
+    Ticks(2);  // the timers of everything inside went with it
+}
+
+TEST_F(Things, GetNoMessageOnceTheyAreDead) {
+    auto& window = AddNew<Recorder>(Manager());
+    auto* dying = new Recorder(RectOf(0, 0, 9, 9), 3);
+    window.AddChild(*dying);
+    auto& inside = AddNew<PegThing>(*dying, RectOf(0, 0, 5, 5), std::uint16_t{4});
+    PegMessage first = MessageOf(kUser);
+    first.target = &window;
+    for (PegThing* target : {static_cast<PegThing*>(dying), &inside, static_cast<PegThing*>(&window)}) {
+        PegMessage message = MessageOf(kUser, 1);
+        message.target = target;
+        toolkit.queue->Push(message);
+    }
+    PegMessage signal = MessageOf(SIGNAL_TYPE(3, 4));
+    signal.source = dying;
+    signal.target = &window;
+    toolkit.queue->Push(signal);
+    toolkit.queue->Push(first);
+    window.Destroy(*dying);
+    Pump();
+    EXPECT_EQ(window.Count(kUser), 2) << "messages of the living arrive, in their order";
+    EXPECT_EQ(window.received.back().param, 0);
+    EXPECT_EQ(window.Count(SIGNAL_TYPE(3, 4)), 0) << "no message from the dead either";
+}
+
+class Focus : public ToolkitBench {
+protected:
+    Recorder& window = AddNew<Recorder>(Manager(), RectOf(0, 0, 199, 199));
+    Recorder& AddControl(int x, int y, std::uint16_t id) {
+        auto& control = AddNew<Recorder>(window, RectOf(x, y, x + 19, y + 19), id);
+        control.ClearStatusBits(STAT_FRONT_ON_FOCUS | STAT_VIEWPORT);
+        return control;
+    }
+};
+
+TEST_F(Focus, MovesByArrowsToTheNearestInLineAndElseToTheNearestAtAll) {
+    Recorder& middle = AddControl(80, 80, 1);
+    Recorder& right = AddControl(140, 85, 2);
+    Recorder& above = AddControl(120, 20, 3);
+    Manager().SetFocus(middle);
+    middle.HandleKey(MessageOf(MSG_KEY_DOWN, kKeyRight));
+    EXPECT_EQ(Manager().Focus(), &right);
+    right.HandleKey(MessageOf(MSG_KEY_DOWN, kKeyLeft));
+    EXPECT_EQ(Manager().Focus(), &middle);
+    middle.HandleKey(MessageOf(MSG_KEY_DOWN, kKeyUp));
+    EXPECT_EQ(Manager().Focus(), &above) << "nothing stands straight above";
+    above.HandleKey(MessageOf(MSG_KEY_DOWN, kKeyUp));
+    EXPECT_EQ(Manager().Focus(), &above);
+}
+
+TEST_F(Focus, MarksThePathAndTellsOldAndNewOwner) {
+    Recorder& first = AddControl(0, 0, 1);
+    Recorder& second = AddControl(40, 0, 2);
+    first.EnableSignal(kSignalFocusLost);
+    Manager().SetFocus(first);
+    EXPECT_TRUE(first.HasStatus(STAT_CURRENT) && window.HasStatus(STAT_CURRENT));
+    Manager().SetFocus(second);
+    Pump();
+    EXPECT_FALSE(first.HasStatus(STAT_CURRENT));
+    EXPECT_TRUE(second.HasStatus(STAT_CURRENT) && second.HasStatus(STAT_FOCUS_CHILD));
+    EXPECT_FALSE(first.HasStatus(STAT_FOCUS_CHILD));
+    EXPECT_EQ(first.Count(MSG_INPUT_OUT), 1);
+    EXPECT_EQ(second.Count(MSG_INPUT_IN), 1);
+    EXPECT_EQ(window.Count(SIGNAL_TYPE(1, kSignalFocusLost)), 1);
+}
+
+TEST_F(Focus, GoesByDefaultToTheChildThatHadItLast) {
+    Recorder& first = AddControl(0, 0, 1);
+    Recorder& second = AddControl(40, 0, 2);
+    Manager().SetFocus(first);
+    Manager().SetFocus(Manager());
+    EXPECT_EQ(Manager().Focus(), nullptr);
+    window.SetDefaultFocus();
+    EXPECT_EQ(Manager().Focus(), &first);
+
+    Manager().SetFocus(Manager());
+    first.ClearStatusBits(STAT_FOCUS_CHILD);
+    second.SetStatusBits(STAT_KEEP_FOCUS_CHILD);
+    window.SetDefaultFocus();
+    EXPECT_EQ(Manager().Focus(), &second) << "taken at once, wherever it stands";
+}
+
+TEST_F(Focus, IsRefusedToThingsThatAreHiddenOrDoNotAcceptIt) {
+    Recorder& deaf = AddControl(0, 0, 1);
+    deaf.ClearStatusBits(STAT_ACCEPTS_FOCUS);
+    PegThing* before = Manager().Focus();
+    Manager().SetFocus(deaf);
+    Recorder hidden;
+    Manager().SetFocus(hidden);
+    EXPECT_EQ(Manager().Focus(), before);
+}
+
+}  // namespace

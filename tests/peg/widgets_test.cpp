@@ -1,0 +1,265 @@
+#include "peg/core/text_thing.h"
+#include "peg/resources/builtin_fonts.h"
+#include "peg/resources/resources.h"
+#include "peg/widgets/bitmap_button.h"
+#include "peg/widgets/bitmap_prompt.h"
+#include "peg/widgets/horz_list.h"
+#include "peg/widgets/text_box.h"
+#include "peg/widgets/text_button.h"
+#include "peg/widgets/vert_list.h"
+#include "tests/bench/toolkit_bench.h"
+#include "tests/peg/recorder.h"
+
+namespace {
+
+using Rows = std::vector<std::string>;
+
+class Widgets : public ToolkitBench {
+protected:
+    Recorder& window = AddNew<Recorder>(Manager(), RectOf(0, 0, 319, 239));
+
+    /// The columns of a text's pixels on the panel: first and last.
+    std::pair<int, int> Extent(const PegRect& rect, std::uint16_t color) const {
+        std::pair<int, int> extent{-1, -1};
+        for (int x = rect.left; x <= rect.right; ++x) {
+            for (int y = rect.top; y <= rect.bottom; ++y) {
+                if (Pixel(x, y) != color) continue;
+                if (extent.first < 0) extent.first = x;
+                extent.second = x;
+            }
+        }
+        return extent;
+    }
+};
+
+TEST_F(Widgets, HaveFramesPixelByPixel) {
+    const std::initializer_list<ColorLetter> shades{
+        {0xFFFF, ' '}, {0x8410, '+'}, {0xC618, '-'}, {0x07E0, '.'}, {0x0000, '#'}};
+    const auto drawn = [&](std::uint32_t style) {
+        auto& framed = AddNew<PegPrompt>(window, RectOf(10, 10, 19, 17), nullptr, std::uint16_t{0}, style);
+        framed.SetColor(kBackground, 10);
+        DrawingPass pass(window, window.Real());
+        toolkit.screen->Fill(window.Real(), 0xF800);
+        framed.Draw(framed.Real());
+        return Picture(framed.Real(), shades);
+    };
+    EXPECT_EQ(drawn(kStyleBorderThin), (Rows{
+                                           "?########?",
+                                           "##......##",
+                                           "#........#",
+                                           "#........#",
+                                           "#........#",
+                                           "#........#",
+                                           "##......##",
+                                           "?########?",
+                                       }));
+    EXPECT_EQ(drawn(kStyleBorderRaised), (Rows{
+                                             "?-------+?",
+                                             "--     -+#",
+                                             "- .....+##",
+                                             "- ......+#",
+                                             "- ......+#",
+                                             "- .....++#",
+                                             "---+++++##",
+                                             "?+#######?",
+                                         }));
+    EXPECT_EQ(drawn(kStyleBorderRecessed), (Rows{
+                                               "?+++++++-?",
+                                               "++#####+--",
+                                               "+##..... -",
+                                               "+#...... -",
+                                               "+#...... -",
+                                               "+#....   -",
+                                               "++-      -",
+                                               "?--------?",
+                                           }));
+}
+
+TEST_F(Widgets, AlignTheirTextsWithAMarginOfOnePixel) {
+    constexpr std::uint16_t kInk = 0x001F;
+    const auto prompt = [&](int top, std::uint32_t style) {
+        auto& added = AddNew<PegPrompt>(window, RectOf(20, top, 219, top + 19), u"H", std::uint16_t{0}, style | 1);
+        added.SetColor(kText, 12);
+        return added.Real();
+    };
+    const PegRect left = prompt(10, kStyleTextLeft);
+    const PegRect right = prompt(40, kStyleTextRight);
+    const PegRect centred = prompt(70, 0);
+    Pump();
+    const int width = WidthOf(u"H", &BuiltInFontA());
+    const int inkLeft = Extent(left, kInk).first - (left.left + 1);  // the glyph's own side bearing
+    EXPECT_GE(inkLeft, 0);
+    EXPECT_LE(inkLeft, 2);
+    EXPECT_EQ(Extent(right, kInk).first, right.right - 1 - width + 1 + inkLeft);
+    EXPECT_EQ(Extent(centred, kInk).first, centred.left + (200 - width) / 2 + inkLeft);
+}
+
+TEST_F(Widgets, TakeOtherColoursWhenHighlighted) {
+    auto& prompt = AddNew<PegPrompt>(window, RectOf(10, 10, 59, 29), u"H", std::uint16_t{0}, kStyleBorderNone);
+    prompt.SetStyleBits(kStyleHighlighted);
+    Pump();
+    EXPECT_EQ(Pixel(10, 10), 0x0017);
+    EXPECT_NE(Extent(prompt.Real(), 0xFFFF).first, -1);
+}
+
+TEST_F(Widgets, FollowTheLanguageWhereTheirTextHasANumber) {
+    auto& numbered = AddNew<PegPrompt>(window, RectOf(0, 0, 99, 19));
+    auto& own = AddNew<PegPrompt>(window, RectOf(0, 20, 99, 39), u"own");
+    numbered.SetTextById(5);
+    const int before = window.Count(MSG_LANGUAGE);
+    PegResources::SetLanguage(1);
+    Pump();
+    EXPECT_EQ(window.Count(MSG_LANGUAGE), before + 1);
+    EXPECT_EQ(std::u16string_view(numbered.Text()), u"Cancel");
+    EXPECT_EQ(numbered.StringNumber(), 5U);
+    EXPECT_EQ(std::u16string_view(own.Text()), u"own");
+}
+
+TEST_F(Widgets, KeepACopyOfTheirTextWhenAskedTo) {
+    char16_t text[] = u"42";
+    PegPrompt copy(RectOf(0, 0, 9, 9), text, 0, kStyleCopyText);
+    PegPrompt pointer(RectOf(0, 0, 9, 9), text, 0, 0);
+    text[0] = u'7';
+    EXPECT_EQ(copy.NumberInRange(0, 99), 42);
+    EXPECT_EQ(pointer.NumberInRange(0, 50), 50);
+    copy.SetText(u"");
+    EXPECT_EQ(copy.Text(), nullptr);
+}
+
+TEST_F(Widgets, OfManyWordsBreakBetweenThem) {
+    auto& box =
+        AddNew<PegTextBox>(window, RectOf(10, 10, 109, 59), std::uint16_t{0}, kStyleBorderNone, std::size_t{128});
+    box.SetText(u"No custom page has been defined");
+    Pump();
+    EXPECT_NE(Extent(RectOf(10, 10, 109, 30), 0x0000).first, -1);
+    EXPECT_NE(Extent(RectOf(10, 40, 109, 59), 0x0000).first, -1);
+    EXPECT_EQ(Extent(RectOf(110, 0, 319, 239), 0x0000).first, -1) << "nothing beside it";
+}
+
+class Lists : public Widgets {
+protected:
+    PegVertList& list = AddNew<PegVertList>(window, RectOf(10, 10, 109, 49), std::uint16_t{7}, kStyleBorderNone);
+
+    void Fill(int count) {
+        for (int i = 0; i < count; ++i) {
+            list.AddChildAtEnd(*new PegBitmapPrompt(RectOf(0, 0, 9, 14), u"item", static_cast<std::uint16_t>(i + 1),
+                                                    kStyleActive | kStyleBorderNone));
+        }
+    }
+    void Key(int key) { list.Message(MessageOf(MSG_KEY_DOWN, static_cast<std::int16_t>(key))); }
+};
+
+TEST_F(Lists, PlaceTheirItemsAndScrollTheSelectedOneIntoView) {
+    list.SetSpacing(1);
+    Fill(4);
+    EXPECT_EQ(list.ItemAt(1)->Real(), RectOf(10, 26, 109, 40));
+    list.SelectIndex(3);
+    EXPECT_EQ(list.ItemAt(3)->Real().bottom, 49);
+    list.SelectIndex(0);
+    EXPECT_EQ(list.ItemAt(0)->Real().top, 10);
+    EXPECT_EQ(list.Count(), 4);
+}
+
+TEST_F(Lists, MoveTheSelectionByKeysAndStopAtTheEndsUnlessTheyWrap) {
+    Fill(3);
+    list.ItemAt(1)->ClearStatusBits(STAT_SELECTABLE);
+    Key(kKeyDown);
+    EXPECT_EQ(list.Selected(), nullptr) << "keys need a selection";
+    list.SelectIndex(0);
+    Key(kKeyDown);
+    EXPECT_EQ(list.SelectedIndex(), 2) << "the one between cannot be selected";
+    Key(kKeyDown);
+    EXPECT_EQ(list.SelectedIndex(), 2);
+    EXPECT_TRUE(list.Selected()->HasStyle(kStyleHighlighted));
+    list.SetStyleBits(0x2000);
+    Key(kKeyDown);
+    EXPECT_EQ(list.SelectedIndex(), 0);
+    EXPECT_FALSE(list.ItemAt(2)->HasStyle(kStyleHighlighted));
+    Key(kKeyEnd);
+    EXPECT_EQ(list.SelectedIndex(), 2);
+    Key(kKeyHome);
+    EXPECT_EQ(list.SelectedIndex(), 0);
+    const int before = window.Count(MSG_KEY_DOWN);
+    Key(kKeyLeft);
+    EXPECT_EQ(window.Count(MSG_KEY_DOWN), before + 1) << "keys across are the parent's";
+}
+
+TEST_F(Lists, SelectTheItemThatTellsItWasChosenAndForgetARemovedOne) {
+    Fill(3);
+    PegThing* item = list.ItemAt(2);
+    EXPECT_TRUE(item->Signal(kSignalSelected));
+    Pump();
+    EXPECT_EQ(list.Selected(), item);
+    list.RemoveChild(*item);
+    EXPECT_EQ(list.Selected(), nullptr);
+    EXPECT_FALSE(item->HasStyle(kStyleHighlighted));
+    list.InsertBehind(*item, list.ItemAt(0));
+    EXPECT_EQ(list.IndexOf(*item), 1);
+}
+
+class Buttons : public Widgets {
+protected:
+    PegBitmapButton& Add(std::uint32_t style) {
+        return AddNew<PegBitmapButton>(window, RectOf(0, 0, 19, 19), 1U, 2U, 0U, std::uint16_t{5},
+                                       style | kStyleActive);
+    }
+    int Signals() const { return window.Count(SIGNAL_TYPE(5, kSignalSelected)); }
+};
+
+TEST_F(Buttons, TellOnReleaseAndOnlyWhenPressed) {
+    PegBitmapButton& button = Add(0);
+    button.Release(MessageOf(MSG_SHOW));
+    Pump();
+    EXPECT_EQ(Signals(), 0);
+    button.Press(MSG_BUTTON_DOWN);
+    button.Press(MSG_BUTTON_DOWN);
+    Pump();
+    EXPECT_TRUE(button.IsPressed());
+    EXPECT_EQ(Signals(), 0);
+    button.Release(MessageOf(MSG_BUTTON_UP));
+    Pump();
+    EXPECT_EQ(Signals(), 1);
+}
+
+TEST_F(Buttons, TellOnPressAndAgainWhileHeld) {
+    PegBitmapButton& button = Add(kStyleButtonOnPress | kStyleButtonRepeat);
+    button.Press(MSG_BUTTON_DOWN);
+    Pump();
+    EXPECT_EQ(Signals(), 1);
+    Ticks(19);
+    EXPECT_EQ(Signals(), 1);
+    Ticks(6);
+    EXPECT_EQ(Signals(), 3);  // after 20 and 25 ticks
+    button.Release(MessageOf(MSG_BUTTON_UP));
+    Ticks(40);
+    EXPECT_EQ(Signals(), 3);
+}
+
+TEST_F(Buttons, ShowTheBitmapOfTheirLook) {
+    std::vector<std::unique_ptr<LoadedBitmap>> looks;
+    for (std::uint32_t i = 0; i < 4; ++i) {
+        looks.push_back(PegScreen::CreateBitmap(4, 4, 0));
+        std::fill_n(looks[i]->pixels.get(), 16, static_cast<std::uint16_t>(0x1000 + i));
+        PegResources::SetBitmap(60 + i, &looks[i]->bitmap, false);
+    }
+    PegBitmapButton& button = Add(0);
+    button.SetBitmaps(60, 61, 62, 63);
+    const auto look = [&] {
+        Pump();
+        return Pixel(8, 8) - 0x1000;
+    };
+    EXPECT_EQ(look(), 0);
+    EXPECT_EQ(Pixel(7, 7), 0xFFFF) << "centred, with nothing drawn around it";
+    button.Press(MSG_BUTTON_DOWN);
+    EXPECT_EQ(look(), 1);
+    button.Release(MessageOf(MSG_BUTTON_UP));
+    button.SetStyleBits(kStyleHighlighted);
+    button.Invalidate();
+    EXPECT_EQ(look(), 2);
+    button.ClearStyleBits(kStyleActive);
+    button.Invalidate();
+    EXPECT_EQ(look(), 3);
+    PegResources::Reset();
+}
+
+}  // namespace

@@ -1,0 +1,116 @@
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cmath>
+
+#include "tests/simulator/bench.h"
+
+namespace {
+
+using namespace meter;
+using enum Quantity;
+
+class Scenes : public testing::Test {
+protected:
+    void Play(std::string_view name) {
+        m_meter.Play(*FindScenario(name));
+        m_meter.Advance(30'000);
+    }
+    bool IsActive(std::string_view name) {
+        const auto active = m_meter.GetAlarms().Active();
+        return std::ranges::any_of(
+            active, [&](const Occurrence* one) { return AlarmDefinitions()[one->definition].name == name; });
+    }
+    std::uint32_t Status() { return bench::AskWord(m_meter, "ALARMSINTERFACE_getGlobalAlarmStatus"); }
+
+    Meter m_meter{bench::kSeed, bench::kStart};
+};
+
+TEST_F(Scenes, ASagRaisesAlarmsThatEndWithIt) {
+    EXPECT_EQ(Status(), 12U);
+    Play("sag");
+    EXPECT_NEAR(m_meter.Value(VoltageL2) / m_meter.Value(VoltageL1), 0.71, 0.03);
+    EXPECT_TRUE(IsActive("Voltage sag L2"));
+    EXPECT_TRUE(IsActive("Undervoltage L2"));
+    EXPECT_FALSE(IsActive("Voltage sag L1"));
+    EXPECT_EQ(Status(), 0U);
+
+    bench::Bytes none;
+    EXPECT_TRUE(m_meter.Answer("ALARMSINTERFACE_ackActiveAlarms", {}, none));
+    EXPECT_EQ(Status(), 2U);
+
+    Play("normal");
+    EXPECT_FALSE(IsActive("Voltage sag L2"));
+    EXPECT_EQ(Status(), 12U);
+    const auto newest = bench::Ask<AlarmEntry>(m_meter, "ALARMSINTERFACE_getHistoricalAlarms", bench::Words({0, 1}));
+    EXPECT_EQ(newest.hasEnded.Get(), 1);
+    EXPECT_GE(newest.endSeconds.Get(), newest.startSeconds.Get() + 20);
+    EXPECT_FALSE(TextIn(newest.endTime).empty());
+}
+
+TEST_F(Scenes, AnAlarmWaitsForItsDelay) {
+    m_meter.Play(*FindScenario("sag"));
+    m_meter.Advance(5'000);
+    EXPECT_TRUE(IsActive("Voltage sag L2"));
+    EXPECT_FALSE(IsActive("Undervoltage L2"));
+    m_meter.Play(*FindScenario("normal"));
+    m_meter.Advance(1'000);
+    m_meter.Play(*FindScenario("sag"));
+    m_meter.Advance(8'000);
+    EXPECT_FALSE(IsActive("Undervoltage L2")) << "the delay starts anew";
+    m_meter.Advance(3'000);
+    EXPECT_TRUE(IsActive("Undervoltage L2"));
+}
+
+TEST_F(Scenes, EachSituationShowsInWhatIsMeasured) {
+    Play("swell");
+    EXPECT_TRUE(IsActive("Voltage swell L1"));
+    Play("unbalance");
+    EXPECT_GT(m_meter.Value(Unbalance), 2.0);
+    Play("phase-loss");
+    EXPECT_EQ(m_meter.Value(VoltageL3), 0.0);
+    EXPECT_TRUE(IsActive("Phase loss"));
+    EXPECT_FALSE(IsActive("Phase reversal"));
+    Play("reversed-phase");
+    EXPECT_TRUE(IsActive("Phase reversal"));
+    EXPECT_FALSE(IsActive("Phase loss"));
+    Play("harmonics");
+    EXPECT_GT(m_meter.Value(ThdVoltageL1), 5.0);
+    EXPECT_TRUE(IsActive("Voltage THD L1"));
+    Play("normal");
+    EXPECT_TRUE(m_meter.GetAlarms().Active().empty());
+}
+
+TEST_F(Scenes, ADeltaSystemHasNoPhaseVoltagesButLineVoltages) {
+    Play("delta");
+    EXPECT_TRUE(std::isnan(m_meter.Value(VoltageL1)));
+    EXPECT_EQ(TextIn(bench::Get(m_meter, 3705).value), "---");
+    EXPECT_EQ(TextIn(bench::Get(m_meter, reg::kWiring).value), "DELTA");
+    EXPECT_NEAR(m_meter.Value(VoltageL12), 400.0, 25.0);
+    EXPECT_GT(m_meter.Value(ApparentTotal), 0.0);
+    const auto bar =
+        bench::Ask<MinMaxBarData>(m_meter, "PQINTERFACE_getMinMaxBarData", bench::Words({3706, 3707, 3705}));
+    EXPECT_EQ(bar.present.valid.Get(), 0U);
+    const auto phasor = bench::Ask<PhasorEntry>(m_meter, "PQINTERFACE_getPhasorData", bench::Words({1}));
+    EXPECT_EQ(TextIn(phasor.magnitudeLabel), "V12");
+}
+
+TEST_F(Scenes, AlarmListsGrowToFiveHundredAndLogsEmpty) {
+    Play("500-alarms");
+    const auto stats = bench::Ask<AlarmStats>(m_meter, "ALARMSINTERFACE_getActiveAlarmStats");
+    EXPECT_EQ(stats.count.Get(), 500U);
+    EXPECT_EQ(stats.unacknowledged.Get(), 500U);
+    Play("empty-log");
+    EXPECT_EQ(bench::AskWord(m_meter, "EVLIF_getEventLogEntryCount"), 0U);
+    EXPECT_EQ(bench::Ask<AlarmStats>(m_meter, "ALARMSINTERFACE_getHistoricalAlarmStats").count.Get(), 0U);
+    EXPECT_EQ(TextIn(bench::Ask<EventLogEntry>(m_meter, "EVLIF_getEventLogData", bench::Words({0, 1})).source), "");
+}
+
+TEST_F(Scenes, AnAlarmSwitchedOffStaysSilent) {
+    ASSERT_EQ(m_meter.Write(4008, "Disabled", kMeterModule), std::nullopt);
+    Play("sag");
+    EXPECT_FALSE(IsActive("Voltage sag L2"));
+    EXPECT_TRUE(IsActive("Undervoltage L2"));
+}
+
+}  // namespace
