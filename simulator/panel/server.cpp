@@ -2,6 +2,7 @@
 
 #include <libwebsockets.h>
 
+#include <algorithm>
 #include <array>
 #include <atomic>
 #include <stdexcept>

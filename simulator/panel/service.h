@@ -27,9 +27,9 @@ struct Request {
 
 struct Response {
     int status = 200;
-    std::string type = "text/plain";
-    std::string body;
-    std::string allow;  // of a 405: the method that the path knows
+    std::string type = "text/plain; charset=utf-8";
+    std::string body = {};
+    std::string allow = {};  // of a 405: the method that the path knows
 };
 
 /// What the simulator of the meter says about itself.
