@@ -62,16 +62,35 @@ public:
     }
 
 private:
+    // A glyph moved to stand in its cell, and how wide the cell is.
+    struct Cell {
+        Glyph glyph;
+        int width = 0;
+    };
+
+    Cell CellOf(char16_t character) const {
+        const bool own = m_face.Holds(character);
+        if (!own && !m_fallback.Holds(character)) return {};
+        Cell cell{.glyph = (own ? m_face : m_fallback).Draw(character), .width = 0};
+        const int shift = std::max(0, -cell.glyph.left);
+        cell.glyph.left += shift;
+        cell.width = std::max(cell.glyph.advance + shift, cell.glyph.left + cell.glyph.width);
+        return cell;
+    }
+
+    // Figures change while they are looked at: they share one width, the widest one's, so that nothing moves.
+    int FigureWidth() const {
+        int width = 0;
+        for (char16_t figure = u'0'; figure <= u'9'; ++figure) width = std::max(width, CellOf(figure).width);
+        return width;
+    }
+
     void Place(char16_t character) {
         m_page.offsets.push_back(static_cast<std::uint16_t>(m_width));
-        const bool own = m_face.Holds(character);
-        if (!own && !m_fallback.Holds(character)) return;
-        Glyph glyph = (own ? m_face : m_fallback).Draw(character);
-        const int shift = std::max(0, -glyph.left);
-        glyph.left += shift;
-        const int width = std::max(glyph.advance + shift, glyph.left + glyph.width);
-        m_glyphs.emplace_back(m_width, std::move(glyph));
-        m_width += width;
+        Cell cell = CellOf(character);
+        if (character >= u'0' && character <= u'9') cell.width = FigureWidth();
+        m_glyphs.emplace_back(m_width, std::move(cell.glyph));
+        m_width += cell.width;
     }
 
     void Paint(int cell, const Glyph& glyph) {
