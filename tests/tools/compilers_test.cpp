@@ -91,7 +91,7 @@ TEST_F(Compilers, MakeWhatTheDisplayReadsInEitherOrderPackedOrNot) {
         EXPECT_EQ(PegResources::GetString(101), nullptr);
         EXPECT_EQ(PegResources::GetString(102), std::u16string(u"Power Ω"));
 
-        EXPECT_EQ(HeightOf(PegResources::GetFont(32)), 11);
+        EXPECT_EQ(HeightOf(PegResources::GetFont(32)), 12);
         EXPECT_EQ(HeightOf(PegResources::GetFont(33)), 24);
         EXPECT_GT(WidthOf(u"Ж", PegResources::GetFont(32)), 5);
         EXPECT_EQ(WidthOf(u"\uE000", PegResources::GetFont(32)), 0);

@@ -11,8 +11,11 @@
 
 namespace {
 
-constexpr double kAscent = 0.93;   // of the size: room for an accented capital
-constexpr double kDescent = 0.24;  // of the size: room for a tail
+// A line is as high as this, and higher where the tallest letters of the panel's languages ask for a pixel more.
+constexpr double kAscent = 0.93;  // of the size
+constexpr double kDescent = 0.24;
+constexpr std::u16string_view kTallest = u"ÄÉÈÊÑÓÚЙЁ";
+constexpr std::u16string_view kDeepest = u"gjpqyçQЩЦ";
 constexpr int kMostSize = 200;
 
 struct Range {
@@ -42,10 +45,17 @@ std::uint8_t ToFourBits(std::uint8_t coverage) { return static_cast<std::uint8_t
 class PageMaker {
 public:
     PageMaker(const OutlineFace& face, const OutlineFace& fallback, int size) : m_face(face), m_fallback(fallback) {
+        long ascent = std::lround(size * kAscent);
+        for (const char16_t letter : kTallest) ascent = std::max<long>(ascent, face.Draw(letter).top);
+        long descent = std::lround(size * kDescent);
+        for (const char16_t letter : kDeepest) {
+            const Glyph glyph = face.Draw(letter);
+            descent = std::max<long>(descent, glyph.height - glyph.top);
+        }
         m_page.flags = kFontFourBits;
-        m_page.ascent = static_cast<std::uint8_t>(std::lround(size * kAscent));
-        m_page.descent = static_cast<std::uint8_t>(std::lround(size * kDescent));
-        m_page.height = static_cast<std::uint8_t>(m_page.ascent + m_page.descent);
+        m_page.ascent = static_cast<std::uint8_t>(ascent);
+        m_page.descent = static_cast<std::uint8_t>(descent);
+        m_page.height = static_cast<std::uint8_t>(ascent + descent);
     }
 
     FontPage Make(Range range) {
