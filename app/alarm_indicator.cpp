@@ -14,31 +14,32 @@
 
 namespace {
 
-enum class Lamp : std::uint8_t { On, Off, Blinking };
+/// What the lamp's output line does; the lamp is lit while its line is low.
+enum class LampLine : std::uint8_t { High, Low, Alternating };
 
 /// What one global alarm status does.
 struct IndicatorRow {
     std::uint32_t status;
     bool blink;  // the icon of the shown screen alternates
     bool flash;  // so does the backlight, once it would be dim
-    Lamp lamp;
+    LampLine line;
 };
 
 // clang-format off
 constexpr auto kIndicatorRows = std::to_array<IndicatorRow>({
-    {0,  true,  true,  Lamp::Blinking},  // and every status without a row of its own
-    {1,  true,  false, Lamp::Blinking},
-    {2,  false, false, Lamp::Off},
-    {3,  false, false, Lamp::Off},
-    {4,  true,  false, Lamp::Blinking},
-    {5,  true,  false, Lamp::Blinking},
-    {6,  true,  false, Lamp::Blinking},
-    {7,  false, false, Lamp::Off},
-    {8,  false, false, Lamp::On},
-    {9,  false, false, Lamp::On},
-    {10, false, false, Lamp::On},
-    {11, false, false, Lamp::On},
-    {12, false, false, Lamp::On},
+    {0,  true,  true,  LampLine::Alternating},  // and every status without a row of its own
+    {1,  true,  false, LampLine::Alternating},
+    {2,  false, false, LampLine::Low},
+    {3,  false, false, LampLine::Low},
+    {4,  true,  false, LampLine::Alternating},
+    {5,  true,  false, LampLine::Alternating},
+    {6,  true,  false, LampLine::Alternating},
+    {7,  false, false, LampLine::Low},
+    {8,  false, false, LampLine::High},
+    {9,  false, false, LampLine::High},
+    {10, false, false, LampLine::High},
+    {11, false, false, LampLine::High},
+    {12, false, false, LampLine::High},
 });
 // clang-format on
 static_assert([] {
@@ -76,7 +77,7 @@ void alarmIndicatorUpdate() {
     if (status != lastAlarmStatus) {
         lastAlarmStatus = status;
         backlightSetAlarmFlash(row.flash);
-        VEKHWIF_setGpio(kLampLine, row.lamp != Lamp::Off ? 1 : 0);
+        VEKHWIF_setGpio(kLampLine, row.line != LampLine::Low ? 1 : 0);
         TellScreen(screen, status, row.blink ? 0 : 1);
         indicatorPhase = 0;
     } else {
@@ -86,7 +87,7 @@ void alarmIndicatorUpdate() {
         } else if (screen != lastAlarmTarget) {
             TellScreen(screen, status, 1);
         }
-        if (row.lamp == Lamp::Blinking) VEKHWIF_setGpio(kLampLine, indicatorPhase == 0 ? 1 : 0);
+        if (row.line == LampLine::Alternating) VEKHWIF_setGpio(kLampLine, indicatorPhase == 0 ? 1 : 0);
     }
     backlightTick();
 }

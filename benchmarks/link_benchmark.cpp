@@ -83,7 +83,7 @@ private:
     std::array<std::thread, 2> m_threads;
 };
 
-bool CompareCall(const char* name, std::size_t requestSize, std::size_t replySize) {
+void CompareCall(benchmark::State& state, std::size_t requestSize, std::size_t replySize) {
     Answerer meter(requestSize, replySize);
     Check(connectToServer("127.0.0.1", meter.port()) == 0);
     const std::string operation(requestSize - kFrameOverhead - 8, 'n');
@@ -106,10 +106,9 @@ bool CompareCall(const char* name, std::size_t requestSize, std::size_t replySiz
         ReceiveAll(bare, reply.data(), replySize);
     };
 
-    const bool met = bench::Compare(name, kCallGoal, kRepeats, call, exchange);
+    bench::Compare(state, kCallGoal, kRepeats, call, exchange);
     ::close(bare);
     (void)connectToServer("127.0.0.1", 1);  // hangs up
-    return met;
 }
 
 /// A ball between two tasks, with nothing but a mutex and a condition variable for each direction.
@@ -135,7 +134,6 @@ struct BareHop {
 constexpr std::size_t kMessageBytes = 40;
 std::array<BareHop, 2> hops;
 std::array<os::MessageQueueId, 2> queues;
-bool goalMet = false;
 
 void Send(os::MessageQueueId queue) {
     const std::array<std::uint8_t, kMessageBytes> message{};
@@ -161,8 +159,14 @@ int ReturnBare(os::TaskArgument /*argument*/) {
     }
 }
 
+struct HopComparison {
+    benchmark::State& state;
+    BareHop done;
+};
+
 /// Both kinds of hop between tasks of the same priority.
-int CompareHops(os::TaskArgument done) {
+int CompareHops(os::TaskArgument argument) {
+    auto& comparison = *reinterpret_cast<HopComparison*>(argument);
     const auto message = [] {
         Send(queues[0]);
         Receive(queues[1]);
@@ -171,30 +175,31 @@ int CompareHops(os::TaskArgument done) {
         hops[0].Throw();
         hops[1].Catch();
     };
-    goalMet = bench::Compare("message, there and back", kHopGoal, 4 * kRepeats, message, bare);
-    reinterpret_cast<BareHop*>(done)->Throw();
+    bench::Compare(comparison.state, kHopGoal, 4 * kRepeats, message, bare);
+    comparison.done.Throw();
     return 0;
 }
 
-bool CompareQueue() {
+void MessageThereAndBack(benchmark::State& state) {
     for (auto& queue : queues) queue = os::msgQCreate(42, kMessageBytes, os::kQueueFifo);
-    static BareHop done;
+    HopComparison comparison{state, {}};
     constexpr int kPriority = 194;
     Check(os::taskSpawn("tMessages", kPriority, 0, 4096, ReturnMessages, 0) != os::kTaskError);
     Check(os::taskSpawn("tBare", kPriority, 0, 4096, ReturnBare, 0) != os::kTaskError);
-    Check(os::taskSpawn("tCompare", kPriority, 0, 4096, CompareHops, reinterpret_cast<os::TaskArgument>(&done)) !=
+    Check(os::taskSpawn("tCompare", kPriority, 0, 4096, CompareHops, reinterpret_cast<os::TaskArgument>(&comparison)) !=
           os::kTaskError);
-    done.Catch();
-    return goalMet;
+    comparison.done.Catch();
 }
+
+void Call29Reply4(benchmark::State& state) { CompareCall(state, 29, 4); }
+void Call46Reply1720(benchmark::State& state) { CompareCall(state, 46, 1720); }
+void Call50Reply264(benchmark::State& state) { CompareCall(state, 50, 264); }
+
+BENCHMARK(Call29Reply4)->Apply(bench::Rounds);
+BENCHMARK(Call46Reply1720)->Apply(bench::Rounds);
+BENCHMARK(Call50Reply264)->Apply(bench::Rounds);
+BENCHMARK(MessageThereAndBack)->Apply(bench::Rounds);
 
 }  // namespace
 
-int main() {
-    bench::StayOnOneProcessor();
-    bool met = CompareCall("call 29 bytes, reply 4", 29, 4);
-    met = CompareCall("call 46 bytes, reply 1720", 46, 1720) && met;
-    met = CompareCall("call 50 bytes, reply 264", 50, 264) && met;
-    met = CompareQueue() && met;
-    return met ? 0 : 1;
-}
+int main(int argc, char** argv) { return bench::RunAll(argc, argv); }

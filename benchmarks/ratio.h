@@ -1,10 +1,10 @@
 #pragma once
 
+#include <benchmark/benchmark.h>
 #include <sched.h>
 
 #include <algorithm>
 #include <chrono>
-#include <cstdio>
 #include <vector>
 
 /// Compares a part of the display with the least that the host needs for the same work.
@@ -14,6 +14,7 @@
 namespace bench {
 
 inline constexpr int kRounds = 31;
+inline bool goalMissed = false;
 
 /// Keeps this process and the tasks it will start on the processor it is running on.
 inline void StayOnOneProcessor() {
@@ -38,24 +39,41 @@ inline double Median(std::vector<double> values) {
     return *middle;
 }
 
-/// Prints the ratio of ours to bare, the goal and both absolute times. @return whether the goal is met
+/// Runs the rounds of a benchmark and reports the ratio of ours to bare, its goal, and the time of bare in
+/// microseconds.
 template <typename Ours, typename Bare>
-bool Compare(const char* name, double goal, int repeats, Ours ours, Bare bare) {
-    std::vector<double> ourTimes;
+void Compare(benchmark::State& state, double goal, int repeats, Ours ours, Bare bare) {
+    constexpr double kMicro = 1e6;
     std::vector<double> bareTimes;
     std::vector<double> ratios;
     SecondsEach(repeats, ours);
     SecondsEach(repeats, bare);
-    for (int round = 0; round < kRounds; ++round) {
-        ourTimes.push_back(SecondsEach(repeats, ours));
+    for ([[maybe_unused]] auto round : state) {
+        const double ourTime = SecondsEach(repeats, ours);
         bareTimes.push_back(SecondsEach(repeats, bare));
-        ratios.push_back(ourTimes.back() / bareTimes.back());
+        ratios.push_back(ourTime / bareTimes.back());
+        state.SetIterationTime(ourTime);
     }
-    constexpr double kMicro = 1e6;
     const double ratio = Median(ratios);
-    std::printf("%-32s ratio %5.2f  goal %4.2f  %s  ours %8.2f us  bare %8.2f us\n", name, ratio, goal,
-                ratio <= goal ? "met   " : "MISSED", Median(ourTimes) * kMicro, Median(bareTimes) * kMicro);
-    return ratio <= goal;
+    state.counters["ratio"] = ratio;
+    state.counters["goal"] = goal;
+    state.counters["bare_us"] = Median(bareTimes) * kMicro;
+    state.SetLabel(ratio <= goal ? "met" : "MISSED");
+    goalMissed = goalMissed || ratio > goal;
+}
+
+/// How every comparison is run.
+inline void Rounds(benchmark::internal::Benchmark* benchmark) {
+    benchmark->Iterations(kRounds)->UseManualTime()->Unit(benchmark::kMicrosecond);
+}
+
+/// Runs the registered comparisons. @return the exit status: 0 when every goal is met
+inline int RunAll(int argc, char** argv) {
+    StayOnOneProcessor();
+    benchmark::Initialize(&argc, argv);
+    if (benchmark::ReportUnrecognizedArguments(argc, argv)) return 2;
+    benchmark::RunSpecifiedBenchmarks();
+    return goalMissed ? 1 : 0;
 }
 
 }  // namespace bench

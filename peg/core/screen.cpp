@@ -150,6 +150,7 @@ std::unique_ptr<LoadedBitmap> PegScreen::CreateBitmap(int width, int height, std
     bitmap.width = static_cast<std::uint16_t>(width);
     bitmap.height = static_cast<std::uint16_t>(height);
     bitmap.data = created->pixels.get();
+    created->bytes = words * sizeof(std::uint16_t);
     if (bitmap.Has(PegBitmap::kTransparent)) {
         bitmap.transparent = kTransparentPixel;
         std::fill_n(bitmap.data, words, kTransparentPixel);

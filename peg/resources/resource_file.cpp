@@ -113,6 +113,7 @@ bool ReadBitmap(FieldReader& fields, bool compressed, LoadedBitmap& loaded) {
 
     loaded.pixels = std::make_unique<std::uint16_t[]>((pixelBytes + 1) / sizeof(std::uint16_t));
     bitmap.data = loaded.pixels.get();
+    loaded.bytes = pixelBytes;
     const std::span<std::uint8_t> bytes{reinterpret_cast<std::uint8_t*>(bitmap.data), pixelBytes};
     if (!ReadData(fields, there, compressed, bytes)) return false;
     if (fields.IsForeignOrder() && bitmap.bitsPerPixel != 8) SwapWords(bytes);

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <array>
+#include <cstddef>
 #include <cstdint>
 #include <memory>
 #include <vector>
@@ -24,6 +25,7 @@ struct LoadedBitmap {
     std::uint32_t number = 0;
     PegBitmap bitmap{};
     std::unique_ptr<std::uint16_t[]> pixels;
+    std::size_t bytes = 0;  // of pixels, or of the runs that make them
 };
 
 struct LoadedColor {

@@ -5,6 +5,7 @@
 
 #include "rda/client.h"
 #include "rda/wire.h"
+#include "tests/bench/allocation_count.h"
 
 namespace {
 constexpr std::uint64_t kSeed = 1;
@@ -54,6 +55,7 @@ std::uint32_t ScriptedMeter::LastArgument(std::string_view operation) const {
 
 bool ScriptedMeter::Call(std::string_view operation, std::span<const std::byte> payload,
                          std::span<std::byte> response) {
+    const AllocationPause theMetersOwn;
     m_calls.push_back({std::string(operation), Bytes(payload.begin(), payload.end())});
     std::fill(response.begin(), response.end(), std::byte{0});
     if (m_silent || m_failing.contains(operation)) return false;

@@ -38,6 +38,7 @@ TEST_F(Widgets, HaveFramesPixelByPixel) {
     const auto drawn = [&](std::uint32_t style) {
         auto& framed = AddNew<PegPrompt>(window, RectOf(10, 10, 19, 17), nullptr, std::uint16_t{0}, style);
         framed.SetColor(kBackground, 10);
+        Pump();
         DrawingPass pass(window, window.Real());
         toolkit.screen->Fill(window.Real(), 0xF800);
         framed.Draw(framed.Real());
@@ -56,7 +57,7 @@ TEST_F(Widgets, HaveFramesPixelByPixel) {
     EXPECT_EQ(drawn(kStyleBorderRaised), (Rows{
                                              "?-------+?",
                                              "--     -+#",
-                                             "- .....+##",
+                                             "-  .....+#",
                                              "- ......+#",
                                              "- ......+#",
                                              "- .....++#",
@@ -69,8 +70,8 @@ TEST_F(Widgets, HaveFramesPixelByPixel) {
                                                "+##..... -",
                                                "+#...... -",
                                                "+#...... -",
-                                               "+#....   -",
-                                               "++-      -",
+                                               "+#.....  -",
+                                               "++-     --",
                                                "?--------?",
                                            }));
 }

@@ -1,10 +1,25 @@
 #include "screens/parameters/parameter_screen.h"
 
+#include <cstring>
+
+#include "localization/display_config.h"
 #include "screens/parameters/custom_screen.h"
-#include "screens/parameters/parameter_tables.h"
 #include "tests/bench/panel_bench.h"
 
 namespace {
+
+template <std::size_t size>
+void Write(std::array<char, size>& field, std::string_view text) {
+    std::copy_n(text.begin(), std::min(text.size(), size), field.begin());
+}
+
+RegisterValue Register(std::string_view label, std::string_view value, std::string_view unit) {
+    RegisterValue record{};
+    Write(record.label, label);
+    Write(record.value, value);
+    Write(record.unit, unit);
+    return record;
+}
 
 class ParameterScreens : public PanelBench {
 protected:
@@ -19,6 +34,187 @@ TEST_F(ParameterScreens, LookAsTheyShould) {
         Show(row.screen);
         EXPECT_TRUE(PanelShows("parameters/screen_" + std::to_string(row.screen)));
     }
+}
+
+TEST_F(ParameterScreens, ShowEmptyRowsWhileTheMeterIsSilentAndRecover) {
+    meter().FallSilent();
+    Show(25);
+    EXPECT_TRUE(PanelShows("parameters/silent_meter"));
+    meter().Recover();
+    Ticks(21);
+    EXPECT_TRUE(PanelShows("parameters/screen_25"));
+}
+
+TEST_F(ParameterScreens, FrameAValueThatFitsInNoFontAndCutTextsWithoutEnd) {
+    RegisterValue endless{};
+    endless.label.fill('W');
+    endless.value.fill('8');
+    endless.unit.fill('k');
+    meter().Answer("PDMINTERFACE_getRegisterValue", endless);
+    for (const std::int32_t screen : {44, 49, 34, 25}) {
+        Show(screen);
+        EXPECT_TRUE(PanelShows("parameters/endless_texts_" + std::to_string(screen)));
+    }
+}
+
+TEST_F(ParameterScreens, ReadEachRegisterOnceARefreshAndDrawOnlyWhatChanged) {
+    Show(25);
+    Ticks(1);
+    meter().ForgetCalls();
+    Screen().flushes = 0;
+    Ticks(20);
+    EXPECT_EQ(meter().Calls("PDMINTERFACE_getRegisterValue"), 4);
+    EXPECT_EQ(Screen().flushes, 0) << "the same values, the same date: nothing to draw";
+}
+
+TEST_F(ParameterScreens, ChooseTheVoltageByTheWiring) {
+    std::string wiring;
+    std::vector<std::uint32_t> read;
+    meter().AnswerBy("PDMINTERFACE_getRegisterValue", [&](auto payload, auto response) {
+        std::uint32_t id = 0;
+        std::memcpy(&id, payload.data(), sizeof id);
+        read.push_back(id);
+        const RegisterValue record = Register("x", id == 3717 ? wiring : "1", "V");
+        std::memcpy(response.data(), &record, sizeof record);
+        return true;
+    });
+    for (const auto& [name, voltage] :
+         {std::pair{"DELTA", 3687U}, {"DELTA 3W", 3687U}, {"4W-WYE", 3708U}, {"delta", 3708U}}) {
+        wiring = name;
+        Show(11);
+        read.clear();
+        Show(4);
+        ASSERT_GE(read.size(), 5U);
+        EXPECT_EQ(std::vector(read.begin(), read.begin() + 5),
+                  (std::vector<std::uint32_t>{3717, voltage, 298, 1890, 2055}))
+            << name;
+    }
+    meter().Fail("PDMINTERFACE_getRegisterValue");
+    Ticks(20);
+}
+
+TEST_F(ParameterScreens, FollowTheLanguageWithinASecond) {
+    Show(25);
+    DISPCFG_setLanguage(1);
+    Ticks(41);
+    EXPECT_TRUE(PanelShows("parameters/german"));
+    DISPCFG_setLanguage(5);
+    DISPCFG_setPhaseLabels(2);
+    Ticks(41);
+    EXPECT_TRUE(PanelShows("parameters/russian_rst"));
+}
+
+/// Custom pages that a test composes, on screen 200.
+class CustomPages : public ParameterScreens {
+protected:
+    CustomPages() {
+        meter().AnswerBy("CUSTOMSCREENINTERFACE_getNormalModeScreenData", [this](auto payload, auto response) {
+            std::uint32_t command = 0;
+            std::memcpy(&command, payload.data(), sizeof command);
+            commands.push_back(command);
+            std::memcpy(response.data(), &page, sizeof page);
+            return true;
+        });
+        SetScroll("0");
+    }
+    void Compose(std::uint32_t count, bool first, bool last) {
+        page = {};
+        page.isFirstPage.Set(first ? 1 : 0);
+        page.isLastPage.Set(last ? 1 : 0);
+        page.count.Set(count);
+        Write(page.title, "Custom page");
+        for (std::size_t i = 0; i < page.parameters.size(); ++i) {
+            page.parameters[i] = Register("Voltage L1-N", std::to_string(230 + i) + ".4", "V");
+        }
+    }
+    void SetScroll(std::string_view seconds) {
+        meter().Answer("PDMINTERFACE_getRegisterValue", Register("Normal scroll", seconds, ""));
+    }
+    std::vector<std::uint32_t> TakeCommands() { return std::exchange(commands, {}); }
+
+    CustomScreenData page{};
+    std::vector<std::uint32_t> commands;
+};
+
+using Commands = std::vector<std::uint32_t>;
+
+TEST_F(CustomPages, LookAsTheyShouldWithOneToSixQuantities) {
+    Show(200);
+    for (std::uint32_t count = 1; count <= 6; ++count) {
+        Compose(count, false, false);
+        Ticks(20);
+        EXPECT_TRUE(PanelShows("custom/rows_" + std::to_string(count)));
+    }
+    Compose(2, true, true);
+    Ticks(20);
+    EXPECT_TRUE(PanelShows("custom/first_and_last"));
+}
+
+TEST_F(CustomPages, KeepTheirRowsWhenACountMakesNoSense) {
+    Compose(2, true, true);
+    Show(200);
+    for (const std::uint32_t count : {0U, 7U, 0xFFFFFFFFU}) {
+        page.count.Set(count);
+        page.parameters[0] = Register("x", "1", "y");
+        Ticks(20);
+    }
+    Compose(3, true, true);
+    Ticks(20);
+    Compose(2, true, true);
+    Ticks(20);
+    EXPECT_TRUE(PanelShows("custom/first_and_last"));
+}
+
+TEST_F(CustomPages, SayWhenThereIsNothingToShowAndRecover) {
+    Compose(2, true, true);
+    page.status.Set(1);
+    Show(200);
+    EXPECT_TRUE(PanelShows("custom/no_data"));
+    meter().FallSilent();
+    Ticks(20);
+    meter().Recover();
+    Compose(2, true, true);
+    Ticks(20);
+    EXPECT_TRUE(PanelShows("custom/first_and_last"));
+}
+
+TEST_F(CustomPages, AreTurnedByKeys) {
+    Compose(4, false, false);
+    Show(200);
+    TakeCommands();
+    Press(KEY_SOFT_3);
+    Press(KEY_SOFT_2);
+    EXPECT_EQ(TakeCommands(), (Commands{2, 0}));
+}
+
+TEST_F(CustomPages, TurnByThemselvesAsOftenAsTheMeterSays) {
+    Compose(4, false, false);
+    SetScroll("3");
+    Show(200);
+    TakeCommands();
+    Ticks(1 + 4 * 20);
+    EXPECT_EQ(std::ranges::count(TakeCommands(), 2U), 0 + 1) << "five refreshes after it was shown";
+    Ticks(3 * 20);
+    EXPECT_EQ(std::ranges::count(TakeCommands(), 2U), 1);
+    page.isLastPage.Set(1);
+    Ticks(3 * 20);
+    EXPECT_EQ(std::ranges::count(TakeCommands(), 3U), 1) << "the last page is followed by the first";
+    Press(KEY_SOFT_2);
+    TakeCommands();
+    Ticks(9 * 20);
+    EXPECT_EQ(std::ranges::count(TakeCommands(), 3U), 0) << "a key delays the next page by ten refreshes";
+    Ticks(20);
+    EXPECT_EQ(std::ranges::count(TakeCommands(), 3U), 1);
+}
+
+TEST_F(CustomPages, StayWhereTheyAreWithoutAScrollSetting) {
+    Compose(4, false, false);
+    Show(200);
+    Ticks(20 * 20);
+    EXPECT_EQ(std::ranges::count(commands, 2U), 0);
+    meter().Fail("PDMINTERFACE_getRegisterValue");
+    Ticks(10 * 20);
+    EXPECT_EQ(std::ranges::count(commands, 2U), 0) << "a failed read leaves the setting as it was";
 }
 
 }  // namespace

@@ -1,0 +1,115 @@
+#include "app/display_resources.h"
+#include "app/startup_screen.h"
+#include "tests/app/hardware_double.h"
+#include "tests/app/task_double.h"
+#include "tests/bench/panel_bench.h"
+
+namespace {
+
+/// The start-up screen on the panel, with a meter that may not be there.
+class Startup : public PanelBench {
+protected:
+    void Start() {
+        loadDisplayResources(reinterpret_cast<std::intptr_t>(&Manager()));
+        Pump();
+    }
+    static bool IsSplashShown() { return Manager().FirstChild() == &startupScreen::getInstance(); }
+    void ReleaseSoftKey1() {
+        startupScreen::getInstance().Message(MessageOf(MSG_KEY_UP, KEY_SOFT_1));
+        Pump();
+    }
+};
+
+TEST_F(Startup, ShowsTheSplashFortyTicksAndHandsOver) {
+    Start();
+    EXPECT_TRUE(PanelShows("startup/splash"));
+    EXPECT_EQ(meter().ConnectionAttempts(), 1);
+    Ticks(39);
+    EXPECT_TRUE(IsSplashShown());
+    Ticks(1);
+    EXPECT_FALSE(IsSplashShown());
+    EXPECT_EQ(Manager().FirstChild(), Navigation().getStartScreen());
+    EXPECT_EQ(Manager().FirstChild()->Next(), nullptr);
+    EXPECT_EQ(Hardware().lines[0], 0);
+    EXPECT_EQ(Hardware().lines[1], 1);
+    EXPECT_TRUE(PanelShows("startup/first_screen"));
+}
+
+TEST_F(Startup, StartsTheTasksOfTheApplicationAtTheHandOver) {
+    Start();
+    Ticks(39);
+    EXPECT_TRUE(Tasks().asked.empty());
+    Ticks(1);
+    constexpr int kFloatingPoint = 0x1000000;
+    EXPECT_EQ(Tasks().asked, (std::vector<AskedTask>{{"tDispRdaServer", 194, kFloatingPoint, 4096, true},
+                                                     {"tDispButtons", 80, kFloatingPoint, 4096, true},
+                                                     {"tDispOneSecond", 194, kFloatingPoint, 4096, true}}));
+}
+
+TEST_F(Startup, BuildsTheApplicationEvenWhenNoTaskCanBeCreated) {
+    Tasks().refuse = true;
+    testing::internal::CaptureStdout();
+    Start();
+    Ticks(40);
+    EXPECT_NE(
+        testing::internal::GetCapturedStdout().find("PEG Command Server: Failed to create task: tDispRdaServerd\n"),
+        std::string::npos);
+    EXPECT_EQ(Manager().FirstChild(), Navigation().getStartScreen());
+}
+
+TEST_F(Startup, HandsOverAtOnceWhenTheMeterComesLate) {
+    meter().RefuseConnections(true);
+    Start();
+    Ticks(100);
+    EXPECT_EQ(meter().ConnectionAttempts(), 6);
+    meter().RefuseConnections(false);
+    ReleaseSoftKey1();
+    EXPECT_TRUE(IsSplashShown()) << "a key does nothing while connecting";
+    Ticks(20);
+    EXPECT_FALSE(IsSplashShown());
+}
+
+TEST_F(Startup, IsCutShortBySoftKey1OnceConnected) {
+    Start();
+    startupScreen::getInstance().Message(MessageOf(MSG_KEY_UP, KEY_SOFT_2));
+    Pump();
+    EXPECT_TRUE(IsSplashShown());
+    ReleaseSoftKey1();
+    EXPECT_FALSE(IsSplashShown());
+}
+
+TEST_F(Startup, GivesUpAfterSixtyTwoAttempts) {
+    meter().RefuseConnections(true);
+    testing::internal::CaptureStdout();
+    Start();
+    Ticks(61 * 20);
+    EXPECT_EQ(meter().ConnectionAttempts(), 62);
+    Ticks(1000);
+    EXPECT_EQ(meter().ConnectionAttempts(), 62);
+    const std::string console = testing::internal::GetCapturedStdout();
+    const std::string line =
+        "\nstartupScreen::Message - could not connect to meterbase. Integrated unit so do nothing.\n";
+    EXPECT_NE(console.find(line), std::string::npos);
+    EXPECT_EQ(console.find(line), console.rfind(line));
+    EXPECT_TRUE(IsSplashShown());
+}
+
+TEST_F(Startup, ComesUpWithoutItsFilesAndSaysSo) {
+    setenv("BOARD_ROOT", "/nonexistent", 1);
+    testing::internal::CaptureStdout();
+    Start();
+    EXPECT_EQ(testing::internal::GetCapturedStdout().find("Failed to open file /romfs/resources.pbr\n"), 0U);
+    Ticks(40);
+    EXPECT_FALSE(IsSplashShown());
+    EXPECT_EQ(Manager().FirstChild(), Navigation().getStartScreen());
+}
+
+TEST_F(Startup, BuildsTheApplicationWithASilentMeter) {
+    Start();
+    meter().FallSilent();
+    Ticks(60);
+    EXPECT_FALSE(IsSplashShown());
+    EXPECT_EQ(Navigation().getCurrentScreenId(), 200);
+}
+
+}  // namespace

@@ -1,0 +1,40 @@
+#pragma once
+
+#include <sys/types.h>
+
+#include <chrono>
+#include <filesystem>
+#include <functional>
+#include <string>
+#include <vector>
+
+/// Gives this process a network of its own, with nothing in it but a loopback interface that is up.
+/// @return false when the machine does not allow that
+bool EnterOwnNetwork();
+
+/// Waits until something holds. @return whether it did within the time
+bool Eventually(const std::function<bool()>& holds, std::chrono::milliseconds within = std::chrono::seconds(10));
+
+/// A program that runs until this object goes. Its console is kept.
+class Program {
+public:
+    /// @param environment  "NAME=value" entries beside the test's own
+    Program(const std::string& path, const std::vector<std::string>& arguments,
+            const std::vector<std::string>& environment = {});
+    Program(const Program&) = delete;
+    Program& operator=(const Program&) = delete;
+    ~Program() { Kill(); }
+
+    bool IsRunning();
+
+    /// Ends the program at once.
+    void Kill();
+
+    /// What it has printed so far.
+    std::string Console() const;
+    bool Printed(const std::string& text) const { return Console().find(text) != std::string::npos; }
+
+private:
+    std::filesystem::path m_console;
+    pid_t m_process = -1;
+};

@@ -1,0 +1,168 @@
+#include "localization/localization.h"
+
+#include <stdlib.h>
+#include <unistd.h>
+
+#include "localization/display_config.h"
+#include "peg/resources/resources.h"
+#include "tests/bench/file_builder.h"
+#include "tests/bench/toolkit_bench.h"
+#include "tests/peg/recorder.h"
+
+namespace {
+
+using Text = std::u16string_view;
+
+/// A board whose localisation file a test makes up.
+class Localization : public ToolkitBench {
+protected:
+    Localization() { setenv("BOARD_ROOT", m_folder.c_str(), 1); }
+    ~Localization() override {
+        localizationClass::unload();
+        std::filesystem::remove_all(m_folder);
+    }
+
+    void Use(const FileBuilder& file) {
+        file.WriteTo(m_folder / "romfs/localization.dat");
+        localizationClass::unload();
+        localizationClass::load();
+        Pump();
+    }
+    /// Numbers 0 to 5, two languages, one column of symbols and two of phase labels.
+    static FileBuilder WholeFile() {
+        const std::array<Text, 6> english{u"Voltage L1", u"Voltage A", u"Voltage R", u"U", u"V", u"Voltage L1"};
+        const std::array<Text, 6> german{u"Spannung L1", u"Spannung A", u"Spannung R", u"", u"V (d)", u"doppelt"};
+        FileBuilder file;
+        file.StringTable(2, 6).Language(english).Language(german);
+        file.U16(0xBEEF).U16(2).U16(1).U16(3).U16(4);
+        file.U16(0xBEEF).U16(3).U16(2).U16(0).U16(1).U16(1).U16(77).U16(2).U16(2);
+        return file;
+    }
+    static displayClass& Texts() { return displayClass::getInstance(); }
+
+private:
+    std::filesystem::path m_folder =
+        std::filesystem::temp_directory_path() / ("localization-" + std::to_string(getpid()));
+};
+
+TEST_F(Localization, ShowsTheBaseTextWhereThereIsNoOther) {
+    localizationClass::unload();
+    const char16_t* text = u"anything";
+    EXPECT_EQ(Texts().translate(text), text) << "no file";
+    Use(WholeFile());
+    EXPECT_EQ(Texts().translate(text), text);
+    EXPECT_EQ(Texts().translate(nullptr), nullptr);
+    EXPECT_EQ(Text(Texts().translate(u"U", 1)), u"U") << "the language has no text for it";
+    EXPECT_EQ(Text(Texts().translate(u"V", 9)), u"V") << "no such language";
+    std::array<char16_t, 20> out;
+    EXPECT_EQ(Texts().translateInto("anything", out), 0U);
+    EXPECT_EQ(Text(out.data()), u"anything");
+}
+
+TEST_F(Localization, TranslatesByTextAndFindsTheLowerOfTwoNumbers) {
+    Use(WholeFile());
+    EXPECT_EQ(Text(Texts().translate(u"Voltage L1", 1)), u"Spannung L1");
+    std::array<char16_t, 5> out;
+    out.fill(u'x');
+    EXPECT_EQ(Texts().translateInto("Voltage L1", out, 1), 1U);
+    EXPECT_EQ(Text(out.data()), u"Span") << "cut to the room, and terminated";
+}
+
+TEST_F(Localization, SubstitutesLabelsAndThenSymbols) {
+    Use(WholeFile());
+    DISPCFG_setPhaseLabels(1);
+    Texts().updateSettings();
+    EXPECT_EQ(Text(Texts().translate(u"Voltage L1")), u"Voltage L1") << "replaced by a number that is no string";
+    DISPCFG_setPhaseLabels(2);
+    DISPCFG_setMeasSymbols(1);
+    Texts().updateSettings();
+    EXPECT_EQ(Text(Texts().translate(u"Voltage L1")), u"Voltage R");
+    EXPECT_EQ(Text(Texts().translate(u"U", 1)), u"V (d)");
+}
+
+TEST_F(Localization, ReplacesANumberMoreThanOnceWhereALaterColumnNamesIt) {
+    FileBuilder file;
+    const std::array<Text, 3> english{u"a", u"b", u"c"};
+    file.StringTable(1, 3).Language(english);
+    file.U16(0xBEEF).U16(0).U16(0);
+    file.U16(0xBEEF).U16(2).U16(2).U16(0).U16(1).U16(1).U16(2);
+    Use(file);
+    DISPCFG_setPhaseLabels(1);
+    Texts().updateSettings();
+    EXPECT_EQ(Text(Texts().translate(u"a")), u"c");
+}
+
+TEST_F(Localization, TakesANewLanguageFromTheNextLookupOnAndRedraws) {
+    Use(WholeFile());
+    auto& window = AddNew<Recorder>(Manager());
+    Pump();
+    window.drawn.clear();
+    DISPCFG_setLanguage(1);
+    EXPECT_EQ(Text(Texts().translate(u"V")), u"V");
+    EXPECT_EQ(Text(Texts().translate(u"V")), u"V (d)");
+    Pump();
+    EXPECT_EQ(window.Count(MSG_LANGUAGE), 1);
+    EXPECT_EQ(window.drawn.size(), 1U);
+    DISPCFG_setLanguage(9);
+    Texts().updateSettings();
+    EXPECT_EQ(Text(Texts().translate(u"V")), u"V") << "an index beyond the file is the base language";
+}
+
+TEST_F(Localization, ReadsTheTablesBehindBrokenStringsAndSkipsABrokenTable) {
+    FileBuilder file = WholeFile();
+    file.Content()[2] = 9;  // no string table
+    Use(file);
+    EXPECT_EQ(Text(Texts().translate(u"V", 1)), u"V");
+
+    FileBuilder table;
+    const std::array<Text, 2> english{u"a", u"b"};
+    table.StringTable(1, 2).Language(english);
+    table.U16(0xDEAD).U16(2).U16(1);  // no cells follow
+    table.U16(0xBEEF).U16(2).U16(1).U16(0).U16(1);
+    Use(table);
+    DISPCFG_setMeasSymbols(1);
+    DISPCFG_setPhaseLabels(1);
+    Texts().updateSettings();
+    EXPECT_EQ(Text(Texts().translate(u"a")), u"b");
+}
+
+TEST_F(Localization, SurvivesEveryCutAndEveryLieOfItsFile) {
+    const FileBuilder whole = WholeFile();
+    const std::size_t size = FileBuilder(whole).Content().size();
+    for (std::size_t cut = 0; cut < size; ++cut) {
+        FileBuilder file = whole;
+        file.Content().resize(cut);
+        Use(file);
+        Texts().updateSettings();
+        EXPECT_NE(Texts().translate(u"Voltage L1", 1), nullptr);
+    }
+    DISPCFG_setPhaseLabels(1);
+    for (std::size_t at = 0; at < size; ++at) {
+        FileBuilder file = whole;
+        file.Content()[at] ^= 0xFF;
+        Use(file);
+        Texts().updateSettings();
+        EXPECT_NE(Texts().translate(u"Voltage L1", 1), nullptr);
+    }
+}
+
+TEST_F(Localization, TakesOverWhatTheMeterSelectsAsFarAsItAnswers) {
+    DISPCFG_setLanguage(3);
+    static std::vector<std::pair<int, int>> lines;
+    DISPCFG_init({.readSelection =
+                      [](std::uint32_t id, std::uint32_t& selected) {
+                          selected = id == 2062 ? 2 : 1;
+                          return id == 1914 ? -1 : 0;
+                      },
+                  .setOutputLine =
+                      [](int line, int level) {
+                          lines.emplace_back(line, level);
+                          return 0;
+                      }});
+    EXPECT_EQ(DISPCFG_getLanguage(), 3U);
+    EXPECT_EQ(DISPCFG_getPhaseLabels(), 2U);
+    EXPECT_EQ(DISPCFG_getMeasSymbols(), 1U);
+    EXPECT_EQ(lines, (std::vector<std::pair<int, int>>{{0, 0}, {1, 1}}));
+}
+
+}  // namespace

@@ -1,0 +1,100 @@
+#include "navigation/meter_access.h"
+
+#include "navigation/password_handler.h"
+#include "tests/bench/panel_bench.h"
+
+namespace {
+
+class MeterAccess : public PanelBench {
+protected:
+    static meterAccessClass& Access() { return meterAccessClass::getInstance(); }
+};
+
+TEST_F(MeterAccess, ReadsARegisterAsTextsEvenWhenTheyAreNotTerminated) {
+    RegisterValue record{};
+    record.label.fill('L');
+    record.value.fill('8');
+    record.unit.fill('U');
+    meter().Answer("PDMINTERFACE_getRegisterValue", record);
+    RegisterDisplay display;
+    EXPECT_EQ(Access().readRegister(298, display), 0);
+    EXPECT_EQ(meter().LastArgument("PDMINTERFACE_getRegisterValue"), 298U);
+    EXPECT_EQ(std::u16string_view(display.label.data()), std::u16string(39, u'L'));
+    EXPECT_EQ(std::u16string_view(display.value.data()), std::u16string(44, u'8'));
+    EXPECT_EQ(std::u16string_view(display.unit.data()), std::u16string(9, u'U'));
+    meter().FallSilent();
+    EXPECT_EQ(Access().readRegister(298, display), -1);
+    EXPECT_EQ(display, RegisterDisplay{});
+}
+
+TEST_F(MeterAccess, NoticesAnotherConnectionOnceAndASixthFailureInARow) {
+    const auto connection = [](std::uint32_t id) { meter().Answer("DISPTSK_getConnectionId", id); };
+    connection(7);
+    EXPECT_TRUE(Access().isSameMeterConnection());
+    connection(8);
+    EXPECT_FALSE(Access().isSameMeterConnection());
+    EXPECT_TRUE(Access().isSameMeterConnection());
+    for (int round = 0; round < 2; ++round) {
+        meter().FallSilent();
+        for (int i = 0; i < 5; ++i) EXPECT_TRUE(Access().isSameMeterConnection());
+        EXPECT_FALSE(Access().isSameMeterConnection());
+    }
+    for (int i = 0; i < 5; ++i) EXPECT_TRUE(Access().isSameMeterConnection());
+    meter().Recover();
+    EXPECT_TRUE(Access().isSameMeterConnection());
+}
+
+class Password : public PanelBench {
+protected:
+    static PHC_passwordHandlerClass& Handler() { return PHC_passwordHandlerClass::getInstance(); }
+    static void Allow(std::uint32_t word) {
+        meter().Answer("SECURITYINTERFACE_getFrontPanelAccessRights", std::array{0U, word});
+    }
+    static void Verdict(std::uint32_t result) { meter().Answer("SECURITYINTERFACE_verifyFrontPanelPassword", result); }
+};
+
+TEST_F(Password, OpensALoginThatUseKeepsOpenAndTimeEnds) {
+    Allow(1);
+    EXPECT_EQ(Handler().checkAccess(), FrontPanelAccess::WithPassword);
+    Verdict(0);
+    EXPECT_EQ(Handler().verify("USER", "1234"), kPasswordAccepted);
+    Ticks(3599);
+    EXPECT_EQ(Handler().checkAccess(), FrontPanelAccess::Granted);
+    Ticks(3599);
+    Handler().touch();
+    Ticks(3599);
+    EXPECT_EQ(Handler().checkAccess(), FrontPanelAccess::Granted);
+    Ticks(3600);
+    EXPECT_EQ(Handler().checkAccess(), FrontPanelAccess::WithPassword);
+    EXPECT_EQ(meter().Calls("SECURITYINTERFACE_clearFrontPanelPassword"), 0) << "the meter is not told";
+}
+
+TEST_F(Password, IsRefusedByTheMeterOrWhenItCannotBeAsked) {
+    Allow(1);
+    Verdict(2);
+    EXPECT_EQ(Handler().verify("USER", "x"), kPasswordRefused);
+    meter().ForgetCalls();
+    EXPECT_EQ(Handler().verify(nullptr, "x"), kPasswordNotChecked);
+    EXPECT_EQ(meter().Calls(), 0);
+    Verdict(0);
+    EXPECT_EQ(Handler().verify("USER", "x"), kPasswordAccepted);
+    meter().Fail("SECURITYINTERFACE_verifyFrontPanelPassword");
+    EXPECT_EQ(Handler().verify("USER", "x"), kPasswordNotChecked);
+    EXPECT_EQ(Handler().checkAccess(), FrontPanelAccess::WithPassword) << "a failed try ends the login";
+    Allow(0);
+    EXPECT_EQ(Handler().checkAccess(), FrontPanelAccess::None);
+    meter().FallSilent();
+    EXPECT_EQ(Handler().checkAccess(), FrontPanelAccess::None);
+}
+
+TEST_F(Password, LogoutTellsTheMeterOnceAndOnlyAfterALogin) {
+    Handler().logout();
+    EXPECT_EQ(meter().Calls("SECURITYINTERFACE_clearFrontPanelPassword"), 0);
+    Verdict(0);
+    EXPECT_EQ(Handler().verify("USER", "1"), kPasswordAccepted);
+    Handler().logout();
+    Handler().logout();
+    EXPECT_EQ(meter().Calls("SECURITYINTERFACE_clearFrontPanelPassword"), 1);
+}
+
+}  // namespace

@@ -1,0 +1,45 @@
+#include "tests/bench/allocation_count.h"
+
+#include <cstdlib>
+#include <new>
+
+#include "screens/parameters/custom_screen.h"
+#include "screens/parameters/parameter_screen.h"
+#include "tests/bench/panel_bench.h"
+
+void* operator new(std::size_t size) {
+    if (AllocationCount::paused == 0) ++AllocationCount::taken;
+    if (void* memory = std::malloc(size)) return memory;
+    std::abort();
+}
+void operator delete(void* memory) noexcept { std::free(memory); }
+void operator delete(void* memory, std::size_t) noexcept { std::free(memory); }
+
+namespace {
+
+class Allocations : public PanelBench {};
+
+TEST_F(Allocations, NeverHappenWhileAScreenIsRefreshed) {
+    CreateParameterScreens();
+    CreateCustomScreens();
+    for (const ScreenInfoRow& row : kScreenInfoRows) {
+        if (Navigation().getScreenKind(row.screen) != SCREEN_KIND_DATA) continue;
+        Show(row.screen);
+        for (const bool silent : {false, true, false}) {
+            if (silent) {
+                meter().FallSilent();
+            } else {
+                meter().Recover();
+            }
+            {
+                const AllocationPause theMetersOwn;
+                meter().Model().Advance(10'000);
+            }
+            const long before = AllocationCount::taken;
+            Ticks(2 * kTicksPerSecond);
+            EXPECT_EQ(AllocationCount::taken, before) << "screen " << row.screen << (silent ? ", silent meter" : "");
+        }
+    }
+}
+
+}  // namespace

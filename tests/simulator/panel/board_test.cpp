@@ -1,0 +1,209 @@
+#include "simulator/panel/board.h"
+
+#include <fcntl.h>
+#include <sys/socket.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <array>
+#include <atomic>
+#include <cstdint>
+#include <fstream>
+#include <thread>
+#include <vector>
+
+#include "platform/device.h"
+#include "tests/simulator/panel/emulated_board.h"
+
+namespace {
+
+namespace fs = std::filesystem;
+using panel::kFrameBytes;
+
+/// Writes a frame of one value as the display does.
+void WriteFrame(std::uint8_t value) {
+    const std::vector<std::uint8_t> frame(kFrameBytes, value);
+    const int device = os::open("/db9000_fb", os::kReadWrite);
+    ASSERT_GE(device, 0);
+    EXPECT_EQ(os::write(device, frame.data(), frame.size()), ssize_t{kFrameBytes});
+    os::close(device);
+}
+
+int Request(const char* device, int request, int argument) {
+    const int descriptor = os::open(device, os::kReadWrite);
+    EXPECT_GE(descriptor, 0) << device;
+    const int result = os::ioctl(descriptor, request, argument);
+    os::close(descriptor);
+    return result;
+}
+
+/// Reads one record with an opening of its own, as the display does.
+std::array<std::uint8_t, 8> ReadKey() {
+    std::array<std::uint8_t, 8> record{};
+    const int keys = os::open("/buttons", os::kReadOnly);
+    EXPECT_EQ(os::read(keys, record.data(), record.size()), 8);
+    os::close(keys);
+    return record;
+}
+
+TEST_F(EmulatedBoard, HasWhatTheDisplayOpens) {
+    EXPECT_EQ(fs::file_size(m_root / "db9000_fb"), 153'600U);
+    EXPECT_TRUE(fs::is_fifo(m_root / "buttons"));
+    for (const char* device : {"db9000_bl", "rasGpio1/0", "rasGpio1/1"}) EXPECT_TRUE(fs::is_socket(m_root / device));
+    EXPECT_FALSE(board().State().displayUp);
+    EXPECT_FALSE(board().State().AlarmLamp());
+}
+
+TEST_F(EmulatedBoard, CountsEveryFrameAndShowsTheNewest) {
+    for (int i = 1; i <= 100; ++i) WriteFrame(static_cast<std::uint8_t>(i));
+    EXPECT_TRUE(Eventually([this] { return board().State().frames == 100; })) << board().State().frames;
+    EXPECT_TRUE(Eventually([this] { return board().NewestFrame()->front() == 100; }));
+    EXPECT_TRUE(board().State().displayUp);
+}
+
+TEST_F(EmulatedBoard, NeverShowsHalfAFrame) {
+    std::atomic<bool> stop = false;
+    std::thread display([&stop] {
+        for (std::uint8_t value = 1; !stop; ++value) {
+            WriteFrame(value);
+            std::this_thread::sleep_for(std::chrono::microseconds(200));
+        }
+    });
+    std::shared_ptr<const panel::Frame> last;
+    int seen = 0;
+    EXPECT_TRUE(Eventually([&] {
+        const auto frame = board().NewestFrame();
+        if (frame != last) ++seen;
+        last = frame;
+        if (std::ranges::adjacent_find(*frame, std::ranges::not_equal_to()) == frame->end()) return seen >= 100;
+        ADD_FAILURE() << "two frames in one after " << seen;
+        return true;
+    })) << seen;
+    stop = true;
+    display.join();
+}
+
+TEST_F(EmulatedBoard, KeepsAFrameBufferThatAWriterHasOpenUntilItIsClosed) {
+    WriteFrame(1);
+    ASSERT_TRUE(Eventually([this] { return board().NewestFrame()->front() == 1; }));
+    const std::vector<std::uint8_t> half(kFrameBytes / 2, 2);
+    const int device = os::open("/db9000_fb", os::kReadWrite);
+    ASSERT_EQ(os::write(device, half.data(), half.size()), ssize_t{kFrameBytes / 2});
+    Request("/db9000_bl", 0x20047A2D, 7);  // the board's thread goes round
+    EXPECT_EQ(board().NewestFrame()->front(), 1);
+    ASSERT_EQ(os::write(device, half.data(), half.size()), ssize_t{kFrameBytes / 2});
+    os::close(device);
+    EXPECT_TRUE(Eventually([this] { return board().NewestFrame()->front() == 2; }));
+    EXPECT_EQ(board().State().frames, 2U);
+}
+
+TEST_F(EmulatedBoard, KeyRecordsAreEightLittleEndianBytes) {
+    ASSERT_TRUE(board().Send({6, 0}));
+    ASSERT_TRUE(board().Send({5, 1}));
+    EXPECT_EQ(ReadKey(), (std::array<std::uint8_t, 8>{6, 0, 0, 0, 0, 0, 0, 0}));
+    EXPECT_EQ(ReadKey(), (std::array<std::uint8_t, 8>{5, 0, 0, 0, 1, 0, 0, 0}));
+}
+
+TEST_F(EmulatedBoard, LosesNoKeyBetweenTwoOpenings) {
+    constexpr int kCount = 2000;
+    std::thread fingers([this] {
+        for (int i = 0; i < kCount; ++i)
+            while (!board().Send({i, 0})) std::this_thread::yield();
+    });
+    for (int i = 0; i < kCount; ++i) {
+        const auto record = ReadKey();
+        ASSERT_EQ(record[0] | record[1] << 8, i);
+    }
+    fingers.join();
+}
+
+TEST_F(EmulatedBoard, SaysWhenNobodyReadsTheKeys) {
+    int sent = 0;
+    while (sent < 100'000 && board().Send({1, 0})) ++sent;
+    EXPECT_EQ(sent, 512);
+}
+
+TEST_F(EmulatedBoard, DoesWhatTheBacklightIsAskedFor) {
+    EXPECT_EQ(Request("/db9000_bl", 0x20047A38, 1), 0);
+    EXPECT_EQ(Request("/db9000_bl", 0x20047A3B, 374), 0);
+    EXPECT_EQ(Request("/db9000_bl", 0x20047A36, 0), 255);
+    EXPECT_EQ(Request("/db9000_bl", 0x20047A2D, 63), 0);
+    EXPECT_EQ(Request("/db9000_bl", 0x20047A36, 0), 63);
+    EXPECT_EQ(Request("/db9000_bl", 0x20047A20, 0), 0);
+    for (const int level : {-1, 256}) EXPECT_EQ(Request("/db9000_bl", 0x20047A2D, level), -1);
+    EXPECT_EQ(Request("/db9000_bl", 0x20047A27, 1), -1) << "not a request of this device";
+    const panel::Backlight backlight = board().State().backlight;
+    EXPECT_EQ(backlight.level, 63);
+    EXPECT_FALSE(backlight.on);
+}
+
+TEST_F(EmulatedBoard, DrivesEachLineByItsBit) {
+    constexpr int kSet = 0x20047A27;
+    constexpr int kClear = 0x20047A28;
+    const auto lines = [this] { return board().State().lineHigh; };
+    EXPECT_EQ(Request("/rasGpio1/0", kSet, 0x10), 0);
+    EXPECT_EQ(lines(), (std::array{true, false, true}));
+    EXPECT_EQ(Request("/rasGpio1/0", kSet, 0x08), 0);
+    EXPECT_EQ(Request("/rasGpio1/0", kClear, 0x10), 0);
+    EXPECT_EQ(lines(), (std::array{false, true, true}));
+    EXPECT_EQ(Request("/rasGpio1/1", kClear, 0x08), 0);
+    EXPECT_EQ(lines(), (std::array{false, true, false}));
+    EXPECT_TRUE(board().State().AlarmLamp());
+    EXPECT_EQ(Request("/rasGpio1/1", 0x20047A20, 1), -1);
+}
+
+TEST_F(EmulatedBoard, APacketOfAnotherSizeEndsItsConnectionOnly) {
+    const int good = os::open("/db9000_bl", os::kReadWrite);
+    for (const std::size_t size : {1U, 7U, 9U, 64U}) {
+        const int bad = os::open("/db9000_bl", os::kReadWrite);
+        const std::array<char, 64> packet{};
+        ASSERT_EQ(os::write(bad, packet.data(), size), static_cast<ssize_t>(size));
+        std::int32_t result = 0;
+        EXPECT_EQ(os::read(bad, &result, sizeof result), 0) << size;
+        os::close(bad);
+    }
+    EXPECT_EQ(os::ioctl(good, 0x20047A36, 0), 255);
+    os::close(good);
+}
+
+TEST_F(EmulatedBoard, SeesThatTheDisplayWaitsForKeysAndThatItLeft) {
+    const int keys = os::open("/buttons", os::kReadOnly);
+    EXPECT_TRUE(Eventually([this] { return board().State().displayUp; }));
+    os::close(keys);
+    EXPECT_TRUE(Eventually([this] { return !board().State().displayUp; }));
+}
+
+TEST_F(EmulatedBoard, TakesOverWhatAnEarlierRunLeft) {
+    WriteFrame(9);
+    m_board.reset();
+    // A run that was killed leaves its sockets.
+    const fs::path stale = m_root / "db9000_bl";
+    ASSERT_EQ(::mknod(stale.c_str(), S_IFSOCK | 0600, 0), 0);
+    m_board.emplace(m_root);
+    EXPECT_EQ(board().NewestFrame()->back(), 9) << "the picture stays on the glass";
+    EXPECT_EQ(Request("/db9000_bl", 0x20047A36, 0), 255);
+    EXPECT_THROW(panel::Board{m_root}, std::system_error) << "a board is played by one";
+}
+
+TEST_F(EmulatedBoard, MendsAFrameBufferOfTheWrongSizeAndRefusesWhatIsNone) {
+    m_board.reset();
+    fs::resize_file(m_root / "db9000_fb", 10);
+    m_board.emplace(m_root);
+    EXPECT_EQ(fs::file_size(m_root / "db9000_fb"), kFrameBytes);
+    m_board.reset();
+    fs::remove(m_root / "buttons");
+    std::ofstream(m_root / "buttons") << "no keys";
+    EXPECT_THROW(panel::Board{m_root}, std::system_error);
+}
+
+TEST_F(EmulatedBoard, LiesInAFolderOfAnyDepth) {
+    fs::path deep = m_root;
+    for (int i = 0; i < 10; ++i) deep /= "a-folder-with-a-long-name";
+    const panel::Board other(deep);
+    setenv("BOARD_ROOT", deep.c_str(), 1);
+    EXPECT_EQ(Request("/rasGpio1/1", 0x20047A28, 0x08), 0);
+    EXPECT_TRUE(other.State().AlarmLamp());
+}
+
+}  // namespace
