@@ -36,7 +36,7 @@ DSBC_dataScrnBaseClass::DSBC_dataScrnBaseClass(std::int32_t screenId)
     if (m_infoRow == nullptr) return;
     m_header = &AddNew<scrnHeader>(*this, RectOf(0, 0, kPanelWidth - 1, kHeaderBottom), nullptr, std::uint16_t{0},
                                    kHeaderStyle);
-    m_header->SetColor(kBackground, m_scheme.colour(0));
+    m_header->setTitleColor(m_scheme.colour(0));
     SetTitleById(m_infoRow->title);
     BuildSoftKeys();
 }

@@ -92,6 +92,10 @@ custParamScrnClass::custParamScrnClass(std::int32_t screenId)
       m_noData(NoDataPlace(), std::uint16_t{0}, kNoDataStyle, kNoDataLongest),
       m_customPeriod(kFirstLook),
       m_normalPeriod(kFirstLook) {
+    SetSoftKeyImages(kBackKey, KeyImage::Up);
+    SetSoftKeyImages(kForwardKey, KeyImage::Down);
+    EnableSoftKey(kBackKey, false);
+    EnableSoftKey(kForwardKey, false);
     m_noData->SetFontNumber(static_cast<std::uint32_t>(kNoDataFont));
 }
 

@@ -6,6 +6,7 @@
 namespace {
 
 constexpr PegRect kUnplaced{};
+constexpr int kUnitGap = 3;  // pixels between a value and its unit
 constexpr std::uint32_t kLeft = kStyleTextLeft | kStyleBorderNone;
 constexpr std::uint32_t kRight = kStyleTextRight | kStyleBorderNone;
 
@@ -37,6 +38,7 @@ ParameterRow::ParameterRow(OverflowFrame valueFrame)
     m_label->setOverflowFrame(false);
     m_value->setOverflowFrame(valueFrame == OverflowFrame::On);
     m_unit->setOverflowFrame(false);
+    m_unit->setMargin(kUnitGap);
 }
 
 void ParameterRow::Place(const RowLayout& layout, std::size_t index) {
