@@ -268,6 +268,23 @@ TEST_F(Compilers, SayWhatIsWrongWithACommandLineOrABinaryFile) {
     }
 }
 
+TEST_F(Compilers, TakeNoDamagedByteForMoreThanItIs) {
+    ASSERT_EQ(Call("resource-compiler", std::string(kAll) + "--uncompressed").status, 0);
+    ASSERT_EQ(Call("localization-compiler", "en.po -o out.dat").status, 0);
+    for (const auto& [program, file] :
+         {std::pair{"resource-inspector", "out.pbr"}, {"localization-inspector", "out.dat"}}) {
+        const std::string whole = Read(file);
+        for (std::size_t at = 0; at < whole.size(); at += 1 + whole.size() / 150) {
+            std::string damaged = whole;
+            damaged[at] = static_cast<char>(~damaged[at]);
+            Write("damaged", damaged);
+            const bool isResource = std::string(file) == "out.pbr";
+            const Run run = Call(program, isResource ? "damaged --fonts f --bitmaps b" : "damaged");
+            EXPECT_TRUE(run.status == 0 || run.status == 1) << program << " ends by a signal over byte " << at;
+        }
+    }
+}
+
 TEST_F(Compilers, ShowFontsAndBitmapsAsPictures) {
     ASSERT_EQ(Call("resource-compiler", kAll).status, 0);
     ASSERT_EQ(Call("resource-inspector", "out.pbr --fonts f --bitmaps b").status, 0);
