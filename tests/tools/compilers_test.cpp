@@ -91,6 +91,10 @@ TEST_F(Compilers, MakeWhatTheDisplayReadsInEitherOrderPackedOrNot) {
         EXPECT_EQ(PegResources::GetString(101), nullptr);
         EXPECT_EQ(PegResources::GetString(102), std::u16string(u"Power Ω"));
 
+        const PegBitmap* solid = PegResources::GetBitmap(81);
+        ASSERT_NE(solid, nullptr);
+        EXPECT_EQ(solid->data[1], 0xF800) << "pixels stand in the file's order";
+
         EXPECT_EQ(HeightOf(PegResources::GetFont(32)), 12);
         EXPECT_EQ(HeightOf(PegResources::GetFont(33)), 24);
         EXPECT_GT(WidthOf(u"Ж", PegResources::GetFont(32)), 5);
