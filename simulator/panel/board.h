@@ -57,6 +57,7 @@ private:
     using Clock = std::chrono::steady_clock;
 
     void Run();
+    bool FrameWaits() const;
     void TakeFrame();
     DeviceSocket Device(const char* name, DeviceSocket::Control control);
 

@@ -94,11 +94,11 @@ Server::Loop::Loop(Board& board, int port, const std::string& meterControl) : m_
 }
 
 Server::Loop::~Loop() {
-    m_board.OnChange({});
-    m_meter.reset();
     m_stop = true;
     Wake();
     m_thread.join();
+    m_board.OnChange({});
+    m_meter.reset();  // before the context, which it wakes
     lws_context_destroy(m_context);
 }
 

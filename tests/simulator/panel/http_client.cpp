@@ -53,6 +53,11 @@ HttpClient::Reply HttpClient::Ask(std::string_view method, std::string_view targ
     return Read();
 }
 
+bool HttpClient::IsEnded() {
+    char byte = 0;
+    return m_pending.empty() && ::recv(m_socket.Get(), &byte, 1, 0) == 0;
+}
+
 HttpClient::Reply HttpClient::Upgrade(std::string_view target, std::string_view extra) {
     return Ask("GET", target, {},
                "Connection: Upgrade\r\nUpgrade: websocket\r\nSec-WebSocket-Version: 13\r\n"

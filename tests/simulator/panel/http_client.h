@@ -32,6 +32,9 @@ public:
     Reply Ask(std::string_view method, std::string_view target, std::string_view body = {},
               std::string_view extra = {});
 
+    /// Whether the server ends the connection, instead of saying more or nothing.
+    bool IsEnded();
+
     /// Asks for the WebSocket.
     Reply Upgrade(std::string_view target, std::string_view extra = {});
     Message ReadMessage();

@@ -108,6 +108,17 @@ TEST_F(PanelServer, PutsKeysIntoTheBoard) {
     EXPECT_EQ(Keys(1), (Records{{2, 0}})) << "held alone, it comes when its time is over";
 }
 
+TEST_F(PanelServer, KeepsAConnectionUnlessARequestMayGoOn) {
+    HttpClient client = Client();
+    for (int i = 0; i < 3; ++i) EXPECT_EQ(client.Ask("GET", "/state").status, 200);
+    EXPECT_EQ(client.Ask("POST", "/keys/home", "body").status, 204);
+    EXPECT_EQ(client.Ask("POST", "/nothing").status, 404);
+    const std::string host = "Host: 127.0.0.1:" + std::to_string(m_server->Port()) + "\r\n";
+    client.Send("POST /keys/home HTTP/1.1\r\n" + host + "\r\n");
+    EXPECT_EQ(client.Read().status, 204);
+    EXPECT_TRUE(client.IsEnded()) << "a body of unknown length may follow";
+}
+
 TEST_F(PanelServer, RefusesWhatItDoesNotKnow) {
     struct Case {
         const char* method;
