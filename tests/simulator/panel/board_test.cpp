@@ -57,9 +57,15 @@ TEST_F(EmulatedBoard, HasWhatTheDisplayOpens) {
 }
 
 TEST_F(EmulatedBoard, CountsEveryFrameAndShowsTheNewest) {
-    for (int i = 1; i <= 100; ++i) WriteFrame(static_cast<std::uint8_t>(i));
-    EXPECT_TRUE(Eventually([this] { return board().State().frames == 100; })) << board().State().frames;
-    EXPECT_TRUE(Eventually([this] { return board().NewestFrame()->front() == 100; }));
+    constexpr unsigned kBursts = 50;
+    constexpr unsigned kFrames = 5;
+    for (unsigned burst = 1; burst <= kBursts; ++burst) {
+        for (unsigned frame = 1; frame <= kFrames; ++frame)
+            WriteFrame(static_cast<std::uint8_t>(burst * kFrames + frame));
+        const auto newest = static_cast<std::uint8_t>(burst * kFrames + kFrames);
+        ASSERT_TRUE(Eventually([&] { return board().NewestFrame()->front() == newest; })) << burst;
+        ASSERT_EQ(board().State().frames, burst * kFrames);
+    }
     EXPECT_TRUE(board().State().displayUp);
 }
 
@@ -79,7 +85,8 @@ TEST_F(EmulatedBoard, NeverShowsHalfAFrame) {
         for (std::uint8_t value = 1; !stop; ++value) {
             WriteFrameInHalves(value);
             // Rests of all lengths, so that the next frame begins at every moment of the reading.
-            std::this_thread::sleep_for(std::chrono::microseconds(value % 64 * 4));
+            const auto end = std::chrono::steady_clock::now() + std::chrono::microseconds(value);
+            while (std::chrono::steady_clock::now() < end) std::this_thread::yield();
         }
     });
     std::shared_ptr<const panel::Frame> last;
@@ -88,7 +95,7 @@ TEST_F(EmulatedBoard, NeverShowsHalfAFrame) {
         const auto frame = board().NewestFrame();
         if (frame != last) ++seen;
         last = frame;
-        if (std::ranges::adjacent_find(*frame, std::ranges::not_equal_to()) == frame->end()) return seen >= 100;
+        if (std::ranges::adjacent_find(*frame, std::ranges::not_equal_to()) == frame->end()) return seen >= 250;
         ADD_FAILURE() << "two frames in one after " << seen;
         return true;
     })) << seen;

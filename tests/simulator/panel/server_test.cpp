@@ -112,7 +112,8 @@ TEST_F(PanelServer, KeepsAConnectionUnlessARequestMayGoOn) {
     HttpClient client = Client();
     for (int i = 0; i < 3; ++i) EXPECT_EQ(client.Ask("GET", "/state").status, 200);
     EXPECT_EQ(client.Ask("POST", "/keys/home", "body").status, 204);
-    EXPECT_EQ(client.Ask("POST", "/nothing").status, 404);
+    EXPECT_EQ(client.Ask("POST", "/nothing", "body").status, 404);
+    EXPECT_EQ(client.Ask("GET", "/state").status, 200) << "no body is left over";
     const std::string host = "Host: 127.0.0.1:" + std::to_string(m_server->Port()) + "\r\n";
     client.Send("POST /keys/home HTTP/1.1\r\n" + host + "\r\n");
     EXPECT_EQ(client.Read().status, 204);
@@ -143,7 +144,9 @@ TEST_F(PanelServer, RefusesWhatItDoesNotKnow) {
 }
 
 TEST_F(PanelServer, BoundsWhatItReads) {
-    EXPECT_EQ(Ask("POST", "/keys/home", std::string(513, 'x')).status, 413);
+    HttpClient client = Client();
+    EXPECT_EQ(client.Ask("POST", "/keys/home", std::string(513, 'x')).status, 413);
+    EXPECT_EQ(client.Ask("GET", "/state").status, 200) << "what was too much is not the next request";
     HttpClient huge = Client();
     huge.Send("POST /keys/home HTTP/1.1\r\nHost: 127.0.0.1:" + std::to_string(m_server->Port()) +
               "\r\nContent-Length: 99999999999999999999\r\n\r\n");
