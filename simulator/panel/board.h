@@ -27,7 +27,6 @@ struct BoardState {
 
     /// The alarm lamp is lit while its line is low.
     bool AlarmLamp() const { return !lineHigh[2]; }
-    bool operator==(const BoardState&) const = default;
 };
 
 /// The board of the display under a folder: frame buffer, keys, backlight and output ports. A thread of its own serves

@@ -72,8 +72,8 @@ Server::Loop::Loop(Board& board, int port, const std::string& meterControl) : m_
     info.port = port;
     info.protocols = kProtocols.data();
     info.user = this;
-    info.gid = static_cast<gid_t>(-1);
-    info.uid = static_cast<uid_t>(-1);
+    info.gid = -1;
+    info.uid = -1;
     info.options =
         LWS_SERVER_OPTION_DISABLE_IPV6 | LWS_SERVER_OPTION_FAIL_UPON_UNABLE_TO_BIND | LWS_SERVER_OPTION_EXPLICIT_VHOSTS;
     m_context = lws_create_context(&info);
