@@ -10,6 +10,10 @@
 #include "tools/formats/source_error.h"
 #include "tools/formats/utf.h"
 
+// The library that reads PO files never gives the comments in them back.
+extern "C" const char* __lsan_default_suppressions();
+extern "C" const char* __lsan_default_suppressions() { return "leak:libgettextpo\n"; }
+
 namespace {
 
 constexpr std::size_t kLongestText = 250;  // characters of a base text that the panel looks up
@@ -90,16 +94,17 @@ private:
         if (!fresh) Fail(Named(number) + " stands twice");
     }
 
+    static std::string Quoted(std::string_view text) { return std::string(1, '"').append(text).append(1, '"'); }
     static std::string Named(std::uint32_t number) { return "string " + std::to_string(number); }
 
     std::uint32_t NumberOf(po_message_t message) const {
         const char* context = po_message_msgctxt(message);
-        if (context == nullptr) Fail("\"" + std::string(po_message_msgid(message)) + "\" has no number (msgctxt)");
+        if (context == nullptr) Fail(Quoted(po_message_msgid(message)) + " has no number (msgctxt)");
         const std::string_view digits = context;
         std::uint32_t number = 0;
         const auto [end, error] = std::from_chars(digits.begin(), digits.end(), number);
         if (error != std::errc{} || end != digits.end() || number > kLargestNumber) {
-            Fail("\"" + std::string(digits) + "\" is no string number");
+            Fail(Quoted(digits) + " is no string number");
         }
         return number;
     }
