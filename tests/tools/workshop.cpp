@@ -23,8 +23,10 @@ Workshop::Workshop() {
     if (mkdtemp(path.data()) == nullptr) std::abort();
     m_folder = path;
     unsetenv("BOARD_ROOT");
-    // The programs' libraries keep memory to the end; a sanitizer would call that a leak and spoil the exit status.
-    setenv("ASAN_OPTIONS", "detect_leaks=0", 1);
+    // The programs' libraries keep memory to the end; a sanitizer would call that a leak. What it finds besides has a
+    // status of its own.
+    setenv("ASAN_OPTIONS", "detect_leaks=0:exitcode=99", 1);
+    setenv("UBSAN_OPTIONS", "exitcode=99", 1);
     PegResources::Reset();
 }
 
