@@ -10,10 +10,6 @@
 #include "tools/formats/source_error.h"
 #include "tools/formats/utf.h"
 
-// The library that reads PO files never gives the comments in them back.
-extern "C" const char* __lsan_default_suppressions();
-extern "C" const char* __lsan_default_suppressions() { return "leak:libgettextpo\n"; }
-
 namespace {
 
 constexpr std::size_t kLongestText = 250;  // characters of a base text that the panel looks up
