@@ -20,8 +20,8 @@ static_assert(AllDiffer(kDetailRows, &AlarmDetailRow::screen));
 static_assert(std::ranges::all_of(kDetailRows, IsDataScreenId, &AlarmDetailRow::screen));
 
 constexpr std::uint32_t kFont = FontForSize(12, kPanelHeight);
-constexpr int kValueLeft = 115;
-constexpr int kQualifierLeft = 135;
+constexpr DetailColumns kColumns = {.labelLeft = 25, .labelRight = 100, .valueLeft = 115, .valueRight = 300};
+constexpr DetailColumns kQualifierColumns = {.labelLeft = 25, .labelRight = 100, .valueLeft = 135, .valueRight = 300};
 constexpr int kIconLeft = 110;
 constexpr std::uint32_t kIconStyle = kStyleTextLeft | kStyleBorderNone;
 
@@ -40,19 +40,19 @@ constexpr std::uint32_t kValue = 533;
 constexpr std::int32_t kSecondsPerDay = 86400;
 
 /// Days, if any, and time of day between two instants in seconds; their difference wraps around at 32 bits.
-ComposedText<64> DurationText(std::uint32_t start, std::uint32_t end) {
+DetailField::ValueText DurationText(std::uint32_t start, std::uint32_t end) {
     const auto seconds = static_cast<std::int32_t>(end - start);
     std::array<char, 36> clock;
     std::snprintf(clock.data(), clock.size(), "%02d:%02d:%02d", seconds / 3600 % 24, seconds / 60 % 60, seconds % 60);
-    ComposedText<64> text;
+    DetailField::ValueText text;
     if (-kSecondsPerDay < seconds && seconds < kSecondsPerDay) return text.Add(clock.data());
     std::array<char, 12> days;
     std::snprintf(days.data(), days.size(), "%0d", seconds / kSecondsPerDay);
     return text.Add(days.data()).Add(u" ").Add(LocalizedString(kDays)).Add(u" + ").Add(clock.data());
 }
 
-ComposedText<64> InstantText(std::u16string_view date, std::u16string_view time) {
-    return ComposedText<64>().Add(date).Add(u" ").Add(time);
+DetailField::ValueText InstantText(std::u16string_view date, std::u16string_view time) {
+    return DetailField::ValueText().Add(date).Add(u" ").Add(time);
 }
 
 }  // namespace
@@ -63,14 +63,15 @@ const AlarmDetailRow* AlarmDetailRowOf(std::int32_t screenId) {
 
 almDetailScrnClass::almDetailScrnClass(const AlarmDetailRow& places)
     : DSBC_dataScrnBaseClass(places.screen),
-      m_name(*this, places.name, kFont, kAlarm, kValueLeft),
-      m_qualifier(*this, places.qualifier, kFont, kPriority, kQualifierLeft),
-      m_priority(AddNew<PegBitmapPrompt>(*this, PlaceOnLine(places.qualifier, kIconLeft, kQualifierLeft - 1, kFont),
-                                         nullptr, std::uint16_t{0}, kIconStyle)),
-      m_start(*this, places.start, kFont, kStart, kValueLeft),
-      m_end(*this, places.end, kFont, kEnd, kValueLeft),
-      m_value(*this, places.value, kFont, kValue, kValueLeft) {
-    if (places.duration != 0) m_duration.emplace(*this, places.duration, kFont, kDuration, kValueLeft);
+      m_name(*this, places.name, kColumns, kFont, kAlarm),
+      m_qualifier(*this, places.qualifier, kQualifierColumns, kFont, kPriority),
+      m_priority(AddNew<PegBitmapPrompt>(
+          *this, PlaceOnLine(places.qualifier, kIconLeft, kQualifierColumns.valueLeft - 1, kFont), nullptr,
+          std::uint16_t{0}, kIconStyle)),
+      m_start(*this, places.start, kColumns, kFont, kStart),
+      m_end(*this, places.end, kColumns, kFont, kEnd),
+      m_value(*this, places.value, kColumns, kFont, kValue) {
+    if (places.duration != 0) m_duration.emplace(*this, places.duration, kColumns, kFont, kDuration);
 }
 
 void almDetailScrnClass::SetAlarm(const AlarmRow& alarm, std::uint32_t icon) {
@@ -80,8 +81,8 @@ void almDetailScrnClass::SetAlarm(const AlarmRow& alarm, std::uint32_t icon) {
 
 void almDetailScrnClass::UpdateScreenData() {
     for (DetailField* field : {&m_name, &m_qualifier, &m_start, &m_end, &m_value}) field->Relabel();
-    m_name.Show(ComposedText<64>().Add(TextIn(m_alarm.name)));
-    m_qualifier.Show(ComposedText<64>().Add(u"(").Add(TextIn(m_alarm.qualifier)).Add(u")"));
+    m_name.Show(DetailField::ValueText().Add(TextIn(m_alarm.name)));
+    m_qualifier.Show(DetailField::ValueText().Add(u"(").Add(TextIn(m_alarm.qualifier)).Add(u")"));
     if (m_priority.BitmapNumber(PegBitmapPrompt::LeftIcon) != m_icon) {
         m_priority.SetBitmapNumber(PegBitmapPrompt::LeftIcon, m_icon);
     }
@@ -89,8 +90,8 @@ void almDetailScrnClass::UpdateScreenData() {
     const bool ended = m_alarm.hasEnded != 0;
     m_end.SetValueColor(ended ? kEndedColor : kStillOnColor);
     m_end.Show(ended ? InstantText(TextIn(m_alarm.endDate), TextIn(m_alarm.endTime))
-                     : ComposedText<64>().Add(LocalizedString(kStillOn)));
-    m_value.Show(ComposedText<64>().Add(TextIn(m_alarm.value)));
+                     : DetailField::ValueText().Add(LocalizedString(kStillOn)));
+    m_value.Show(DetailField::ValueText().Add(TextIn(m_alarm.value)));
     if (!m_duration.has_value()) return;
     m_duration->Relabel();
     m_duration->Show(DurationText(m_alarm.startSeconds, m_alarm.endSeconds));

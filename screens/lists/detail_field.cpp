@@ -5,24 +5,26 @@
 
 namespace {
 
-constexpr int kLabelLeft = 25;
-constexpr int kLabelRight = 100;
-constexpr int kValueRight = 300;
 constexpr std::uint32_t kStyle = kStyleTextLeft | kStyleBorderNone;
+
+PegPrompt& AddPrompt(PegThing& screen, const PegRect& place, std::uint32_t font) {
+    PegPrompt& prompt = AddNew<PegPrompt>(screen, place, nullptr, std::uint16_t{0}, kStyle);
+    prompt.SetFontNumber(font);
+    return prompt;
+}
 
 }  // namespace
 
-DetailField::DetailField(PegThing& screen, int line, std::uint32_t font, std::uint32_t label, int valueLeft)
-    : m_labelText(label),
-      m_label(AddNew<PegPrompt>(screen, PlaceOnLine(line, kLabelLeft, kLabelRight, font), nullptr, std::uint16_t{0},
-                                kStyle)),
-      m_value(AddNew<PegPrompt>(screen, PlaceOnLine(line, valueLeft, kValueRight, font), nullptr, std::uint16_t{0},
-                                kStyle)) {
-    m_label.SetFontNumber(font);
-    m_value.SetFontNumber(font);
+DetailLabel::DetailLabel(PegThing& screen, int line, const DetailColumns& columns, std::uint32_t font,
+                         std::uint32_t text)
+    : m_text(text), m_prompt(AddPrompt(screen, PlaceOnLine(line, columns.labelLeft, columns.labelRight, font), font)) {}
+
+void DetailLabel::Relabel() {
+    const char16_t* label = LocalizedString(m_text);
+    if (m_prompt.Text() != label) m_prompt.SetText(label);
 }
 
-void DetailField::Relabel() {
-    const char16_t* label = LocalizedString(m_labelText);
-    if (m_label.Text() != label) m_label.SetText(label);
-}
+DetailField::DetailField(PegThing& screen, int line, const DetailColumns& columns, std::uint32_t font,
+                         std::uint32_t label)
+    : m_label(screen, line, columns, font, label),
+      m_value(AddPrompt(screen, PlaceOnLine(line, columns.valueLeft, columns.valueRight, font), font)) {}

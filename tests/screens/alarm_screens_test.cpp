@@ -180,4 +180,127 @@ TEST_F(AlarmScreens, DrawNothingWhenNothingHasChanged) {
     EXPECT_EQ(Screen().flushes, 0);
 }
 
+TEST_F(AlarmScreens, ShowOneAlarmInFullAndReturn) {
+    Fill(10);
+    Show(7);
+    Press(KEY_SOFT_4);
+    EXPECT_EQ(Shown(), 8);
+    EXPECT_TRUE(PanelShows("alarms/detail_active"));
+    meter().FallSilent();
+    Ticks(41);
+    alarms.clear();
+    EXPECT_EQ(meter().Calls("ALARMSINTERFACE_getActiveAlarms"), 1) << "a detail screen asks for nothing";
+    Press(KEY_SOFT_1);
+    EXPECT_EQ(Shown(), 7);
+    meter().Recover();
+
+    Fill(10);
+    Show(9);
+    EXPECT_TRUE(PanelShows("alarms/past_ten"));
+    Repeat(KEY_SOFT_3, 3);
+    Press(KEY_SOFT_4);
+    EXPECT_EQ(Shown(), 10);
+    EXPECT_TRUE(PanelShows("alarms/detail_past"));
+    Press(KEY_SOFT_1);
+    EXPECT_EQ(Shown(), 9);
+}
+
+TEST_F(AlarmScreens, CountDurationsInDaysAndWrapAround) {
+    for (const auto& [seconds, name] : {std::pair{65597U, "18_13_17"},
+                                        {86399U, "just_below_a_day"},
+                                        {86400U, "a_day"},
+                                        {90061U, "a_day_and_more"},
+                                        {0U - 1U, "a_second_less_than_nothing"},
+                                        {0U - 90061U, "a_day_less_than_nothing"}}) {
+        alarms = {Alarm("Overvoltage L1", 3, seconds, true)};
+        Show(9);
+        Press(KEY_SOFT_4);
+        EXPECT_TRUE(PanelShows(std::string("alarms/duration_") + name));
+    }
+}
+
+TEST_F(AlarmScreens, CutTextsWithoutEnd) {
+    AlarmEntry endless = Alarm("", 0xFFFF, 0xFFFFFFFF, true);
+    endless.name.fill('W');
+    endless.qualifier.fill('W');
+    endless.startDate.fill('8');
+    endless.startTime.fill('8');
+    endless.endDate.fill('8');
+    endless.endTime.fill('8');
+    endless.value.fill('8');
+    alarms.assign(500, endless);
+    unacknowledged = 0xFFFFFFFF;
+    for (const std::int32_t screen : {7, 9}) {
+        Show(screen);
+        EXPECT_TRUE(PanelShows("alarms/endless_texts_" + std::to_string(screen)));
+        Press(KEY_SOFT_4);
+        EXPECT_TRUE(PanelShows("alarms/endless_texts_" + std::to_string(screen + 1)));
+    }
+}
+
+TEST_F(AlarmScreens, StandUpToCountsThatMakeNoSense) {
+    AlarmStats stats{};
+    stats.count.Set(0xFFFFFFFF);
+    meter().Answer("ALARMSINTERFACE_getActiveAlarmStats", stats);
+    Show(7);
+    Repeat(KEY_SOFT_3, 5);
+    EXPECT_EQ(asked, (Range{2, 4}));
+    EXPECT_TRUE(PanelShows("alarms/active_without_number"));
+}
+
+TEST_F(AlarmScreens, FollowTheLanguage) {
+    alarms = {Alarm("Overvoltage L1", 3, 90061, true), Alarm("Voltage sag L2", 2)};
+    unacknowledged = 500;
+    Show(9);
+    DISPCFG_setLanguage(1);
+    Ticks(41);
+    EXPECT_TRUE(PanelShows("alarms/past_german"));
+    Press(KEY_SOFT_4);
+    EXPECT_TRUE(PanelShows("alarms/detail_past_german"));
+    Press(KEY_SOFT_1);
+    DISPCFG_setLanguage(5);
+    Ticks(41);
+    EXPECT_TRUE(PanelShows("alarms/past_russian"));
+    Press(KEY_SOFT_4);
+    EXPECT_TRUE(PanelShows("alarms/detail_past_russian"));
+}
+
+TEST_F(AlarmScreens, ListAFloodOfTheMetersOwn) {
+    for (const char* call : {"Active", "Historical"}) {
+        const std::string get = "ALARMSINTERFACE_get" + std::string(call);
+        for (const char* part : {"AlarmStats", "Alarms"}) {
+            meter().AnswerBy(get + part, [name = get + part](auto payload, auto response) {
+                return ScriptedMeter::Instance().Model().Answer(name, payload, response);
+            });
+        }
+    }
+    meter().Model().Play(*meter::FindScenario("500-alarms"));
+    Show(7);
+    Repeat(KEY_SOFT_3, 100);
+    EXPECT_TRUE(PanelShows("alarms/active_flood"));
+    Press(KEY_SOFT_2_3);
+    Ticks(20);
+    EXPECT_TRUE(PanelShows("alarms/active_flood_acknowledged"));
+}
+
+TEST_F(AlarmScreens, AreOnlyCreatedForTheirOwnNumbers) {
+    testing::internal::CaptureStdout();
+    EXPECT_EQ(CreateActiveAlarmList(100), nullptr);
+    EXPECT_EQ(CreateHistoricalAlarmList(100), nullptr);
+    EXPECT_EQ(CreateAlarmDetail(100), nullptr);
+    EXPECT_EQ(CreateAlarmDetail(7), nullptr);
+    almActiveListScrnClass* list = CreateActiveAlarmList(7);
+    ASSERT_NE(list, nullptr);
+    Fill(1);
+    Show(7);
+    Press(KEY_SOFT_4);
+    EXPECT_EQ(Shown(), 7);
+    EXPECT_EQ(testing::internal::GetCapturedStdout(),
+              "\nFailed to add active alarm list screen\n"
+              "\nFailed to add active alarm list screen\n"
+              "\nFailed to add alarm detail screen\n"
+              "\nInvalid detail screen ID\n"
+              "No detail screen has been associated to the current screen.");
+}
+
 }  // namespace
