@@ -11,6 +11,7 @@
 #include "navigation/navigation_handler.h"
 #include "rda/command_server.h"
 #include "screens/alarms/alarm_screens.h"
+#include "screens/events/event_screens.h"
 #include "screens/parameters/custom_screen.h"
 #include "screens/parameters/parameter_screen.h"
 
@@ -38,6 +39,7 @@ constexpr auto kScreenCreators = std::to_array<ScreenCreator>({
     CreateParameterScreens,
     CreateActiveAlarmScreens,
     CreateHistoricalAlarmScreens,
+    CreateEventScreens,
     CreateCustomScreens,
 });
 
