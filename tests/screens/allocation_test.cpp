@@ -3,6 +3,8 @@
 #include <cstdlib>
 #include <new>
 
+#include "screens/alarms/alarm_screens.h"
+#include "screens/events/event_screens.h"
 #include "screens/parameters/custom_screen.h"
 #include "screens/parameters/parameter_screen.h"
 #include "tests/bench/panel_bench.h"
@@ -11,6 +13,10 @@ void* operator new(std::size_t size) {
     if (AllocationCount::paused == 0) ++AllocationCount::taken;
     if (void* memory = std::malloc(size)) return memory;
     std::abort();
+}
+void* operator new(std::size_t size, const std::nothrow_t&) noexcept {
+    if (AllocationCount::paused == 0) ++AllocationCount::taken;
+    return std::malloc(size);
 }
 void operator delete(void* memory) noexcept { std::free(memory); }
 void operator delete(void* memory, std::size_t) noexcept { std::free(memory); }
@@ -21,6 +27,9 @@ class Allocations : public PanelBench {};
 
 TEST_F(Allocations, NeverHappenWhileAScreenIsRefreshed) {
     CreateParameterScreens();
+    CreateActiveAlarmScreens();
+    CreateHistoricalAlarmScreens();
+    CreateEventScreens();
     CreateCustomScreens();
     for (const ScreenInfoRow& row : kScreenInfoRows) {
         if (Navigation().getScreenKind(row.screen) != SCREEN_KIND_DATA) continue;
