@@ -137,7 +137,7 @@ static_assert(kEntryPlace == PegRect{10, 63, 307, 85});
 /// Where a key stands on the panel.
 constexpr PegRect PlaceOf(const KeyboardKey& key) {
     constexpr int kKeyWidth = Divided(kPanelWidth, 13.91);
-    constexpr int kColumnStep = kKeyWidth + Divided(kPanelWidth, 106.67);
+    constexpr int kColumnStep = kKeyWidth + Divided(kPanelWidth, 106.66);
     constexpr int kKeyHeight = Divided(kPanelHeight, 13.33);
     constexpr int kRowStep = kKeyHeight + Divided(kPanelHeight, 48.0);
     constexpr int kLeft = kKeyboardPlace.left + Share(kPanelWidth, 0.015625);
@@ -146,5 +146,5 @@ constexpr PegRect PlaceOf(const KeyboardKey& key) {
     return RectOf(kLeft + key.firstColumn * kColumnStep, top, kLeft + key.lastColumn * kColumnStep + kKeyWidth - 1,
                   top + kKeyHeight);
 }
-static_assert(PlaceOf(kKeyboard.front()) == PegRect{5, 90, 27, 108});
+static_assert(PlaceOf(kKeyboard[0]) == PegRect{5, 90, 27, 108} && PlaceOf(kKeyboard[1]).left == 31);
 static_assert(kKeyboardPlace.Contains(PlaceOf(kKeyboard.back())));

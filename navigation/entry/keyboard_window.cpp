@@ -18,14 +18,15 @@ static_assert(kKeyStyle == 0x90000081);
 constexpr std::uint32_t kEntryStyle = kStyleActive | 0x100 | kStyleBorderRecessed;
 static_assert(kEntryStyle == 0x80000108);
 constexpr std::uint16_t kEntryId = 2;
+constexpr std::uint32_t kFace = 26;
 constexpr std::uint32_t kFocusColor = 8;
 constexpr std::uint32_t kFocusText = 0;
 constexpr std::size_t kSpaceKey = IndexOfKey(' ');
 
-/// A key that is a picture. In focus it stands on the same ground as the other keys do.
+/// A key that is a picture, on the same ground as the keys that are texts.
 class PictureKey : public PegBitmapButton {
 public:
-    PictureKey(const KeyboardKey& key)
+    explicit PictureKey(const KeyboardKey& key)
         : PegBitmapButton(PlaceOf(key), key.label, key.label, key.label, static_cast<std::uint16_t>(key.kind),
                           kKeyStyle) {}
 
@@ -62,6 +63,7 @@ void keyboardWin::AddKey(std::size_t index) {
         m_keys[index]->SetFontNumber(kFont);
         m_keys[index]->SetTextById(key.label);
     }
+    m_keys[index]->SetColor(kBackground, kFace);
     m_keys[index]->SetColor(kHighlightBackground, kFocusColor);
     m_keys[index]->SetColor(kHighlightText, kFocusText);
 }
