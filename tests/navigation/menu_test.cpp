@@ -131,7 +131,7 @@ TEST_F(Menu, RemembersItsItemAndItsOpenGroupOnTheWayBack) {
     Press(KEY_SOFT_3, 2);
     Press(KEY_SOFT_1);
     ShowMenu(kAlternate);
-    EXPECT_TRUE(PanelShows("menus/open_group")) << "leaving by soft key 1 forgets the moves";
+    EXPECT_TRUE(PanelShows("menus/back_at_the_same_item")) << "leaving by soft key 1 forgets the moves";
 }
 
 TEST_F(Menu, GoesHomeAfterTenSecondsWithoutAKey) {
