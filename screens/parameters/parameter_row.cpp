@@ -1,7 +1,6 @@
 #include "screens/parameters/parameter_row.h"
 
-#include "peg/core/screen.h"
-#include "peg/resources/resources.h"
+#include "screens/base/line_place.h"
 
 namespace {
 
@@ -10,16 +9,9 @@ constexpr int kUnitGap = 3;  // pixels between a value and its unit
 constexpr std::uint32_t kLeft = kStyleTextLeft | kStyleBorderNone;
 constexpr std::uint32_t kRight = kStyleTextRight | kStyleBorderNone;
 
-/// The place of a text of a font on the line `y`.
-PegRect PlaceOn(int y, const ColumnSpan& columns, std::uint32_t font) {
-    const int height = PegScreen::FontHeight(PegResources::GetFont(font));
-    const int top = y - height + height / 5 - 2;
-    return RectOf(columns.left, top, columns.right, top + height);
-}
-
 void PlacePrompt(dataPegPromptClass& prompt, int y, const ColumnSpan& columns, std::uint32_t font) {
     prompt.SetFontNumber(font);
-    prompt.Resize(PlaceOn(y, columns, font));
+    prompt.Resize(PlaceOnLine(y, columns.left, columns.right, font));
 }
 
 template <std::size_t size>
