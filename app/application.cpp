@@ -12,6 +12,7 @@
 #include "rda/command_server.h"
 #include "screens/parameters/custom_screen.h"
 #include "screens/parameters/parameter_screen.h"
+#include "screens/phasor/phasor_screen.h"
 
 namespace {
 
@@ -35,6 +36,7 @@ constexpr DisplayCommands kCommands = {
 using ScreenCreator = void (*)();
 constexpr auto kScreenCreators = std::to_array<ScreenCreator>({
     CreateParameterScreens,
+    CreatePhasorScreen,
     CreateCustomScreens,
 });
 

@@ -2,6 +2,7 @@
 
 #include "peg/core/screen.h"
 #include "peg/resources/resources.h"
+#include "screens/base/show_text.h"
 
 namespace {
 
@@ -20,13 +21,6 @@ PegRect PlaceOn(int y, const ColumnSpan& columns, std::uint32_t font) {
 void PlacePrompt(dataPegPromptClass& prompt, int y, const ColumnSpan& columns, std::uint32_t font) {
     prompt.SetFontNumber(font);
     prompt.Resize(PlaceOn(y, columns, font));
-}
-
-template <std::size_t size>
-void ShowText(dataPegPromptClass& prompt, std::array<char16_t, size>& shown, const std::array<char16_t, size>& text) {
-    if (shown == text) return;
-    shown = text;
-    prompt.SetText(shown.data());
 }
 
 }  // namespace

@@ -5,6 +5,7 @@
 
 #include "screens/parameters/custom_screen.h"
 #include "screens/parameters/parameter_screen.h"
+#include "screens/phasor/phasor_screen.h"
 #include "tests/bench/panel_bench.h"
 
 void* operator new(std::size_t size) {
@@ -21,6 +22,7 @@ class Allocations : public PanelBench {};
 
 TEST_F(Allocations, NeverHappenWhileAScreenIsRefreshed) {
     CreateParameterScreens();
+    CreatePhasorScreen();
     CreateCustomScreens();
     for (const ScreenInfoRow& row : kScreenInfoRows) {
         if (Navigation().getScreenKind(row.screen) != SCREEN_KIND_DATA) continue;
