@@ -10,6 +10,7 @@
 #include "navigation/meter_access.h"
 #include "navigation/navigation_handler.h"
 #include "rda/command_server.h"
+#include "screens/harmonics/harmonic_screen.h"
 #include "screens/parameters/custom_screen.h"
 #include "screens/parameters/parameter_screen.h"
 #include "screens/phasor/phasor_screen.h"
@@ -37,6 +38,7 @@ using ScreenCreator = void (*)();
 constexpr auto kScreenCreators = std::to_array<ScreenCreator>({
     CreateParameterScreens,
     CreatePhasorScreen,
+    CreateHarmonicScreens,
     CreateCustomScreens,
 });
 

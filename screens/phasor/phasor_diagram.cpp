@@ -29,7 +29,7 @@ static_assert(kArrowRows.size() == PhasorDiagram::kArrows);
 static_assert(AllDiffer(kArrowRows, &ArrowRow::phasor) && AllDiffer(kArrowRows, &ArrowRow::color));
 
 constexpr ArrowPoint kCentre{78, 78};  // in the diagram
-constexpr std::uint16_t kBackground = 0xFFFF;
+constexpr std::uint16_t kPaper = 0xFFFF;
 constexpr std::uint32_t kScaleColor = 7;
 constexpr std::uint32_t kDotColor = 15;
 constexpr int kDotRadius = 3;
@@ -80,7 +80,7 @@ void PhasorDiagram::Draw(const PegRect& invalid) {
     const PegRect area = Real();
     const ArrowPoint centre{area.left + kCentre.x, area.top + kCentre.y};
     const PegBrush scale = BrushOf(kScaleColor);
-    screen.Fill(area, kBackground);
+    screen.Fill(area, kPaper);
     screen.DrawCircle(centre.x, centre.y, kPhasorRadius + 1, scale);
     screen.DrawLine(area.left, centre.y, area.right, centre.y, scale);
     screen.DrawLine(centre.x, area.top, centre.x, area.bottom, scale);

@@ -3,6 +3,7 @@
 #include <cstdlib>
 #include <new>
 
+#include "screens/harmonics/harmonic_screen.h"
 #include "screens/parameters/custom_screen.h"
 #include "screens/parameters/parameter_screen.h"
 #include "screens/phasor/phasor_screen.h"
@@ -23,6 +24,7 @@ class Allocations : public PanelBench {};
 TEST_F(Allocations, NeverHappenWhileAScreenIsRefreshed) {
     CreateParameterScreens();
     CreatePhasorScreen();
+    CreateHarmonicScreens();
     CreateCustomScreens();
     for (const ScreenInfoRow& row : kScreenInfoRows) {
         if (Navigation().getScreenKind(row.screen) != SCREEN_KIND_DATA) continue;
