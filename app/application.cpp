@@ -10,6 +10,8 @@
 #include "navigation/meter_access.h"
 #include "navigation/navigation_handler.h"
 #include "rda/command_server.h"
+#include "screens/extremes/minmax_bar_screen.h"
+#include "screens/extremes/minmax_screen.h"
 #include "screens/harmonics/harmonic_screen.h"
 #include "screens/parameters/custom_screen.h"
 #include "screens/parameters/parameter_screen.h"
@@ -37,8 +39,10 @@ constexpr DisplayCommands kCommands = {
 using ScreenCreator = void (*)();
 constexpr auto kScreenCreators = std::to_array<ScreenCreator>({
     CreateParameterScreens,
+    CreateMinMaxScreens,
     CreatePhasorScreen,
     CreateHarmonicScreens,
+    CreateMinMaxBarScreens,
     CreateCustomScreens,
 });
 

@@ -4,7 +4,7 @@
 #include "peg/core/screen.h"
 #include "peg/core/toolkit.h"
 #include "peg/resources/resources.h"
-#include "screens/base/number_text.h"
+#include "screens/base/build_text.h"
 
 namespace {
 

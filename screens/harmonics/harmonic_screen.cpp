@@ -9,8 +9,8 @@
 #include "navigation/widgets/rule.h"
 #include "peg/core/screen.h"
 #include "peg/resources/resources.h"
+#include "screens/base/build_text.h"
 #include "screens/base/column_span.h"
-#include "screens/base/number_text.h"
 #include "screens/base/show_text.h"
 
 namespace {
@@ -83,19 +83,6 @@ BarLayout AskForLayout() {
     std::uint32_t harmonics = 0;
     const bool told = DISPLAYFEATURES_getNumHarmonicsDisplayed(harmonics) == 0;
     return BarLayoutFor(told ? harmonics : 0);
-}
-
-/// Puts texts one after the other, cut to the room that there is.
-template <std::size_t size>
-std::array<char16_t, size> Joined(std::initializer_list<std::u16string_view> parts) {
-    std::array<char16_t, size> whole{};
-    std::size_t length = 0;
-    for (const std::u16string_view part : parts) {
-        const std::size_t fits = std::min(part.size(), size - 1 - length);
-        std::copy_n(part.begin(), fits, whole.begin() + static_cast<std::ptrdiff_t>(length));
-        length += fits;
-    }
-    return whole;
 }
 
 template <std::size_t size>

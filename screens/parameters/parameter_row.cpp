@@ -18,12 +18,12 @@ PegRect PlaceOn(int y, const ColumnSpan& columns, std::uint32_t font) {
     return RectOf(columns.left, top, columns.right, top + height);
 }
 
+}  // namespace
+
 void PlacePrompt(dataPegPromptClass& prompt, int y, const ColumnSpan& columns, std::uint32_t font) {
     prompt.SetFontNumber(font);
     prompt.Resize(PlaceOn(y, columns, font));
 }
-
-}  // namespace
 
 ParameterRow::ParameterRow(OverflowFrame valueFrame)
     : m_label(kUnplaced, nullptr, std::uint16_t{0}, kLeft),

@@ -3,6 +3,8 @@
 #include <cstdlib>
 #include <new>
 
+#include "screens/extremes/minmax_bar_screen.h"
+#include "screens/extremes/minmax_screen.h"
 #include "screens/harmonics/harmonic_screen.h"
 #include "screens/parameters/custom_screen.h"
 #include "screens/parameters/parameter_screen.h"
@@ -23,8 +25,10 @@ class Allocations : public PanelBench {};
 
 TEST_F(Allocations, NeverHappenWhileAScreenIsRefreshed) {
     CreateParameterScreens();
+    CreateMinMaxScreens();
     CreatePhasorScreen();
     CreateHarmonicScreens();
+    CreateMinMaxBarScreens();
     CreateCustomScreens();
     for (const ScreenInfoRow& row : kScreenInfoRows) {
         if (Navigation().getScreenKind(row.screen) != SCREEN_KIND_DATA) continue;
