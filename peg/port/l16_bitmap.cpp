@@ -92,6 +92,11 @@ void L16Screen::PaintBitmap(const PegRect& area, PegPoint topLeft, const PegBitm
         return;
     }
     const Painter painter(bitmap);
+    const bool gapless = area.Width() == Width() && bitmap.width == Width();
+    if (gapless && bitmap.bitsPerPixel == 16) {
+        painter.Copy(RowAt(area.top), bitmap.data + (area.top - topLeft.y) * Width(), area.Height() * Width());
+        return;
+    }
     for (int y = area.top; y <= area.bottom; ++y) {
         const std::ptrdiff_t first = static_cast<std::ptrdiff_t>(y - topLeft.y) * bitmap.width + area.left - topLeft.x;
         std::uint16_t* to = RowAt(y) + area.left;

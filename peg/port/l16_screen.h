@@ -3,6 +3,7 @@
 #include <memory>
 
 #include "peg/core/screen.h"
+#include "peg/port/pixel.h"
 
 /// A screen whose frame is a block of 16-bit RGB565 pixels in memory, row after row from the top.
 class L16Screen : public PegScreen {
@@ -23,7 +24,10 @@ protected:
 
 private:
     std::uint16_t* RowAt(int y) { return m_frame.get() + y * Width(); }
+    const ColorRamp& RampOf(const PegBrush& brush);
     void PaintRunLength(const PegRect& area, PegPoint topLeft, const PegBitmap& bitmap);
 
     std::unique_ptr<std::uint16_t[]> m_frame;
+    ColorRamp m_ramp{};  // of the text drawn last, and what follows from it
+    PixelPairs m_pairs{m_ramp};
 };

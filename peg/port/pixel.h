@@ -38,3 +38,26 @@ constexpr ColorRamp RampBetween(std::uint16_t background, std::uint16_t foregrou
     ramp[15] = foreground;
     return ramp;
 }
+
+/// What a byte of a four-bit glyph, two pixels side by side, does to two pixels of the frame as one word of memory.
+struct PixelPairs {
+    std::array<std::uint32_t, 256> colors{};
+
+    explicit PixelPairs(const ColorRamp& ramp) {
+        for (unsigned pair = 0; pair < colors.size(); ++pair) {
+            colors[pair] = PairOf(pair >> 4 != 0 ? ramp[pair >> 4] : 0, (pair & 0xF) != 0 ? ramp[pair & 0xF] : 0);
+        }
+    }
+
+    /// The left pixel comes first in memory, which on this processor is the low half.
+    static constexpr std::uint32_t PairOf(std::uint32_t left, std::uint32_t right) { return left | right << 16; }
+};
+
+/// The pixels of a pair that a glyph's byte leaves alone.
+inline constexpr auto kKeptOfPair = [] {
+    std::array<std::uint32_t, 256> masks{};
+    for (unsigned pair = 0; pair < masks.size(); ++pair) {
+        masks[pair] = PixelPairs::PairOf(pair >> 4 != 0 ? 0 : 0xFFFF, (pair & 0xF) != 0 ? 0 : 0xFFFF);
+    }
+    return masks;
+}();

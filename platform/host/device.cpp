@@ -8,10 +8,12 @@
 #include <unistd.h>
 
 #include <array>
+#include <cerrno>
 #include <climits>
 #include <cstdint>
 #include <cstdio>
 #include <cstdlib>
+#include <cstring>
 
 namespace os {
 namespace {
@@ -31,8 +33,12 @@ using Path = std::array<char, PATH_MAX>;
 bool HostPath(const char* path, Path& hostPath) {
     const char* root = std::getenv("BOARD_ROOT");
     if (root == nullptr || path[0] != '/') root = "";
-    const int length = std::snprintf(hostPath.data(), hostPath.size(), "%s%s", root, path);
-    return length >= 0 && static_cast<std::size_t>(length) < hostPath.size();
+    const std::size_t rootLength = std::strlen(root);
+    const std::size_t pathLength = std::strlen(path);
+    if (rootLength + pathLength >= hostPath.size()) return false;
+    std::memcpy(hostPath.data(), root, rootLength);
+    std::memcpy(hostPath.data() + rootLength, path, pathLength + 1);
+    return true;
 }
 
 bool IsSocket(int descriptor) {
@@ -40,31 +46,21 @@ bool IsSocket(int descriptor) {
     return fstat(descriptor, &status) == 0 && S_ISSOCK(status.st_mode);
 }
 
-bool IsFifo(const Path& path) {
-    struct stat status {};
-    return stat(path.data(), &status) == 0 && S_ISFIFO(status.st_mode);
-}
-
-/// Connects to the socket that `place` refers to, by its descriptor: a socket address has room for short paths only.
-int ConnectTo(int place) {
+/// Connects to the socket at a path, by way of a descriptor: a socket address has room for short paths only.
+int ConnectTo(const Path& path) {
+    const int place = ::open(path.data(), O_PATH | O_CLOEXEC);
+    if (place < 0) return -1;
     const int device = ::socket(AF_UNIX, SOCK_SEQPACKET | SOCK_CLOEXEC, 0);
-    if (device < 0) return -1;
-    ::setsockopt(device, SOL_SOCKET, SO_RCVTIMEO, &kBoardPatience, sizeof kBoardPatience);
-    ::setsockopt(device, SOL_SOCKET, SO_SNDTIMEO, &kBoardPatience, sizeof kBoardPatience);
     sockaddr_un address{};
     address.sun_family = AF_UNIX;
     std::snprintf(address.sun_path, sizeof address.sun_path, "/proc/self/fd/%d", place);
-    if (::connect(device, reinterpret_cast<const sockaddr*>(&address), sizeof address) == 0) return device;
+    ::setsockopt(device, SOL_SOCKET, SO_RCVTIMEO, &kBoardPatience, sizeof kBoardPatience);
+    ::setsockopt(device, SOL_SOCKET, SO_SNDTIMEO, &kBoardPatience, sizeof kBoardPatience);
+    const bool connected = ::connect(device, reinterpret_cast<const sockaddr*>(&address), sizeof address) == 0;
+    ::close(place);
+    if (connected) return device;
     ::close(device);
     return -1;
-}
-
-/// Opens without waiting for a writer; afterwards a read waits as long as there is one.
-int OpenFifo(const Path& path) {
-    const int fifo = ::open(path.data(), O_RDONLY | O_NONBLOCK | O_CLOEXEC);
-    if (fifo < 0) return -1;
-    fcntl(fifo, F_SETFL, fcntl(fifo, F_GETFL) & ~O_NONBLOCK);
-    return fifo;
 }
 
 }  // namespace
@@ -73,14 +69,12 @@ int open(const char* path, int mode) {
     static_assert(kReadOnly == O_RDONLY && kReadWrite == O_RDWR);
     Path hostPath;
     if (!HostPath(path, hostPath)) return -1;
-    const int place = ::open(hostPath.data(), O_PATH | O_CLOEXEC);
-    if (place < 0) return -1;
-    const bool isSocket = IsSocket(place);
-    const int device = isSocket ? ConnectTo(place) : -1;
-    ::close(place);
-    if (isSocket) return device;
-    if (mode == kReadOnly && IsFifo(hostPath)) return OpenFifo(hostPath);
-    return ::open(hostPath.data(), mode | O_CLOEXEC);
+    // Without this flag, opening a FIFO for reading would wait for a writer; reads shall wait as long as there is one.
+    const int atOnce = mode == kReadOnly ? O_NONBLOCK : 0;
+    const int device = ::open(hostPath.data(), mode | atOnce | O_CLOEXEC);
+    if (device < 0) return errno == ENXIO ? ConnectTo(hostPath) : -1;  // a socket cannot be opened
+    if (atOnce != 0) fcntl(device, F_SETFL, mode);
+    return device;
 }
 
 ssize_t read(int descriptor, void* buffer, std::size_t bytes) { return ::read(descriptor, buffer, bytes); }

@@ -111,7 +111,7 @@ void Board::Run() {
     for (;;) {
         std::vector<pollfd> polled{{m_stop.Get(), POLLIN, 0}, {m_activity.Get(), POLLIN, 0}};
         for (const DeviceSocket& device : m_devices) device.Watch(polled);
-        if (::poll(polled.data(), polled.size(), -1) < 0) continue;
+        if (::poll(polled.data(), polled.size(), FrameWaits() ? 0 : -1) < 0) continue;
         if (polled[0].revents != 0) return;
         m_activity.Read();
         for (DeviceSocket& device : m_devices) device.Serve();
@@ -121,11 +121,14 @@ void Board::Run() {
     }
 }
 
-/// Reads the frame that was written last, unless the display is writing the next one, or begins to meanwhile: the
-/// system tells of the opening before the display can write.
+/// Whether there is a frame to take that nobody is writing over.
+bool Board::FrameWaits() const { return m_activity.Frames() != m_framesTaken && !m_activity.FrameBufferOpen(); }
+
+/// Reads the frame that was written last. When the display began to write the next one meanwhile, what was read is no
+/// frame: the system tells of an opening before anybody can write.
 void Board::TakeFrame() {
     std::shared_ptr<const Frame> frame;
-    if (m_activity.Frames() != m_framesTaken && !m_activity.FrameBufferOpen()) {
+    if (FrameWaits()) {
         const std::uint64_t frames = m_activity.Frames();
         frame = ReadFrame(m_frameBuffer);
         m_activity.Read();

@@ -27,7 +27,6 @@ struct BoardState {
 
     /// The alarm lamp is lit while its line is low.
     bool AlarmLamp() const { return !lineHigh[2]; }
-    bool operator==(const BoardState&) const = default;
 };
 
 /// The board of the display under a folder: frame buffer, keys, backlight and output ports. A thread of its own serves
@@ -57,6 +56,7 @@ private:
     using Clock = std::chrono::steady_clock;
 
     void Run();
+    bool FrameWaits() const;
     void TakeFrame();
     DeviceSocket Device(const char* name, DeviceSocket::Control control);
 

@@ -125,9 +125,8 @@ int Exchange::Continue() {
     std::ranges::copy(m_response.body, room.begin() + LWS_PRE);
     const int size = static_cast<int>(m_response.body.size());
     if (lws_write(m_connection, room.data() + LWS_PRE, m_response.body.size(), LWS_WRITE_HTTP_FINAL) < size) return -1;
-    // Bytes of a body that nobody read would be taken for the next request.
-    const bool bodyRead = m_request.method == "GET" || m_contentLength == m_request.body.size();
-    if (!bodyRead) return -1;
+    // Where a body of unknown length may follow, the next request cannot be told from it.
+    if (m_request.method == "POST" && !m_contentLength) return -1;
     return lws_http_transaction_completed(m_connection) != 0 ? -1 : 0;
 }
 

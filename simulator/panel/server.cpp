@@ -66,14 +66,14 @@ private:
 
 Server::Loop::Loop(Board& board, int port, const std::string& meterControl) : m_board(board), m_service(board) {
     static const std::array<lws_protocols, 2> kProtocols{{{"live", &Loop::OnEvent, 0, 256, 0, nullptr, 0}, {}}};
-    lws_set_log_level(LLL_ERR, nullptr);
+    lws_set_log_level(0, nullptr);  // what clients get wrong is their affair
     lws_context_creation_info info{};
     info.iface = "127.0.0.1";
     info.port = port;
     info.protocols = kProtocols.data();
     info.user = this;
-    info.gid = static_cast<gid_t>(-1);
-    info.uid = static_cast<uid_t>(-1);
+    info.gid = -1;
+    info.uid = -1;
     info.options =
         LWS_SERVER_OPTION_DISABLE_IPV6 | LWS_SERVER_OPTION_FAIL_UPON_UNABLE_TO_BIND | LWS_SERVER_OPTION_EXPLICIT_VHOSTS;
     m_context = lws_create_context(&info);
@@ -94,11 +94,11 @@ Server::Loop::Loop(Board& board, int port, const std::string& meterControl) : m_
 }
 
 Server::Loop::~Loop() {
-    m_board.OnChange({});
-    m_meter.reset();
     m_stop = true;
     Wake();
     m_thread.join();
+    m_board.OnChange({});
+    m_meter.reset();  // before the context, which it wakes
     lws_context_destroy(m_context);
 }
 

@@ -56,6 +56,13 @@ bool IsThisServer(std::string_view authority, int port) {
     return false;
 }
 
+/// A text from outside in quotes, so that it cannot pass for a line of ours.
+std::string Quoted(std::string text) {
+    std::ranges::replace_if(
+        text, [](unsigned char sign) { return sign < ' ' || sign > '~'; }, '?');
+    return '"' + text + '"';
+}
+
 }  // namespace
 
 Service::Service(Board& board)
@@ -67,8 +74,9 @@ bool Service::IsOwn(const Request& request, int port) const {
     const bool ownOrigin = !request.origin || (request.origin->starts_with(kScheme) &&
                                                IsThisServer(request.origin->substr(kScheme.size()), port));
     if (ownHost && ownOrigin) return true;
-    std::printf("panel-emulator: refused %s %s with host \"%s\" and origin \"%s\"\n", request.method.c_str(),
-                request.path.c_str(), request.host.value_or("").c_str(), request.origin.value_or("").c_str());
+    std::printf("panel-emulator: refused %s %s with host %s and origin %s\n", request.method.c_str(),
+                Quoted(request.path).c_str(), Quoted(request.host.value_or("")).c_str(),
+                Quoted(request.origin.value_or("")).c_str());
     return false;
 }
 

@@ -90,16 +90,17 @@ private:
         if (!fresh) Fail(Named(number) + " stands twice");
     }
 
+    static std::string Quoted(std::string_view text) { return std::string(1, '"').append(text).append(1, '"'); }
     static std::string Named(std::uint32_t number) { return "string " + std::to_string(number); }
 
     std::uint32_t NumberOf(po_message_t message) const {
         const char* context = po_message_msgctxt(message);
-        if (context == nullptr) Fail("\"" + std::string(po_message_msgid(message)) + "\" has no number (msgctxt)");
+        if (context == nullptr) Fail(Quoted(po_message_msgid(message)) + " has no number (msgctxt)");
         const std::string_view digits = context;
         std::uint32_t number = 0;
         const auto [end, error] = std::from_chars(digits.begin(), digits.end(), number);
         if (error != std::errc{} || end != digits.end() || number > kLargestNumber) {
-            Fail("\"" + std::string(digits) + "\" is no string number");
+            Fail(Quoted(digits) + " is no string number");
         }
         return number;
     }

@@ -11,8 +11,11 @@
 
 namespace {
 
-constexpr double kAscent = 0.93;   // of the size: room for an accented capital
-constexpr double kDescent = 0.24;  // of the size: room for a tail
+// A line is as high as this, and higher where the tallest letters of the panel's languages ask for a pixel more.
+constexpr double kAscent = 0.93;  // of the size
+constexpr double kDescent = 0.24;
+constexpr std::u16string_view kTallest = u"ÄÉÈÊÑÓÚЙЁ";
+constexpr std::u16string_view kDeepest = u"gjpqyçQЩЦ";
 constexpr int kMostSize = 200;
 
 struct Range {
@@ -42,10 +45,17 @@ std::uint8_t ToFourBits(std::uint8_t coverage) { return static_cast<std::uint8_t
 class PageMaker {
 public:
     PageMaker(const OutlineFace& face, const OutlineFace& fallback, int size) : m_face(face), m_fallback(fallback) {
+        long ascent = std::lround(size * kAscent);
+        for (const char16_t letter : kTallest) ascent = std::max<long>(ascent, face.Draw(letter).top);
+        long descent = std::lround(size * kDescent);
+        for (const char16_t letter : kDeepest) {
+            const Glyph glyph = face.Draw(letter);
+            descent = std::max<long>(descent, glyph.height - glyph.top);
+        }
         m_page.flags = kFontFourBits;
-        m_page.ascent = static_cast<std::uint8_t>(std::lround(size * kAscent));
-        m_page.descent = static_cast<std::uint8_t>(std::lround(size * kDescent));
-        m_page.height = static_cast<std::uint8_t>(m_page.ascent + m_page.descent);
+        m_page.ascent = static_cast<std::uint8_t>(ascent);
+        m_page.descent = static_cast<std::uint8_t>(descent);
+        m_page.height = static_cast<std::uint8_t>(ascent + descent);
     }
 
     FontPage Make(Range range) {
@@ -62,16 +72,35 @@ public:
     }
 
 private:
+    // A glyph moved to stand in its cell, and how wide the cell is.
+    struct Cell {
+        Glyph glyph;
+        int width = 0;
+    };
+
+    Cell CellOf(char16_t character) const {
+        const bool own = m_face.Holds(character);
+        if (!own && !m_fallback.Holds(character)) return {};
+        Cell cell{.glyph = (own ? m_face : m_fallback).Draw(character), .width = 0};
+        const int shift = std::max(0, -cell.glyph.left);
+        cell.glyph.left += shift;
+        cell.width = std::max(cell.glyph.advance + shift, cell.glyph.left + cell.glyph.width);
+        return cell;
+    }
+
+    // Figures change while they are looked at: they share one width, the widest one's, so that nothing moves.
+    int FigureWidth() const {
+        int width = 0;
+        for (char16_t figure = u'0'; figure <= u'9'; ++figure) width = std::max(width, CellOf(figure).width);
+        return width;
+    }
+
     void Place(char16_t character) {
         m_page.offsets.push_back(static_cast<std::uint16_t>(m_width));
-        const bool own = m_face.Holds(character);
-        if (!own && !m_fallback.Holds(character)) return;
-        Glyph glyph = (own ? m_face : m_fallback).Draw(character);
-        const int shift = std::max(0, -glyph.left);
-        glyph.left += shift;
-        const int width = std::max(glyph.advance + shift, glyph.left + glyph.width);
-        m_glyphs.emplace_back(m_width, std::move(glyph));
-        m_width += width;
+        Cell cell = CellOf(character);
+        if (character >= u'0' && character <= u'9') cell.width = FigureWidth();
+        m_glyphs.emplace_back(m_width, std::move(cell.glyph));
+        m_width += cell.width;
     }
 
     void Paint(int cell, const Glyph& glyph) {

@@ -9,6 +9,7 @@
 /// each font its size and face, in the order of their numbers.
 ///
 /// Every range is one page; a character that the face lacks comes from the fallback face, and one that both lack has
-/// no width. Cells are as wide as their characters advance, wider where one leans out of its own place.
+/// no width. Cells are as wide as their characters advance, wider where one leans out of its own place; figures share
+/// one width.
 /// @throws SourceError when a face cannot be read, a range is none, or numbers do not follow each other from 32 up
 [[nodiscard]] std::vector<Font> MakeFonts(const std::filesystem::path& path);

@@ -34,13 +34,6 @@ std::vector<JsonSource> JsonSource::Items() const {
     return items;
 }
 
-std::vector<std::string> JsonSource::Keys() const {
-    if (!m_value->is_object()) Fail("an object was expected");
-    std::vector<std::string> keys;
-    for (const auto& [key, value] : m_value->items()) keys.push_back(key);
-    return keys;
-}
-
 std::string JsonSource::Text() const {
     if (!m_value->is_string()) Fail("a text was expected");
     return m_value->get<std::string>();

@@ -17,8 +17,6 @@ public:
     [[nodiscard]] bool Has(const std::string& key) const;
     [[nodiscard]] JsonSource At(const std::string& key) const;
     [[nodiscard]] std::vector<JsonSource> Items() const;
-    [[nodiscard]] std::vector<std::string> Keys() const;
-    [[nodiscard]] bool IsArray() const { return m_value->is_array(); }
 
     [[nodiscard]] std::string Text() const;
     /// A whole number that fits the type.

@@ -151,8 +151,10 @@ Image ToImage(const Bitmap& bitmap) {
         words.push_back(static_cast<std::uint16_t>(bitmap.data[i] | bitmap.data[i + 1] << 8));
     }
     if (bitmap.flags & kBitmapRunLength) words = Unrolled(bitmap, words, wordsPerPixel);
+    if (words.size() != std::size_t{bitmap.width} * bitmap.height * wordsPerPixel) {
+        throw SourceError(name, "its pixels are not all there");
+    }
     Image image(bitmap.width, bitmap.height);
-    if (words.size() != image.pixels.size() * wordsPerPixel) throw SourceError(name, "its pixels are not all there");
     const bool alphaFirst = (bitmap.flags & kBitmapAlphaFirst) != 0;
     for (std::size_t i = 0; i < image.pixels.size(); ++i) {
         const auto pixel = std::span(words).subspan(i * wordsPerPixel, wordsPerPixel);

@@ -22,10 +22,15 @@ struct Image {
     std::vector<Pixel> pixels;
 
     Image() = default;
-    Image(int columns, int rows) : width(columns), height(rows), pixels(static_cast<std::size_t>(columns * rows)) {}
+    Image(int columns, int rows) : width(columns), height(rows), pixels(Area(columns, rows)) {}
 
-    [[nodiscard]] Pixel& At(int x, int y) { return pixels[static_cast<std::size_t>(y * width + x)]; }
-    [[nodiscard]] const Pixel& At(int x, int y) const { return pixels[static_cast<std::size_t>(y * width + x)]; }
+    [[nodiscard]] Pixel& At(int x, int y) { return pixels[Area(width, y) + static_cast<std::size_t>(x)]; }
+    [[nodiscard]] const Pixel& At(int x, int y) const { return pixels[Area(width, y) + static_cast<std::size_t>(x)]; }
+
+private:
+    static std::size_t Area(int columns, int rows) {
+        return static_cast<std::size_t>(columns) * static_cast<std::size_t>(rows);
+    }
 };
 
 [[nodiscard]] std::uint16_t ToRgb565(Image::Pixel pixel);

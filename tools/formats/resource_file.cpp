@@ -11,6 +11,7 @@ constexpr std::uint16_t kVersion = 0x0201;
 constexpr std::uint16_t kOrderMark = 0x1234;
 constexpr std::size_t kFontNameSize = 40;
 constexpr std::size_t kMarkOffset = 10;
+constexpr std::size_t kMostExpansion = 1040;  // no zlib stream grows more than this many times
 
 enum RecordType : std::uint16_t { kBitmapList = 3, kFont = 4, kColourList = 5, kSet = 6, kPalette = 7 };
 
@@ -90,7 +91,8 @@ Bytes Unpacked(ByteReader& in, std::span<const std::uint8_t> data, bool compress
         if (data.size() != size) in.Fail("data of the wrong size");
         return {data.begin(), data.end()};
     }
-    const auto bytes = Inflate(data, size);
+    const bool believable = size / kMostExpansion <= data.size();
+    const auto bytes = believable ? Inflate(data, size) : std::nullopt;
     if (!bytes) in.Fail("compressed data are damaged");
     return *bytes;
 }
@@ -108,6 +110,7 @@ FontPage ReadPage(ByteReader& in) {
     page.lastChar = in.U16();
     for (int ignored = 0; ignored < 3; ++ignored) in.U32();
     const int offsetCount = in.U16();
+    if (page.firstChar > page.lastChar) in.Fail("a page of no characters");
     if (offsetCount != page.lastChar - page.firstChar + 2) in.Fail("a page's offsets do not match its characters");
     for (int i = 0; i < offsetCount; ++i) page.offsets.push_back(in.U16());
     const auto data = in.Raw(in.U32());
@@ -120,6 +123,7 @@ FontPage ReadPage(ByteReader& in) {
 
 Font ReadFont(ByteReader& in) {
     const int pageCount = in.U16();
+    if (pageCount == 0) in.Fail("a font of no pages");
     in.U32();
     in.U16();
     Font font{.name = in.Name(kFontNameSize), .pages = {}};

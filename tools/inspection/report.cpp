@@ -76,9 +76,9 @@ void PrintResources(std::ostream& out, const ResourceFile& file) {
         std::uint32_t number = kFirstFontNumber;
         for (const Font& font : set.fonts) {
             const FontPage& page = font.pages.front();
-            out << "font " << number++ << ": " << std::left << std::setw(28) << font.name << std::right
-                << " height " << font.Height() << " = " << int{page.ascent} << " + " << int{page.descent}
-                << ", figures " << font.TextWidth(u"0") << " wide, " << font.pages.size() << " pages\n";
+            out << "font " << number++ << ": " << std::left << std::setw(28) << font.name << std::right << " height "
+                << font.Height() << " = " << int{page.ascent} << " + " << int{page.descent} << ", figures "
+                << font.TextWidth(u"0") << " wide, " << font.pages.size() << " pages\n";
         }
         for (const Bitmap& bitmap : set.bitmaps) {
             out << "bitmap " << bitmap.number << ": " << bitmap.width << " x " << bitmap.height << ", "

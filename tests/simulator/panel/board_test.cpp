@@ -10,6 +10,7 @@
 #include <atomic>
 #include <cstdint>
 #include <fstream>
+#include <latch>
 #include <thread>
 #include <vector>
 
@@ -56,18 +57,36 @@ TEST_F(EmulatedBoard, HasWhatTheDisplayOpens) {
 }
 
 TEST_F(EmulatedBoard, CountsEveryFrameAndShowsTheNewest) {
-    for (int i = 1; i <= 100; ++i) WriteFrame(static_cast<std::uint8_t>(i));
-    EXPECT_TRUE(Eventually([this] { return board().State().frames == 100; })) << board().State().frames;
-    EXPECT_TRUE(Eventually([this] { return board().NewestFrame()->front() == 100; }));
+    constexpr unsigned kBursts = 50;
+    constexpr unsigned kFrames = 5;
+    for (unsigned burst = 1; burst <= kBursts; ++burst) {
+        for (unsigned frame = 1; frame <= kFrames; ++frame)
+            WriteFrame(static_cast<std::uint8_t>(burst * kFrames + frame));
+        const auto newest = static_cast<std::uint8_t>(burst * kFrames + kFrames);
+        ASSERT_TRUE(Eventually([&] { return board().NewestFrame()->front() == newest; })) << burst;
+        ASSERT_EQ(board().State().frames, burst * kFrames);
+    }
     EXPECT_TRUE(board().State().displayUp);
+}
+
+/// Writes a frame of one value with a rest in the middle of it.
+void WriteFrameInHalves(std::uint8_t value) {
+    const std::vector<std::uint8_t> half(kFrameBytes / 2, value);
+    const int device = os::open("/db9000_fb", os::kReadWrite);
+    EXPECT_EQ(os::write(device, half.data(), half.size()), ssize_t{kFrameBytes / 2});
+    std::this_thread::sleep_for(std::chrono::microseconds(100));
+    EXPECT_EQ(os::write(device, half.data(), half.size()), ssize_t{kFrameBytes / 2});
+    os::close(device);
 }
 
 TEST_F(EmulatedBoard, NeverShowsHalfAFrame) {
     std::atomic<bool> stop = false;
     std::thread display([&stop] {
         for (std::uint8_t value = 1; !stop; ++value) {
-            WriteFrame(value);
-            std::this_thread::sleep_for(std::chrono::microseconds(200));
+            WriteFrameInHalves(value);
+            // Rests of all lengths, so that the next frame begins at every moment of the reading.
+            const auto end = std::chrono::steady_clock::now() + std::chrono::microseconds(value);
+            while (std::chrono::steady_clock::now() < end) std::this_thread::yield();
         }
     });
     std::shared_ptr<const panel::Frame> last;
@@ -76,7 +95,7 @@ TEST_F(EmulatedBoard, NeverShowsHalfAFrame) {
         const auto frame = board().NewestFrame();
         if (frame != last) ++seen;
         last = frame;
-        if (std::ranges::adjacent_find(*frame, std::ranges::not_equal_to()) == frame->end()) return seen >= 100;
+        if (std::ranges::adjacent_find(*frame, std::ranges::not_equal_to()) == frame->end()) return seen >= 250;
         ADD_FAILURE() << "two frames in one after " << seen;
         return true;
     })) << seen;
@@ -84,18 +103,28 @@ TEST_F(EmulatedBoard, NeverShowsHalfAFrame) {
     display.join();
 }
 
-TEST_F(EmulatedBoard, KeepsAFrameBufferThatAWriterHasOpenUntilItIsClosed) {
+TEST_F(EmulatedBoard, WaitsForTheWriterThatFollowsAFrameAtOnce) {
+    // The board's thread stands still until a frame and half of the next are there.
+    std::atomic<bool> standing = false;
+    std::latch goOn(1);
+    board().OnChange([&] {
+        standing = true;
+        goOn.wait();
+    });
+    Request("/db9000_bl", 0x20047A36, 0);
+    ASSERT_TRUE(Eventually([&] { return standing.load(); }));
     WriteFrame(1);
-    ASSERT_TRUE(Eventually([this] { return board().NewestFrame()->front() == 1; }));
     const std::vector<std::uint8_t> half(kFrameBytes / 2, 2);
     const int device = os::open("/db9000_fb", os::kReadWrite);
     ASSERT_EQ(os::write(device, half.data(), half.size()), ssize_t{kFrameBytes / 2});
-    Request("/db9000_bl", 0x20047A2D, 7);  // the board's thread goes round
-    EXPECT_EQ(board().NewestFrame()->front(), 1);
+    goOn.count_down();
+    EXPECT_TRUE(Eventually([this] { return board().State().frames == 1; }));
+    EXPECT_EQ(board().NewestFrame()->front(), 0) << "the first frame is gone, the second is not whole";
     ASSERT_EQ(os::write(device, half.data(), half.size()), ssize_t{kFrameBytes / 2});
     os::close(device);
     EXPECT_TRUE(Eventually([this] { return board().NewestFrame()->front() == 2; }));
     EXPECT_EQ(board().State().frames, 2U);
+    board().OnChange({});
 }
 
 TEST_F(EmulatedBoard, KeyRecordsAreEightLittleEndianBytes) {

@@ -1,0 +1,304 @@
+#include "simulator/panel/server.h"
+
+#include <fcntl.h>
+#include <sys/socket.h>
+#include <sys/un.h>
+#include <unistd.h>
+
+#include <fstream>
+#include <memory>
+#include <nlohmann/json.hpp>
+#include <vector>
+
+#include "tests/simulator/panel/emulated_board.h"
+#include "tests/simulator/panel/http_client.h"
+
+namespace {
+
+using panel::Descriptor;
+using panel::KeyRecord;
+
+/// A board with its server on a free port.
+class PanelServer : public EmulatedBoard {
+protected:
+    void SetUp() override {
+        EmulatedBoard::SetUp();
+        Serve("");
+        m_keys = Descriptor(::open((m_root / "buttons").c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC));
+    }
+    void TearDown() override {
+        m_server.reset();
+        EmulatedBoard::TearDown();
+    }
+
+    void Serve(const std::string& meterControl) {
+        m_server = std::make_unique<panel::Server>(board(), 0, meterControl);
+    }
+    HttpClient Client() { return HttpClient(m_server->Port()); }
+    HttpClient::Reply Ask(std::string_view method, std::string_view target, std::string_view body = {},
+                          std::string_view extra = {}) {
+        return Client().Ask(method, target, body, extra);
+    }
+    nlohmann::json State() { return nlohmann::json::parse(Ask("GET", "/state").body); }
+
+    void WriteFrame(char value) {
+        std::fstream frame(m_root / "db9000_fb", std::ios::in | std::ios::out | std::ios::binary);
+        frame << std::string(panel::kFrameBytes, value);
+    }
+
+    /// The key records that come, as many as expected, and then what else there is.
+    std::vector<KeyRecord> Keys(std::size_t count) {
+        std::vector<KeyRecord> records;
+        KeyRecord record{};
+        Eventually([&] {
+            while (::read(m_keys.Get(), &record, sizeof record) == sizeof record) records.push_back(record);
+            return records.size() >= count;
+        });
+        return records;
+    }
+
+    std::unique_ptr<panel::Server> m_server;
+    Descriptor m_keys;
+};
+
+using Records = std::vector<KeyRecord>;
+
+TEST_F(PanelServer, ServesThePageAndItsParts) {
+    const auto page = Ask("GET", "/");
+    EXPECT_EQ(page.status, 200);
+    EXPECT_NE(page.headers.find("content-type: text/html"), std::string::npos);
+    EXPECT_NE(page.headers.find("content-security-policy: default-src 'none'"), std::string::npos);
+    // All that the page names is there.
+    for (const std::string attribute : {"href=\"", "src=\""}) {
+        const std::size_t start = page.body.find(attribute + "panel") + attribute.size();
+        const std::string part = page.body.substr(start, page.body.find('"', start) - start);
+        EXPECT_EQ(Ask("GET", "/" + part).status, 200) << part;
+    }
+    EXPECT_NE(Ask("GET", "/panel.js").headers.find("text/javascript"), std::string::npos);
+}
+
+TEST_F(PanelServer, TellsTheStateOfTheBoard) {
+    const auto fresh = State();
+    EXPECT_EQ(fresh["frames"], 0);
+    EXPECT_EQ(fresh["backlight"], (nlohmann::json{{"level", 255}, {"on", true}}));
+    EXPECT_EQ(fresh["lines"], (nlohmann::json{0, 0, 1}));
+    EXPECT_EQ(fresh["meter"], nullptr);
+    WriteFrame(1);
+    EXPECT_TRUE(Eventually([this] { return State()["frames"] == 1; }));
+    EXPECT_TRUE(State()["display"]);
+}
+
+TEST_F(PanelServer, GivesThePanelAsAPng) {
+    const auto dark = Ask("GET", "/frame.png");
+    EXPECT_EQ(dark.status, 200);
+    EXPECT_TRUE(dark.body.starts_with("\x89PNG"));
+    WriteFrame('\xFF');
+    EXPECT_TRUE(Eventually([&] { return Ask("GET", "/frame.png").body != dark.body; }));
+}
+
+TEST_F(PanelServer, PutsKeysIntoTheBoard) {
+    HttpClient client = Client();
+    EXPECT_EQ(client.Ask("POST", "/keys/soft1").status, 204);
+    EXPECT_EQ(client.Ask("POST", "/keys/home?state=down").status, 204);
+    EXPECT_EQ(client.Ask("POST", "/keys/home?state=up").status, 204);
+    EXPECT_EQ(client.Ask("POST", "/keys/soft23", "any body").status, 204);
+    EXPECT_EQ(client.Ask("POST", "/keys/soft3").status, 204);
+    EXPECT_EQ(Keys(8), (Records{{1, 0}, {1, 1}, {5, 0}, {5, 1}, {6, 0}, {6, 1}, {3, 0}, {3, 1}}));
+    client.Ask("POST", "/keys/soft2?state=down");
+    EXPECT_EQ(Keys(1), (Records{{2, 0}})) << "held alone, it comes when its time is over";
+}
+
+TEST_F(PanelServer, KeepsAConnectionUnlessARequestMayGoOn) {
+    HttpClient client = Client();
+    for (int i = 0; i < 3; ++i) EXPECT_EQ(client.Ask("GET", "/state").status, 200);
+    EXPECT_EQ(client.Ask("POST", "/keys/home", "body").status, 204);
+    EXPECT_EQ(client.Ask("POST", "/nothing", "body").status, 404);
+    EXPECT_EQ(client.Ask("GET", "/state").status, 200) << "no body is left over";
+    const std::string host = "Host: 127.0.0.1:" + std::to_string(m_server->Port()) + "\r\n";
+    client.Send("POST /keys/home HTTP/1.1\r\n" + host + "\r\n");
+    EXPECT_EQ(client.Read().status, 204);
+    const auto start = std::chrono::steady_clock::now();
+    EXPECT_TRUE(client.IsEnded()) << "a body of unknown length may follow";
+    EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(3)) << "not only when it was idle";
+}
+
+TEST_F(PanelServer, RefusesWhatItDoesNotKnow) {
+    struct Case {
+        const char* method;
+        const char* target;
+        int status;
+    };
+    for (const Case& one : std::initializer_list<Case>{{"GET", "/nothing", 404},
+                                                       {"GET", "/../main.cpp", 404},
+                                                       {"POST", "/keys/soft5", 404},
+                                                       {"POST", "/keys/", 404},
+                                                       {"POST", "/keys/home?state=sideways", 400},
+                                                       {"POST", "/meter", 404},
+                                                       {"GET", "/keys/home", 405},
+                                                       {"POST", "/state", 405},
+                                                       {"DELETE", "/", 405},
+                                                       {"PUT", "/frame.png", 405}}) {
+        EXPECT_EQ(Ask(one.method, one.target).status, one.status) << one.method << " " << one.target;
+    }
+    EXPECT_NE(Ask("POST", "/state").headers.find("allow: GET"), std::string::npos);
+    EXPECT_NE(Ask("GET", "/keys/home").headers.find("allow: POST"), std::string::npos);
+    EXPECT_EQ(Keys(0), Records{});
+}
+
+TEST_F(PanelServer, BoundsWhatItReads) {
+    HttpClient client = Client();
+    EXPECT_EQ(client.Ask("POST", "/keys/home", std::string(513, 'x')).status, 413);
+    EXPECT_EQ(client.Ask("GET", "/state").status, 200) << "what was too much is not the next request";
+    HttpClient huge = Client();
+    huge.Send("POST /keys/home HTTP/1.1\r\nHost: 127.0.0.1:" + std::to_string(m_server->Port()) +
+              "\r\nContent-Length: 99999999999999999999\r\n\r\n");
+    EXPECT_EQ(huge.Read().status, 413);
+    Client().Send("GET / HTTP/1.1\r\nX: " + std::string(100'000, 'x'));
+    Client().Send("no HTTP at all\r\n\r\n");
+    EXPECT_EQ(Ask("GET", "/state").status, 200) << "it goes on";
+    EXPECT_EQ(Keys(0), Records{});
+}
+
+TEST_F(PanelServer, RefusesOtherPagesAndOtherHosts) {
+    const std::string port = std::to_string(m_server->Port());
+    for (const std::string& origin : {std::string("http://evil.example"), "http://127.0.0.1:1" + port,
+                                      "https://localhost:" + port, std::string("null")}) {
+        const std::string header = "Origin: " + origin + "\r\n";
+        EXPECT_EQ(Ask("POST", "/keys/home", {}, header).status, 403) << origin;
+        EXPECT_EQ(Ask("GET", "/frame.png", {}, header).status, 403) << origin;
+        EXPECT_EQ(Client().Upgrade("/live", header).status, 403) << origin;
+    }
+    for (const std::string& host : {"Host: evil.example:" + port, std::string("Host: 127.0.0.1")}) {
+        HttpClient client = Client();
+        client.Send("GET /state HTTP/1.1\r\n" + host + "\r\n\r\n");
+        EXPECT_EQ(client.Read().status, 403) << host;
+    }
+    EXPECT_EQ(Ask("POST", "/keys/home", {}, "Origin: http://localhost:" + port + "\r\n").status, 204);
+    EXPECT_EQ(Keys(2), (Records{{5, 0}, {5, 1}}));
+}
+
+TEST_F(PanelServer, AViewerSeesStateAndFramesAndHoldsKeys) {
+    WriteFrame(7);
+    ASSERT_TRUE(Eventually([this] { return board().NewestFrame()->front() == 7; }));
+    {
+        HttpClient viewer = Client();
+        ASSERT_EQ(viewer.Upgrade("/live").status, 101);
+        const auto state = viewer.ReadMessage();
+        EXPECT_EQ(state.opcode, 1);
+        EXPECT_EQ(nlohmann::json::parse(state.payload)["frames"], 1);
+        HttpClient::Message frame = viewer.ReadMessage();
+        while (frame.opcode == 1) frame = viewer.ReadMessage();
+        EXPECT_EQ(frame.payload, std::string(panel::kFrameBytes, 7));
+        viewer.SendMessage("soft2 down");
+        viewer.SendMessage("soft3 down");
+        EXPECT_EQ(Keys(1), (Records{{6, 0}}));
+        viewer.SendMessage("soft3 up");
+        viewer.SendMessage("soft2 up");
+        EXPECT_EQ(Keys(1), (Records{{6, 1}}));
+        viewer.SendMessage("home down");
+        EXPECT_EQ(Keys(1), (Records{{5, 0}}));
+    }
+    EXPECT_EQ(Keys(1), (Records{{5, 1}})) << "who leaves lets go";
+}
+
+TEST_F(PanelServer, HangsUpOnAViewerThatTalksNonsense) {
+    for (const std::string text :
+         {"soft9 down", "home", "home sideways", "", "a much longer message than any key would need"}) {
+        HttpClient viewer = Client();
+        ASSERT_EQ(viewer.Upgrade("/live").status, 101);
+        viewer.SendMessage(text);
+        HttpClient::Message message = viewer.ReadMessage();
+        while (message.opcode == 1 || message.opcode == 2) message = viewer.ReadMessage();
+        EXPECT_TRUE(message.opcode == 8 || message.opcode == -1) << text;
+    }
+    EXPECT_EQ(Client().Upgrade("/other").status, 404);
+    EXPECT_EQ(Keys(0), Records{});
+}
+
+TEST_F(PanelServer, AStalledViewerDelaysNobodyAndSkipsToTheNewestFrame) {
+    constexpr char kFrames = 100;
+    HttpClient stalled = Client();
+    HttpClient lively = Client();
+    ASSERT_EQ(stalled.Upgrade("/live").status, 101);
+    ASSERT_EQ(lively.Upgrade("/live").status, 101);
+    for (char value = 1; value <= kFrames; ++value) {
+        WriteFrame(value);
+        HttpClient::Message message = lively.ReadMessage();
+        while (message.opcode == 1 || (message.opcode == 2 && message.payload.front() != value))
+            message = lively.ReadMessage();
+        ASSERT_EQ(message.payload, std::string(panel::kFrameBytes, value));
+    }
+    int seen = 0;
+    char newest = 0;
+    while (newest != kFrames) {
+        const HttpClient::Message message = stalled.ReadMessage();
+        ASSERT_NE(message.opcode, -1);
+        if (message.opcode != 2) continue;
+        ++seen;
+        newest = message.payload.front();
+    }
+    EXPECT_LT(seen, kFrames);
+}
+
+TEST_F(PanelServer, SaysThatAPortIsTaken) {
+    EXPECT_THROW(panel::Server(board(), m_server->Port(), ""), std::runtime_error);
+    EXPECT_EQ(Ask("GET", "/state").status, 200);
+}
+
+/// A control socket of a meter that answers what the test says, or is silent.
+class FakeMeter {
+public:
+    explicit FakeMeter(const std::string& path) : m_listener(::socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0)) {
+        sockaddr_un address{};
+        address.sun_family = AF_UNIX;
+        path.copy(address.sun_path, sizeof address.sun_path - 1);
+        EXPECT_EQ(::bind(m_listener.Get(), reinterpret_cast<const sockaddr*>(&address), sizeof address), 0);
+        EXPECT_EQ(::listen(m_listener.Get(), 8), 0);
+        m_thread = std::thread([this] { Run(); });
+    }
+    ~FakeMeter() {
+        ::shutdown(m_listener.Get(), SHUT_RDWR);
+        m_thread.join();
+    }
+
+private:
+    void Run() {
+        for (;;) {
+            Descriptor client(::accept(m_listener.Get(), nullptr, nullptr));
+            if (!client) return;
+            std::array<char, 1024> line{};
+            const ssize_t size = ::recv(client.Get(), line.data(), line.size(), 0);
+            const std::string text(line.data(), static_cast<std::size_t>(std::max<ssize_t>(size, 0)));
+            if (text == "silent\n") continue;  // hangs up without a word
+            const std::string answer = text == "state\n" ? "{\"scenario\":\"sag\"}\n" : "ok " + text;
+            EXPECT_EQ(::send(client.Get(), answer.data(), answer.size(), MSG_NOSIGNAL),
+                      static_cast<ssize_t>(answer.size()));
+        }
+    }
+
+    Descriptor m_listener;
+    std::thread m_thread;
+};
+
+TEST_F(PanelServer, PutsLinesToTheMeter) {
+    const std::string path = (m_root / "meter").string();
+    m_server.reset();
+    Serve(path);
+    EXPECT_EQ(State()["meter"], false);
+    EXPECT_EQ(Ask("POST", "/meter", "state").status, 502);
+    const FakeMeter meter(path);
+    EXPECT_TRUE(Eventually([this] { return State()["meter"] == true; }));
+    EXPECT_EQ(State()["meterState"]["scenario"], "sag");
+    HttpClient client = Client();
+    for (const std::string line : {"scenario sag", "navigate 7"}) {
+        const auto reply = client.Ask("POST", "/meter", line);
+        EXPECT_EQ(reply.status, 200);
+        EXPECT_EQ(reply.body, "ok " + line + "\n");
+    }
+    EXPECT_EQ(Ask("POST", "/meter", "silent").status, 502);
+    for (const std::string body : {"", "\n", "scenario sag\nnavigate 7", "a\rb"})
+        EXPECT_EQ(Ask("POST", "/meter", body).status, 400);
+    EXPECT_EQ(Ask("GET", "/meter").status, 405);
+}
+
+}  // namespace

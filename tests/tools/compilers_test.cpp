@@ -1,0 +1,301 @@
+#include <gtest/gtest.h>
+
+#include "peg/resources/resources.h"
+#include "tests/tools/workshop.h"
+
+namespace {
+
+constexpr const char* kPalette = R"({"colours": [
+    {"number": 85, "name": "accent", "value": "#0000ff"}, {"number": 150, "name": "far", "value": "#ff0000"},
+    {"number": 7, "name": "pale", "value": "#808080"}]})";
+
+constexpr const char* kFonts = R"({
+    "faces": {"thin": "/usr/share/fonts/truetype/dejavu/DejaVuSansCondensed.ttf",
+              "wide": "/usr/share/fonts/truetype/dejavu/DejaVuSans.ttf"},
+    "fallback": "wide", "ranges": ["0030-0039", "0416", "E000"],
+    "fonts": [{"number": 32, "size": 10, "face": "thin"}, {"number": 33, "size": 20, "face": "wide"}]})";
+
+constexpr const char* kBitmaps = R"({"folder": "drawings",
+    "bitmaps": [{"numbers": [81, 82], "size": [6, 2], "drawing": "solid.svg"},
+                {"numbers": [90], "size": [4, 1], "drawing": "hole.svg"},
+                {"numbers": [91], "size": [4, 1], "drawing": "glass.svg"}],
+    "softKeys": {"size": [9, 5], "accents": [85, 150], "held": 85, "outOfUse": 7,
+                 "keys": [{"symbol": "dot.svg", "normal": [236, 0], "held": 201, "outOfUse": 78}]}})";
+
+constexpr const char* kTexts = R"(msgid ""
+msgstr ""
+"Language: en\n"
+"Content-Type: text/plain; charset=UTF-8\n"
+
+msgctxt "3"
+msgid "Below the toolkit's"
+msgstr ""
+
+msgctxt "100"
+msgid "Voltage"
+msgstr ""
+
+msgctxt "102"
+msgid "Power"
+msgstr "Power Ω"
+)";
+
+constexpr const char* kGerman = R"(msgid ""
+msgstr ""
+"Language: de\n"
+"Content-Type: text/plain; charset=UTF-8\n"
+
+msgctxt "100"
+msgid "Voltage"
+msgstr "Spannung"
+)";
+
+constexpr const char* kSubstitutions = R"({"phaseLabels": {"sets": ["1", "A"], "columns": [[100, 102]]},
+    "measurementSymbols": {"sets": ["IEC"], "columns": []}})";
+
+std::string Svg(int width, int height, const std::string& content) {
+    return "<svg xmlns=\"http://www.w3.org/2000/svg\" width=\"" + std::to_string(width) + "\" height=\"" +
+           std::to_string(height) + "\">" + content + "</svg>";
+}
+
+constexpr const char* kAll =
+    "--palette palette.json --fonts fonts.json --bitmaps bitmaps.json --texts en.po -o out.pbr ";
+
+class Compilers : public Workshop {
+protected:
+    Compilers() {
+        Write("palette.json", kPalette);
+        Write("fonts.json", kFonts);
+        Write("bitmaps.json", kBitmaps);
+        Write("drawings/solid.svg", Svg(6, 2, R"(<rect class="fill-far" width="6" height="2"/>)"));
+        Write("drawings/hole.svg", Svg(4, 1, R"(<rect x="1" class="fill-accent" width="3" height="1"/>)"));
+        Write("drawings/glass.svg", Svg(4, 1, R"(<rect x="1" fill="#0f0" fill-opacity=".5" width="3" height="1"/>)"));
+        Write("drawings/dot.svg", Svg(1, 1, R"(<rect fill="currentColor" width="1" height="1"/>)"));
+        Write("en.po", kTexts);
+        Write("de.po", kGerman);
+        Write("substitutions.json", kSubstitutions);
+    }
+};
+
+TEST_F(Compilers, MakeWhatTheDisplayReadsInEitherOrderPackedOrNot) {
+    for (const char* options : {"", "--uncompressed", "--byte-order big", "--byte-order big --uncompressed"}) {
+        SCOPED_TRACE(options);
+        PegResources::Reset();
+        ASSERT_EQ(Call("resource-compiler", std::string(kAll) + options).status, 0);
+        ASSERT_EQ(Load(At("out.pbr")), 1);
+
+        EXPECT_EQ(PegResources::GetColor(85), 0x001F);
+        EXPECT_EQ(PegResources::GetColor(150), 0xF800);
+
+        EXPECT_EQ(PegResources::GetString(100), std::u16string(u"Voltage"));
+        EXPECT_EQ(PegResources::GetString(101), nullptr);
+        EXPECT_EQ(PegResources::GetString(102), std::u16string(u"Power Ω"));
+
+        const PegBitmap* solid = PegResources::GetBitmap(81);
+        ASSERT_NE(solid, nullptr);
+        EXPECT_EQ(solid->data[1], 0xF800) << "pixels stand in the file's order";
+
+        EXPECT_EQ(HeightOf(PegResources::GetFont(32)), 12);
+        EXPECT_EQ(HeightOf(PegResources::GetFont(33)), 24);
+        EXPECT_GT(WidthOf(u"Ж", PegResources::GetFont(32)), 5);
+        EXPECT_EQ(WidthOf(u"\uE000", PegResources::GetFont(32)), 0);
+        EXPECT_EQ(WidthOf(u"11111", PegResources::GetFont(33)), WidthOf(u"80356", PegResources::GetFont(33)));
+    }
+}
+
+TEST_F(Compilers, GiveEveryPictureTheSmallestFormatThatShowsIt) {
+    ASSERT_EQ(Call("resource-compiler", kAll).status, 0);
+    ASSERT_EQ(Load(At("out.pbr")), 1);
+
+    const PegBitmap* solid = PegResources::GetBitmap(82);
+    ASSERT_NE(solid, nullptr);
+    EXPECT_EQ(solid->flags, PegBitmap::kRunLength);
+    EXPECT_EQ(solid->data[0], 5);  // one run of six
+    EXPECT_EQ(solid->data[1], 0xF800);
+
+    const PegBitmap* hole = PegResources::GetBitmap(90);
+    ASSERT_NE(hole, nullptr);
+    EXPECT_EQ(hole->flags & ~PegBitmap::kRunLength, PegBitmap::kTransparent);
+    EXPECT_EQ(hole->transparent, kTransparentPixel);
+
+    const PegBitmap* glass = PegResources::GetBitmap(91);
+    ASSERT_NE(glass, nullptr);
+    EXPECT_EQ(glass->bitsPerPixel, 32);
+    EXPECT_TRUE(glass->Has(PegBitmap::kAlpha));
+}
+
+TEST_F(Compilers, ComposeTheLooksOfASoftKeyFromOneSymbol) {
+    Write("drawings/dot.svg", Svg(1, 5, R"(<rect fill="currentColor" width="1" height="5"/>)"));
+    ASSERT_EQ(Call("resource-compiler", kAll).status, 0);
+    const auto bitmaps = Inspect("resource-inspector", "out.pbr").at("sets").at(0).at("bitmaps");
+    const auto has = [&](int number) {
+        return std::any_of(bitmaps.begin(), bitmaps.end(), [&](const auto& b) { return b.at("number") == number; });
+    };
+    EXPECT_TRUE(has(236) && has(201) && has(78));
+    EXPECT_FALSE(has(0)) << "a scheme without this key has no picture";
+    ASSERT_EQ(Load(At("out.pbr")), 1);
+    const PegBitmap* normal = PegResources::GetBitmap(236);
+    ASSERT_NE(normal, nullptr);
+    // Each row: four white, the accent, four white.
+    const std::vector<std::uint16_t> row(normal->data, normal->data + 6);
+    EXPECT_EQ(row, (std::vector<std::uint16_t>{3, 0xFFFF, 0x8000, 0x001F, 3, 0xFFFF}));
+}
+
+TEST_F(Compilers, MakeTheSameBytesTwice) {
+    ASSERT_EQ(Call("resource-compiler", kAll).status, 0);
+    const std::string first = Read("out.pbr");
+    ASSERT_EQ(Call("resource-compiler", kAll).status, 0);
+    EXPECT_EQ(Read("out.pbr"), first);
+}
+
+TEST_F(Compilers, PutTextsAndSubstitutionsIntoTheLocalisationFile) {
+    for (const char* order : {"little", "big"}) {
+        SCOPED_TRACE(order);
+        ASSERT_EQ(Call("localization-compiler", std::string("en.po de.po --substitutions substitutions.json -o l.dat "
+                                                            "--byte-order ") +
+                                                    order)
+                      .status,
+                  0);
+        const auto file = Inspect("localization-inspector", "l.dat");
+        const auto& languages = file.at("strings").at("languages");
+        ASSERT_EQ(languages.size(), 2U);
+        EXPECT_EQ(languages[0].at("texts"),
+                  (nlohmann::json{{"3", "Below the toolkit's"}, {"100", "Voltage"}, {"102", "Power Ω"}}));
+        EXPECT_EQ(languages[1].at("texts"), (nlohmann::json{{"100", "Spannung"}}));
+        EXPECT_EQ(file.at("phaseLabels"), nlohmann::json::parse("[[100], [102]]"));
+        EXPECT_EQ(file.at("measurementSymbols"), nlohmann::json::parse("[[]]"));
+    }
+}
+
+struct Mistake {
+    const char* file;
+    std::string content;
+    const char* complaint;
+};
+
+TEST_F(Compilers, NameFileAndPlaceOfEveryMistake) {
+    const std::string header =
+        "msgid \"\"\nmsgstr \"\"\n\"Language: en\\n\"\n\"Content-Type: text/plain; charset=UTF-8\\n\"\n";
+    const std::vector<Mistake> mistakes{
+        {"palette.json", "{\"colours\": [\n\n}", "palette.json:3: this is no JSON"},
+        {"palette.json", "{}", "palette.json: \"colours\" is missing"},
+        {"palette.json", R"({"colours": [{"number": 1, "name": "a", "value": "red"}]})",
+         "/colours/0/value: \"red\" is no colour"},
+        {"palette.json",
+         R"({"colours": [{"number": 1, "name": "a", "value": "#000000"}, {"number": 1, "name": "b", "value": "#000000"}]})",
+         "/colours/1: this number stands twice"},
+        {"palette.json", R"({"colours": [{"number": -1, "name": "a", "value": "#000000"}]})",
+         "/colours/0/number: a number from 0"},
+        {"fonts.json",
+         R"({"faces": {"a": "en.po"}, "fallback": "a", "ranges": [], "fonts": [{"number": 32, "size": 10, "face": "a"}]})",
+         "en.po: cannot be read as a font"},
+        {"fonts.json", R"({"faces": {"a": "x"}, "fallback": "a", "ranges": ["39-30"], "fonts": []})",
+         "/ranges/0: \"39-30\" runs backwards"},
+        {"fonts.json", R"({"faces": {"a": "x"}, "fallback": "a", "ranges": ["3G"], "fonts": []})",
+         "/ranges/0: \"3G\" is no range"},
+        {"fonts.json",
+         R"({"faces": {"a": "x"}, "fallback": "a", "ranges": [], "fonts": [{"number": 33, "size": 10, "face": "a"}]})",
+         "/fonts/0: its number does not follow"},
+        {"bitmaps.json",
+         R"({"folder": "drawings", "bitmaps": [{"numbers": [81], "size": [6, 3], "drawing": "solid.svg"}]})",
+         "/bitmaps/0: the drawing is 6 x 2"},
+        {"bitmaps.json",
+         R"({"folder": "drawings", "bitmaps": [{"numbers": [81, 81], "size": [6, 2], "drawing": "solid.svg"}]})",
+         "/bitmaps/0/numbers/1: this number stands twice"},
+        {"bitmaps.json",
+         R"({"folder": "drawings", "bitmaps": [{"numbers": [81], "size": [6, 2], "drawing": "none.svg"}]})",
+         "none.svg: cannot be read"},
+        {"bitmaps.json",
+         R"({"folder": "drawings", "bitmaps": [], "softKeys": {"size": [9, 5], "accents": [99], "held": 86, "outOfUse": 7, "keys": []}})",
+         "/softKeys/held: the palette has no such colour"},
+        {"drawings/solid.svg", "<svg", "solid.svg: "},
+        {"drawings/solid.svg", Svg(0, 2, ""), "solid.svg: its width and height are no whole pixels"},
+        {"en.po", header + "\nmsgctxt \"12x\"\nmsgid \"a\"\nmsgstr \"\"\n", "en.po: \"12x\" is no string number"},
+        {"en.po", header + "\nmsgid \"a\"\nmsgstr \"\"\n", "en.po: \"a\" has no number"},
+        {"en.po", header + "\nmsgctxt \"1\"\nmsgid \"a\"\nmsgstr \"\"\n\nmsgctxt \"1\"\nmsgid \"b\"\nmsgstr \"\"\n",
+         "en.po: string 1 stands twice"},
+        {"en.po", header + "\nmsgctxt \"1\"\nmsgid \"" + std::string(251, 'x') + "\"\nmsgstr \"\"\n",
+         "en.po: string 1 is longer than 250"},
+        {"en.po", header + "\nmsgctxt 1\n", "en.po:6: "},
+        {"en.po", "msgctxt \"1\"\nmsgid \"a\"\nmsgstr \"\"\n", "en.po:1: the header names no Language"},
+        {"en.po", header, "en.po: has no texts"},
+    };
+    for (const Mistake& mistake : mistakes) {
+        SCOPED_TRACE(mistake.complaint);
+        const std::string good = Read(mistake.file);
+        Write(mistake.file, mistake.content);
+        const Run run = Call("resource-compiler", kAll);
+        EXPECT_EQ(run.status, 1);
+        EXPECT_NE(run.errors.find(mistake.complaint), std::string::npos) << run.errors;
+        EXPECT_FALSE(std::filesystem::exists(At("out.pbr")));
+        Write(mistake.file, good);
+    }
+}
+
+TEST_F(Compilers, RefuseTranslationsOfOtherTexts) {
+    const std::string compile = "en.po de.po --substitutions substitutions.json -o l.dat";
+    const std::string german = kGerman;
+    const auto complaint = [&] { return Call("localization-compiler", compile).errors; };
+
+    Write("de.po", german + "\nmsgctxt \"7\"\nmsgid \"New\"\nmsgstr \"Neu\"\n");
+    EXPECT_NE(complaint().find("de.po: string 7 has no base text"), std::string::npos);
+    Write("de.po", german + "\nmsgctxt \"102\"\nmsgid \"Old power\"\nmsgstr \"Leistung\"\n");
+    EXPECT_NE(complaint().find("de.po: string 102 translates another text"), std::string::npos);
+    Write("de.po", german);
+    Write("substitutions.json", R"({"phaseLabels": {"sets": ["1", "A"], "columns": [[100, 101]]},
+        "measurementSymbols": {"sets": [], "columns": []}})");
+    EXPECT_NE(complaint().find("/phaseLabels/columns/0/1: string 101 is not in the catalogue"), std::string::npos);
+}
+
+TEST_F(Compilers, SayWhatIsWrongWithACommandLineOrABinaryFile) {
+    for (const char* program :
+         {"resource-compiler", "localization-compiler", "resource-inspector", "localization-inspector"}) {
+        SCOPED_TRACE(program);
+        EXPECT_EQ(Call(program, "--help").status, 0);
+        EXPECT_NE(Call(program, "--help").out.find("--help"), std::string::npos);
+        EXPECT_EQ(Call(program, "--nonsense").status, 2);
+    }
+    EXPECT_EQ(Call("resource-compiler", std::string(kAll) + "--byte-order middle").status, 2);
+    ASSERT_EQ(Call("resource-compiler", kAll).status, 0);
+    ASSERT_EQ(Call("localization-compiler", "en.po -o out.dat").status, 0);
+
+    for (const auto& [program, file] :
+         {std::pair{"resource-inspector", "out.pbr"}, {"localization-inspector", "out.dat"}}) {
+        const std::string whole = Read(file);
+        for (std::size_t size = 0; size < whole.size(); size += 1 + whole.size() / 40) {
+            Write("cut", whole.substr(0, size));
+            const Run run = Call(program, "cut");
+            EXPECT_EQ(run.status, 1) << program << " takes " << size << " bytes of " << whole.size();
+            EXPECT_NE(run.errors.find("cut: at byte "), std::string::npos) << run.errors;
+        }
+        EXPECT_NE(Call(program, "missing").errors.find("missing: cannot be read"), std::string::npos);
+    }
+}
+
+TEST_F(Compilers, TakeNoDamagedByteForMoreThanItIs) {
+    ASSERT_EQ(Call("resource-compiler", std::string(kAll) + "--uncompressed").status, 0);
+    ASSERT_EQ(Call("localization-compiler", "en.po -o out.dat").status, 0);
+    for (const auto& [program, file] :
+         {std::pair{"resource-inspector", "out.pbr"}, {"localization-inspector", "out.dat"}}) {
+        const std::string whole = Read(file);
+        for (std::size_t at = 0; at < whole.size(); at += 1 + whole.size() / 150) {
+            std::string damaged = whole;
+            damaged[at] = static_cast<char>(~damaged[at]);
+            Write("damaged", damaged);
+            const bool isResource = std::string(file) == "out.pbr";
+            const Run run = Call(program, isResource ? "damaged --fonts f --bitmaps b" : "damaged");
+            EXPECT_TRUE(run.status == 0 || run.status == 1) << program << " ends by a signal over byte " << at;
+        }
+    }
+}
+
+TEST_F(Compilers, ShowFontsAndBitmapsAsPictures) {
+    ASSERT_EQ(Call("resource-compiler", kAll).status, 0);
+    ASSERT_EQ(Call("resource-inspector", "out.pbr --fonts f --bitmaps b").status, 0);
+    for (const char* picture :
+         {"f/font-32.png", "f/font-33.png", "b/bitmap-82.png", "b/bitmap-201.png", "b/sheet.png"}) {
+        EXPECT_TRUE(Read(picture).starts_with("\x89PNG")) << picture;
+    }
+}
+
+}  // namespace
