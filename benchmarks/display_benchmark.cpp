@@ -244,21 +244,21 @@ constexpr std::int32_t kHarmonics31 = 61;
 constexpr std::int32_t kHarmonics63 = 62;
 constexpr std::int32_t kThreeBars = 17;
 
-void PhasorsRedrawnWhole(benchmark::State& state) { CompareRedraw(state, 20, kPhasors); }
+void PhasorsRedrawnWhole(benchmark::State& state) { CompareRedraw(state, 15, kPhasors); }
 void PhasorsRefreshed(benchmark::State& state) {
-    CompareRefresh(state, 20, kPhasors, "PQINTERFACE_getPhasorData", 10 * sizeof(PhasorEntry));
+    CompareRefresh(state, 9, kPhasors, "PQINTERFACE_getPhasorData", 10 * sizeof(PhasorEntry));
 }
-void Harmonics31RedrawnWhole(benchmark::State& state) { CompareRedraw(state, 20, kHarmonics31); }
+void Harmonics31RedrawnWhole(benchmark::State& state) { CompareRedraw(state, 13, kHarmonics31); }
 void Harmonics31Refreshed(benchmark::State& state) {
-    CompareRefresh(state, 20, kHarmonics31, "PQINTERFACE_getHarmonicData", sizeof(HarmonicData));
+    CompareRefresh(state, 5, kHarmonics31, "PQINTERFACE_getHarmonicData", sizeof(HarmonicData));
 }
-void Harmonics63RedrawnWhole(benchmark::State& state) { CompareRedraw(state, 20, kHarmonics63); }
+void Harmonics63RedrawnWhole(benchmark::State& state) { CompareRedraw(state, 13, kHarmonics63); }
 void Harmonics63Refreshed(benchmark::State& state) {
-    CompareRefresh(state, 20, kHarmonics63, "PQINTERFACE_getHarmonicData", sizeof(HarmonicData));
+    CompareRefresh(state, 5, kHarmonics63, "PQINTERFACE_getHarmonicData", sizeof(HarmonicData));
 }
-void ThreeBarsRedrawnWhole(benchmark::State& state) { CompareRedraw(state, 20, kThreeBars); }
+void ThreeBarsRedrawnWhole(benchmark::State& state) { CompareRedraw(state, 13, kThreeBars); }
 void ThreeBarsRefreshed(benchmark::State& state) {
-    CompareRefresh(state, 20, kThreeBars, "PQINTERFACE_getMinMaxBarData", sizeof(MinMaxBarData));
+    CompareRefresh(state, 5, kThreeBars, "PQINTERFACE_getMinMaxBarData", sizeof(MinMaxBarData));
 }
 
 void DeviceWrite(benchmark::State& state) {
