@@ -189,6 +189,11 @@ TEST_F(ExtremesBars, StayOnThePanelWhateverTheValues) {
     bars[298] = Bar({0, 100, -50});
     Ticks(20);
     EXPECT_TRUE(PanelShows("extremes/bar_below"));
+    for (const double nowhere : {kNotANumber, -kEndless}) {
+        bars[298] = Bar({0, 100, nowhere});
+        Ticks(20);
+        EXPECT_TRUE(PanelShows("extremes/bar_below"));
+    }
     bars[298] = Bar({100, 0, 50});
     Ticks(20);
     EXPECT_TRUE(PanelShows("extremes/bar_turned_round"));
