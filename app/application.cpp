@@ -10,6 +10,8 @@
 #include "navigation/meter_access.h"
 #include "navigation/navigation_handler.h"
 #include "rda/command_server.h"
+#include "screens/alarms/alarm_screens.h"
+#include "screens/events/event_screens.h"
 #include "screens/extremes/minmax_bar_screen.h"
 #include "screens/extremes/minmax_screen.h"
 #include "screens/harmonics/harmonic_screen.h"
@@ -42,7 +44,10 @@ constexpr auto kScreenCreators = std::to_array<ScreenCreator>({
     CreateMinMaxScreens,
     CreatePhasorScreen,
     CreateHarmonicScreens,
+    CreateActiveAlarmScreens,
+    CreateHistoricalAlarmScreens,
     CreateMinMaxBarScreens,
+    CreateEventScreens,
     CreateCustomScreens,
 });
 

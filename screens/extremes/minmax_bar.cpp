@@ -122,9 +122,10 @@ void MinMaxBar::Draw(const PegRect& invalid) {
     const int height = PegResources::BitmapHeight(kTrack);
     const int top = m_bar.top + (kBarHeight - height) / 2;
     screen.DrawBitmap(PointOf(kBarLeft, top), PegResources::GetBitmap(kTrack));
-    const auto [first, last] =
-        std::minmax(MiddleOf(kMinimumMarker, m_positions.minimum), MiddleOf(kMaximumMarker, m_positions.maximum));
-    screen.Fill(RectOf(first, top, last, top + height - 1), PegResources::GetColor(kSpanColor));
+    const int from = MiddleOf(kMinimumMarker, m_positions.minimum);
+    const int to = MiddleOf(kMaximumMarker, m_positions.maximum);
+    screen.Fill(RectOf(std::min(from, to), top, std::max(from, to), top + height - 1),
+                PegResources::GetColor(kSpanColor));
     DrawMarker(kPresentMarker, m_positions.present, m_bar.top);
     DrawMarker(kMinimumMarker, m_positions.minimum, m_bar.top);
     DrawMarker(kMaximumMarker, m_positions.maximum, m_bar.top);

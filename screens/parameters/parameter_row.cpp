@@ -58,3 +58,9 @@ void ParameterRow::Show(const RowTexts& texts) {
     ShowText(*m_value, m_shown.value, texts.value);
     ShowText(*m_unit, m_shown.unit, texts.unit);
 }
+
+std::array<ParameterRow, kMostParameters> UnplacedRows(OverflowFrame valueFrame) {
+    static_assert(kMostParameters == 6);
+    return {ParameterRow(valueFrame), ParameterRow(valueFrame), ParameterRow(valueFrame),
+            ParameterRow(valueFrame), ParameterRow(valueFrame), ParameterRow(valueFrame)};
+}

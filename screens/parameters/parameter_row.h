@@ -37,3 +37,6 @@ private:
     PegHolder<dataPegPromptClass> m_unit;
     RowTexts m_shown;
 };
+
+/// The rows of a page, none of them placed yet.
+std::array<ParameterRow, kMostParameters> UnplacedRows(OverflowFrame valueFrame);

@@ -9,17 +9,12 @@ namespace {
 constexpr std::uint32_t kLineVoltage = 3687;
 constexpr std::uint32_t kNeutralVoltage = 3708;
 
-template <std::size_t... indexes>
-std::array<ParameterRow, kMostParameters> RowsWithFrame(std::index_sequence<indexes...>) {
-    return {(static_cast<void>(indexes), ParameterRow(OverflowFrame::On))...};
-}
-
 }  // namespace
 
 paramScrnClass::paramScrnClass(std::int32_t screenId)
     : DSBC_dataScrnBaseClass(screenId),
       m_row(FindRow(kParamScreenRows, &ParamScreenRow::screen, screenId)),
-      m_rows(RowsWithFrame(std::make_index_sequence<kMostParameters>())) {
+      m_rows(UnplacedRows(OverflowFrame::On)) {
     if (m_row == nullptr) return;
     const RowLayout* layout = LayoutOf(kParameterLayouts, static_cast<std::uint32_t>(m_row->count));
     for (std::size_t i = 0; i < static_cast<std::size_t>(m_row->count); ++i) {

@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <array>
 #include <charconv>
+#include <utility>
 
 namespace panel {
 namespace {
@@ -49,30 +50,39 @@ std::map<std::string, std::string> Query(lws* connection) {
     return query;
 }
 
-/// Room for the headers of a response, to which one after the other is added.
-struct Headers {
-    explicit Headers(lws* connection) : m_connection(connection) {}
+/// A response as it goes over the connection, headers and body in one, since a client that has seen the end of an
+/// answer may send its next request before a second write.
+class Wire {
+public:
+    Wire(lws* connection, const Response& response)
+        : m_connection(connection), m_room(LWS_PRE + kHeaderRoom + response.body.size()), m_at(Start()) {
+        m_fits = lws_add_http_common_headers(m_connection, static_cast<unsigned>(response.status),
+                                             response.type.c_str(), response.body.size(), &m_at, End()) == 0;
+    }
 
-    void Add(const char* name, std::string_view value) {
+    void AddHeader(const char* name, std::string_view value) {
         m_fits = m_fits && lws_add_http_header_by_name(m_connection, reinterpret_cast<const unsigned char*>(name),
                                                        reinterpret_cast<const unsigned char*>(value.data()),
                                                        static_cast<int>(value.size()), &m_at, End()) == 0;
     }
-    bool Begin(const Response& response) {
-        m_fits = lws_add_http_common_headers(m_connection, static_cast<unsigned>(response.status),
-                                             response.type.c_str(), response.body.size(), &m_at, End()) == 0;
-        return m_fits;
-    }
-    bool Send() {
-        return m_fits && lws_finalize_write_http_header(m_connection, m_room.data() + LWS_PRE, &m_at, End()) == 0;
+
+    /// The library keeps what the connection does not take. @return whether that is well
+    bool Send(std::string_view body) {
+        if (!m_fits || lws_finalize_http_header(m_connection, &m_at, End()) != 0) return false;
+        m_at = std::ranges::copy(body, m_at).out;
+        const auto size = static_cast<std::size_t>(m_at - Start());
+        return lws_write(m_connection, Start(), size, LWS_WRITE_HTTP_FINAL) >= static_cast<int>(size);
     }
 
 private:
-    unsigned char* End() { return m_room.data() + m_room.size(); }
+    static constexpr std::size_t kHeaderRoom = 2048;
+
+    unsigned char* Start() { return m_room.data() + LWS_PRE; }
+    unsigned char* End() { return Start() + kHeaderRoom; }
 
     lws* m_connection;
-    std::array<unsigned char, LWS_PRE + 2048> m_room;
-    unsigned char* m_at = m_room.data() + LWS_PRE;
+    std::vector<unsigned char> m_room;
+    unsigned char* m_at;
     bool m_fits = true;
 };
 
@@ -102,32 +112,28 @@ bool Exchange::TakeBody(const void* bytes, std::size_t size) {
     return true;
 }
 
-int Exchange::Begin(Response response) {
+int Exchange::Send(const Response& response) {
+    Wire wire(m_connection, response);
+    wire.AddHeader("cache-control:", "no-store");
+    wire.AddHeader("content-security-policy:", kOwnContentOnly);
+    wire.AddHeader("x-content-type-options:", "nosniff");
+    if (!response.allow.empty()) wire.AddHeader("allow:", response.allow);
     m_answered = true;
-    m_response = std::move(response);
-    Headers headers(m_connection);
-    headers.Begin(m_response);
-    headers.Add("cache-control:", "no-store");
-    headers.Add("content-security-policy:", kOwnContentOnly);
-    headers.Add("x-content-type-options:", "nosniff");
-    if (!m_response.allow.empty()) headers.Add("allow:", m_response.allow);
-    if (!headers.Send()) return -1;
-    m_toSend = true;
-    lws_callback_on_writable(m_connection);
-    return 0;
-}
-
-int Exchange::Continue() {
-    if (!m_toSend) return 0;
-    m_toSend = false;
-    // The library keeps what the connection does not take, and sends it before anything else.
-    std::vector<unsigned char> room(LWS_PRE + m_response.body.size());
-    std::ranges::copy(m_response.body, room.begin() + LWS_PRE);
-    const int size = static_cast<int>(m_response.body.size());
-    if (lws_write(m_connection, room.data() + LWS_PRE, m_response.body.size(), LWS_WRITE_HTTP_FINAL) < size) return -1;
+    if (!wire.Send(response.body)) return -1;
     // Where a body of unknown length may follow, the next request cannot be told from it.
     if (m_request.method == "POST" && !m_contentLength) return -1;
     return lws_http_transaction_completed(m_connection) != 0 ? -1 : 0;
+}
+
+void Exchange::SendLater(Response response) {
+    m_response = std::move(response);
+    lws_callback_on_writable(m_connection);
+}
+
+int Exchange::Continue() {
+    if (!m_response) return 0;
+    const Response response = *std::exchange(m_response, std::nullopt);
+    return Send(response);
 }
 
 }  // namespace panel

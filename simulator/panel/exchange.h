@@ -23,11 +23,12 @@ public:
     /// @return false when that is more than a body may have
     bool TakeBody(const void* bytes, std::size_t size);
 
-    /// Sends the headers, and has the body sent when there is room.
+    /// Answers, which ends the exchange. Only from an event of the connection itself.
     /// @return -1 when the connection is to be closed
-    [[nodiscard]] int Begin(Response response);
+    [[nodiscard]] int Send(const Response& response);
 
-    /// Sends what Begin left. @return -1 when the connection is to be closed
+    /// Has `Continue` called when there is room, and answers then.
+    void SendLater(Response response);
     [[nodiscard]] int Continue();
 
     bool Answered() const { return m_answered; }
@@ -39,9 +40,8 @@ private:
     lws* m_connection;
     Request m_request;
     std::optional<std::uint64_t> m_contentLength;
-    Response m_response;
+    std::optional<Response> m_response;  // to be sent later
     bool m_answered = false;
-    bool m_toSend = false;
 };
 
 }  // namespace panel

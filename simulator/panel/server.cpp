@@ -41,6 +41,8 @@ private:
     int OnEvent(lws* connection, lws_callback_reasons reason, std::string_view in);
     int OnRequest(lws* connection);
     int OnBody(lws* connection, std::string_view piece);
+    int OnBodyEnd(Exchange& exchange);
+    static int Refuse(Exchange& exchange, const Response& response);
     int OnUpgrade(lws* connection);
     int Answer(Exchange& exchange);
     int AskMeter(Exchange& exchange);
@@ -115,8 +117,7 @@ int Server::Loop::OnEvent(lws* connection, lws_callback_reasons reason, std::str
         case LWS_CALLBACK_EVENT_WAIT_CANCELLED: ShowNews(); return 0;
         case LWS_CALLBACK_HTTP: return OnRequest(connection);
         case LWS_CALLBACK_HTTP_BODY: return OnBody(connection, in);
-        case LWS_CALLBACK_HTTP_BODY_COMPLETION:
-            return exchange != m_exchanges.end() && !exchange->second.Answered() ? Answer(exchange->second) : 0;
+        case LWS_CALLBACK_HTTP_BODY_COMPLETION: return exchange != m_exchanges.end() ? OnBodyEnd(exchange->second) : -1;
         case LWS_CALLBACK_HTTP_WRITEABLE: return exchange != m_exchanges.end() ? exchange->second.Continue() : 0;
         case LWS_CALLBACK_HTTP_CONFIRM_UPGRADE: return OnUpgrade(connection);
         case LWS_CALLBACK_ESTABLISHED:
@@ -142,17 +143,30 @@ int Server::Loop::OnEvent(lws* connection, lws_callback_reasons reason, std::str
 int Server::Loop::OnRequest(lws* connection) {
     m_exchanges.erase(connection);
     Exchange& exchange = m_exchanges.emplace(connection, connection).first->second;
-    if (!m_service.IsOwn(exchange.GetRequest(), m_port))
-        return exchange.Begin({.status = 403, .body = "not for other pages\n"});
-    const std::uint64_t announced = exchange.ContentLength().value_or(0);
-    if (announced > kMaxBody) return exchange.Begin({.status = 413, .body = "that is too much\n"});
-    return announced == 0 ? Answer(exchange) : 0;
+    const bool own = m_service.IsOwn(exchange.GetRequest(), m_port);
+    if (!own) return Refuse(exchange, {.status = 403, .body = "not for other pages\n"});
+    if (exchange.ContentLength().value_or(0) > kMaxBody)
+        return Refuse(exchange, {.status = 413, .body = "that is too much\n"});
+    // A body that is announced ends with an event of its own, even if it is empty.
+    return exchange.ContentLength() ? 0 : Answer(exchange);
+}
+
+/// Answers before the body was read, and ends the connection.
+int Server::Loop::Refuse(Exchange& exchange, const Response& response) {
+    [[maybe_unused]] const int ended = exchange.Send(response);
+    return -1;
 }
 
 int Server::Loop::OnBody(lws* connection, std::string_view piece) {
     const auto found = m_exchanges.find(connection);
     if (found == m_exchanges.end() || found->second.Answered()) return 0;
     return found->second.TakeBody(piece.data(), piece.size()) ? 0 : -1;
+}
+
+/// The library also comes here when the next request arrives before the answer to this one, and would for ever: one
+/// request at a time.
+int Server::Loop::OnBodyEnd(Exchange& exchange) {
+    return exchange.Answered() || exchange.awaitedLine != 0 ? -1 : Answer(exchange);
 }
 
 /// @return 0 to go on to the WebSocket, 1 after a refusal
@@ -167,17 +181,17 @@ int Server::Loop::OnUpgrade(lws* connection) {
 int Server::Loop::Answer(Exchange& exchange) {
     const Request& request = exchange.GetRequest();
     if (m_meter != nullptr && request.path == kMeterPath) return AskMeter(exchange);
-    const int result = exchange.Begin(m_service.Answer(request));
+    const int result = exchange.Send(m_service.Answer(request));
     ScheduleKeyTick();
     return result;
 }
 
 int Server::Loop::AskMeter(Exchange& exchange) {
     const Request& request = exchange.GetRequest();
-    if (request.method != "POST") return exchange.Begin({.status = 405, .body = "only POST\n", .allow = "POST"});
+    if (request.method != "POST") return exchange.Send({.status = 405, .body = "only POST\n", .allow = "POST"});
     std::string line = request.body.substr(0, request.body.find_last_not_of("\r\n") + 1);
     if (line.empty() || line.find_first_of("\r\n") != std::string::npos)
-        return exchange.Begin({.status = 400, .body = "one line, please\n"});
+        return exchange.Send({.status = 400, .body = "one line, please\n"});
     exchange.awaitedLine = m_meter->Ask(std::move(line));
     return 0;
 }
@@ -189,8 +203,7 @@ void Server::Loop::PassOnMeterAnswers() {
         if (found == m_exchanges.end()) continue;
         Response response{.status = 502, .body = "the meter does not answer\n"};
         if (answer.line) response = {.body = *answer.line + "\n"};
-        if (found->second.Begin(std::move(response)) != 0)
-            lws_set_timeout(found->first, PENDING_TIMEOUT_HTTP_CONTENT, LWS_TO_KILL_ASYNC);
+        found->second.SendLater(std::move(response));
     }
     m_service.Meter().state = m_meter->State();
 }

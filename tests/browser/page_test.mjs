@@ -116,8 +116,7 @@ test("takes 1 to 4 and H from the keyboard, and each once while it repeats", asy
 });
 
 test("makes one of soft keys 2 and 3, from the keyboard and from two fingers", async () => {
-  await page.keyboard.down("2");
-  await page.keyboard.down("3");
+  await Promise.all([page.keyboard.down("2"), page.keyboard.down("3")]);
   await page.keyboard.up("2");
   await page.keyboard.up("3");
   assert.deepEqual(await emulator.keys(2), ["6 down", "6 up"]);
@@ -128,8 +127,8 @@ test("makes one of soft keys 2 and 3, from the keyboard and from two fingers", a
   for (const key of ["soft3", "soft2"]) {
     const box = await touch.locator(`[data-key=${key}]`).boundingBox();
     points.push({ x: box.x + box.width / 2, y: box.y + box.height / 2, id: points.length });
-    await devtools.send("Input.dispatchTouchEvent", { type: "touchStart", touchPoints: points });
   }
+  await devtools.send("Input.dispatchTouchEvent", { type: "touchStart", touchPoints: points });
   await devtools.send("Input.dispatchTouchEvent", { type: "touchEnd", touchPoints: [] });
   assert.deepEqual(await emulator.keys(2), ["6 down", "6 up"]);
   await touch.close();

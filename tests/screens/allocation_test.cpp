@@ -3,6 +3,8 @@
 #include <cstdlib>
 #include <new>
 
+#include "screens/alarms/alarm_screens.h"
+#include "screens/events/event_screens.h"
 #include "screens/extremes/minmax_bar_screen.h"
 #include "screens/extremes/minmax_screen.h"
 #include "screens/harmonics/harmonic_screen.h"
@@ -16,6 +18,10 @@ void* operator new(std::size_t size) {
     if (void* memory = std::malloc(size)) return memory;
     std::abort();
 }
+void* operator new(std::size_t size, const std::nothrow_t&) noexcept {
+    if (AllocationCount::paused == 0) ++AllocationCount::taken;
+    return std::malloc(size);
+}
 void operator delete(void* memory) noexcept { std::free(memory); }
 void operator delete(void* memory, std::size_t) noexcept { std::free(memory); }
 
@@ -28,7 +34,10 @@ TEST_F(Allocations, NeverHappenWhileAScreenIsRefreshed) {
     CreateMinMaxScreens();
     CreatePhasorScreen();
     CreateHarmonicScreens();
+    CreateActiveAlarmScreens();
+    CreateHistoricalAlarmScreens();
     CreateMinMaxBarScreens();
+    CreateEventScreens();
     CreateCustomScreens();
     for (const ScreenInfoRow& row : kScreenInfoRows) {
         if (Navigation().getScreenKind(row.screen) != SCREEN_KIND_DATA) continue;

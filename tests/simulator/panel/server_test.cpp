@@ -15,7 +15,6 @@
 
 namespace {
 
-using panel::Descriptor;
 using panel::KeyRecord;
 
 /// A board with its server on a free port.
@@ -122,6 +121,20 @@ TEST_F(PanelServer, KeepsAConnectionUnlessARequestMayGoOn) {
     EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(3)) << "not only when it was idle";
 }
 
+TEST_F(PanelServer, SurvivesRequestsThatDoNotWaitForTheirAnswers) {
+    const std::string host = "Host: 127.0.0.1:" + std::to_string(m_server->Port()) + "\r\n";
+    const std::string post = "POST /keys/home HTTP/1.1\r\n" + host + "Content-Length: 1\r\n\r\nx";
+    const std::string silent = "POST /meter HTTP/1.1\r\n" + host + "Content-Length: 6\r\n\r\nsilent";
+    for (const std::string& first : {post, silent, std::string("GET /frame.png HTTP/1.1\r\n" + host + "\r\n")}) {
+        HttpClient together = Client();
+        together.Send(first + first + first + "rest");
+        HttpClient piecewise = Client();
+        for (int i = 0; i < 20; ++i) piecewise.Send(post);
+        EXPECT_EQ(Ask("GET", "/state").status, 200) << first;
+    }
+    Keys(0);
+}
+
 TEST_F(PanelServer, RefusesWhatItDoesNotKnow) {
     struct Case {
         const char* method;
@@ -146,9 +159,10 @@ TEST_F(PanelServer, RefusesWhatItDoesNotKnow) {
 }
 
 TEST_F(PanelServer, BoundsWhatItReads) {
-    HttpClient client = Client();
-    EXPECT_EQ(client.Ask("POST", "/keys/home", std::string(513, 'x')).status, 413);
-    EXPECT_EQ(client.Ask("GET", "/state").status, 200) << "what was too much is not the next request";
+    EXPECT_EQ(Ask("POST", "/keys/home", std::string(512, 'x')).status, 204);
+    EXPECT_EQ(Keys(2), (Records{{5, 0}, {5, 1}}));
+    for (const std::size_t size : {513U, 100'000U})
+        EXPECT_EQ(Ask("POST", "/keys/home", std::string(size, 'x')).status, 413);
     HttpClient huge = Client();
     huge.Send("POST /keys/home HTTP/1.1\r\nHost: 127.0.0.1:" + std::to_string(m_server->Port()) +
               "\r\nContent-Length: 99999999999999999999\r\n\r\n");
@@ -270,6 +284,7 @@ private:
             const ssize_t size = ::recv(client.Get(), line.data(), line.size(), 0);
             const std::string text(line.data(), static_cast<std::size_t>(std::max<ssize_t>(size, 0)));
             if (text == "silent\n") continue;  // hangs up without a word
+            if (text == "slow\n") std::this_thread::sleep_for(std::chrono::milliseconds(300));
             const std::string answer = text == "state\n" ? "{\"scenario\":\"sag\"}\n" : "ok " + text;
             EXPECT_EQ(::send(client.Get(), answer.data(), answer.size(), MSG_NOSIGNAL),
                       static_cast<ssize_t>(answer.size()));
@@ -296,6 +311,11 @@ TEST_F(PanelServer, PutsLinesToTheMeter) {
         EXPECT_EQ(reply.body, "ok " + line + "\n");
     }
     EXPECT_EQ(Ask("POST", "/meter", "silent").status, 502);
+    HttpClient impatient = Client();
+    const std::string host = "Host: 127.0.0.1:" + std::to_string(m_server->Port()) + "\r\n";
+    impatient.Send("POST /meter HTTP/1.1\r\n" + host + "Content-Length: 4\r\n\r\nslowGET / HTTP/1.1\r\n" + host +
+                   "\r\n");
+    EXPECT_EQ(Ask("GET", "/state").status, 200) << "a waiting line holds up nobody";
     for (const std::string body : {"", "\n", "scenario sag\nnavigate 7", "a\rb"})
         EXPECT_EQ(Ask("POST", "/meter", body).status, 400);
     EXPECT_EQ(Ask("GET", "/meter").status, 405);
