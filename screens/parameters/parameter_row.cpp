@@ -1,6 +1,7 @@
 #include "screens/parameters/parameter_row.h"
 
 #include "screens/base/line_place.h"
+#include "screens/base/show_text.h"
 
 namespace {
 
@@ -9,19 +10,12 @@ constexpr int kUnitGap = 3;  // pixels between a value and its unit
 constexpr std::uint32_t kLeft = kStyleTextLeft | kStyleBorderNone;
 constexpr std::uint32_t kRight = kStyleTextRight | kStyleBorderNone;
 
+}  // namespace
+
 void PlacePrompt(dataPegPromptClass& prompt, int y, const ColumnSpan& columns, std::uint32_t font) {
     prompt.SetFontNumber(font);
     prompt.Resize(PlaceOnLine(y, columns.left, columns.right, font));
 }
-
-template <std::size_t size>
-void ShowText(dataPegPromptClass& prompt, std::array<char16_t, size>& shown, const std::array<char16_t, size>& text) {
-    if (shown == text) return;
-    shown = text;
-    prompt.SetText(shown.data());
-}
-
-}  // namespace
 
 ParameterRow::ParameterRow(OverflowFrame valueFrame)
     : m_label(kUnplaced, nullptr, std::uint16_t{0}, kLeft),

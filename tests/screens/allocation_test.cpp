@@ -5,8 +5,12 @@
 
 #include "screens/alarms/alarm_screens.h"
 #include "screens/events/event_screens.h"
+#include "screens/extremes/minmax_bar_screen.h"
+#include "screens/extremes/minmax_screen.h"
+#include "screens/harmonics/harmonic_screen.h"
 #include "screens/parameters/custom_screen.h"
 #include "screens/parameters/parameter_screen.h"
+#include "screens/phasor/phasor_screen.h"
 #include "tests/bench/panel_bench.h"
 
 void* operator new(std::size_t size) {
@@ -27,8 +31,12 @@ class Allocations : public PanelBench {};
 
 TEST_F(Allocations, NeverHappenWhileAScreenIsRefreshed) {
     CreateParameterScreens();
+    CreateMinMaxScreens();
+    CreatePhasorScreen();
+    CreateHarmonicScreens();
     CreateActiveAlarmScreens();
     CreateHistoricalAlarmScreens();
+    CreateMinMaxBarScreens();
     CreateEventScreens();
     CreateCustomScreens();
     for (const ScreenInfoRow& row : kScreenInfoRows) {
