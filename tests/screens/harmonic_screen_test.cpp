@@ -18,7 +18,8 @@ HarmonicData Spectrum(std::uint32_t fullScale) {
     HarmonicData data{};
     for (std::uint32_t i = 0; i < kMaxHarmonics; ++i) data.magnitudes[i].Set(1000 / (i + 1));
     data.fullScale.Set(fullScale);
-    for (std::size_t i = 0; i < data.texts.size(); ++i) Write(data.texts[i], "t" + std::to_string(i + 1));
+    for (std::size_t i = 0; i < data.texts.size(); ++i)
+        Write(data.texts[i], std::string(1, 't').append(std::to_string(i + 1)));
     return data;
 }
 
