@@ -7,7 +7,7 @@
 #include "peg/core/screen.h"
 #include "peg/core/toolkit.h"
 #include "peg/resources/resources.h"
-#include "screens/base/build_text.h"
+#include "screens/base/composed_text.h"
 #include "screens/base/show_text.h"
 #include "screens/parameters/parameter_row.h"
 
@@ -99,8 +99,8 @@ void MinMaxBar::Show(const MinMaxBarDisplay& values, const BarPositions& positio
     MinMaxBarDisplay next = values;
     if (!values.IsValid()) {
         const std::u16string_view none = LocalizedString(kNotAvailable);
-        next.minimum.text = next.maximum.text = Joined<48>({none});
-        next.label = Joined<40>({none});
+        next.minimum.text = next.maximum.text = ComposedText<48>().Add(none).Units();
+        next.label = ComposedText<40>().Add(none).Units();
         next.present.text = {};
     }
     ShowText(m_minimum, m_shown.minimum.text, next.minimum.text);

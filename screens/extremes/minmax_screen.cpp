@@ -2,7 +2,7 @@
 
 #include "navigation/meter_access.h"
 #include "navigation/navigation_handler.h"
-#include "screens/base/build_text.h"
+#include "screens/base/composed_text.h"
 #include "screens/base/show_text.h"
 
 namespace {
@@ -49,7 +49,8 @@ void minmaxScrnClass::UpdateScreenData() {
         static_cast<void>(meterAccessClass::getInstance().readRegister(m_row->registers[i], display));
         Row& row = m_rows[i];
         row.quantity.Show({display.label, display.value, display.unit});
-        ShowText(*row.when, row.whenText, Joined<24>({display.date.data(), u" ", display.time.data()}));
+        ShowText(*row.when, row.whenText,
+                 ComposedText<24>().Add(display.date.data()).Add(u" ").Add(display.time.data()).Units());
     }
 }
 

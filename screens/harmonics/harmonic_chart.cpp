@@ -4,7 +4,7 @@
 #include "peg/core/screen.h"
 #include "peg/core/toolkit.h"
 #include "peg/resources/resources.h"
-#include "screens/base/build_text.h"
+#include "screens/base/composed_text.h"
 
 namespace {
 
@@ -46,7 +46,7 @@ void HarmonicChart::AddNumbers() {
         auto& number =
             AddNew<custPpromptClass>(*this, place, nullptr, std::uint16_t{0}, kNumberStyle, VerticalAlignment::Bottom);
         number.SetFontNumber(kNumberFont);
-        number.SetText(NumberText<12>(harmonic).data());
+        number.SetText(ComposedText<12>().AddNumber(static_cast<std::uint32_t>(harmonic)).Text());
     }
 }
 

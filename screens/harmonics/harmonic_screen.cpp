@@ -9,8 +9,8 @@
 #include "navigation/widgets/rule.h"
 #include "peg/core/screen.h"
 #include "peg/resources/resources.h"
-#include "screens/base/build_text.h"
 #include "screens/base/column_span.h"
+#include "screens/base/composed_text.h"
 #include "screens/base/show_text.h"
 
 namespace {
@@ -88,7 +88,7 @@ BarLayout AskForLayout() {
 template <std::size_t size>
 std::array<char16_t, size> LabelText(std::uint32_t stringNumber) {
     const std::u16string_view label = LocalizedString(stringNumber);
-    return Joined<size>({label.substr(0, kLongestLabel), u":"});
+    return ComposedText<size>().Add(label.substr(0, kLongestLabel)).Add(u":").Units();
 }
 
 }  // namespace
@@ -161,12 +161,13 @@ void harmonicDiagramScrnClass::ShowFigures(const HarmonicDisplay& spectrum) {
     const std::u16string_view magnitude = text(HarmonicText::Fourth);
     const std::u16string_view share = text(HarmonicText::FourthInParentheses);
     const bool hasMagnitude = !magnitude.empty() || !share.empty();
-    show(kDistortion, Joined<kValueSize>({text(HarmonicText::First)}));
-    show(kEvenDistortion, Joined<kValueSize>({text(HarmonicText::Second)}));
-    show(kOddDistortion, Joined<kValueSize>({text(HarmonicText::Third)}));
-    show(kOrder, NumberText<kValueSize>(m_selected + 1));
-    show(kMagnitude, hasMagnitude ? Joined<kValueSize>({magnitude, u" (", share, u")"}) : Joined<kValueSize>({}));
-    show(kAngle, Joined<kValueSize>({text(HarmonicText::Fifth)}));
+    show(kDistortion, ComposedText<kValueSize>().Add(text(HarmonicText::First)).Units());
+    show(kEvenDistortion, ComposedText<kValueSize>().Add(text(HarmonicText::Second)).Units());
+    show(kOddDistortion, ComposedText<kValueSize>().Add(text(HarmonicText::Third)).Units());
+    show(kOrder, ComposedText<kValueSize>().AddNumber(static_cast<std::uint32_t>(m_selected + 1)).Units());
+    show(kMagnitude, hasMagnitude ? ComposedText<kValueSize>().Add(magnitude).Add(u" (").Add(share).Add(u")").Units()
+                                  : ComposedText<kValueSize>().Units());
+    show(kAngle, ComposedText<kValueSize>().Add(text(HarmonicText::Fifth)).Units());
 }
 
 void harmonicDiagramScrnClass::SoftKey2Action() {
