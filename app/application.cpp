@@ -10,6 +10,8 @@
 #include "navigation/meter_access.h"
 #include "navigation/navigation_handler.h"
 #include "rda/command_server.h"
+#include "screens/alarms/alarm_screens.h"
+#include "screens/events/event_screens.h"
 #include "screens/parameters/custom_screen.h"
 #include "screens/parameters/parameter_screen.h"
 
@@ -35,6 +37,9 @@ constexpr DisplayCommands kCommands = {
 using ScreenCreator = void (*)();
 constexpr auto kScreenCreators = std::to_array<ScreenCreator>({
     CreateParameterScreens,
+    CreateActiveAlarmScreens,
+    CreateHistoricalAlarmScreens,
+    CreateEventScreens,
     CreateCustomScreens,
 });
 

@@ -3,6 +3,8 @@
 #include <cstdlib>
 #include <new>
 
+#include "screens/alarms/alarm_screens.h"
+#include "screens/events/event_screens.h"
 #include "screens/parameters/custom_screen.h"
 #include "screens/parameters/parameter_screen.h"
 #include "tests/bench/panel_bench.h"
@@ -21,6 +23,9 @@ class Allocations : public PanelBench {};
 
 TEST_F(Allocations, NeverHappenWhileAScreenIsRefreshed) {
     CreateParameterScreens();
+    CreateActiveAlarmScreens();
+    CreateHistoricalAlarmScreens();
+    CreateEventScreens();
     CreateCustomScreens();
     for (const ScreenInfoRow& row : kScreenInfoRows) {
         if (Navigation().getScreenKind(row.screen) != SCREEN_KIND_DATA) continue;

@@ -1,0 +1,306 @@
+#include "screens/alarms/alarm_screens.h"
+
+#include <cstring>
+
+#include "localization/display_config.h"
+#include "screens/parameters/custom_screen.h"
+#include "tests/bench/panel_bench.h"
+
+namespace {
+
+template <std::size_t size>
+void Write(std::array<char, size>& field, std::string_view text) {
+    field.fill(0);
+    std::copy_n(text.begin(), std::min(text.size(), size), field.begin());
+}
+
+AlarmEntry Alarm(std::string_view name, unsigned priority, std::uint32_t seconds = 0, bool ended = false) {
+    AlarmEntry entry{};
+    Write(entry.name, name);
+    Write(entry.qualifier, "High");
+    Write(entry.startDate, "2025-06-15");
+    Write(entry.startTime, "17:06:40.123");
+    Write(entry.endDate, "2025-06-16");
+    Write(entry.endTime, "18:07:41");
+    Write(entry.value, "251.3 V");
+    entry.hasEnded.Set(ended ? 1 : 0);
+    entry.priority.Set(static_cast<std::uint16_t>(priority));
+    entry.startSeconds.Set(0xFFFFFF00);
+    entry.endSeconds.Set(std::uint64_t{0xFFFFFF00} + seconds);
+    return entry;
+}
+
+/// A meter with the alarms that the test puts into `alarms`, for both lists. They are called by their index.
+class AlarmScreens : public PanelBench {
+protected:
+    AlarmScreens() {
+        for (const std::string_view kind : {"Active", "Historical"}) {
+            const std::string get = "ALARMSINTERFACE_get" + std::string(kind);
+            meter().AnswerBy(get + "AlarmStats", [this](auto, auto response) {
+                AlarmStats stats{};
+                stats.count.Set(static_cast<std::uint32_t>(alarms.size()));
+                stats.unacknowledged.Set(unacknowledged);
+                std::memcpy(response.data(), &stats, sizeof stats);
+                return true;
+            });
+            meter().AnswerBy(get + "Alarms", [this](auto payload, auto response) {
+                std::array<std::uint32_t, 2> range;
+                std::memcpy(range.data(), payload.data(), sizeof range);
+                asked = range;
+                for (std::uint32_t i = 0; i < range[1] && range[0] + i < alarms.size(); ++i) {
+                    std::memcpy(response.data() + i * sizeof(AlarmEntry), &alarms[range[0] + i], sizeof(AlarmEntry));
+                }
+                return true;
+            });
+        }
+        CreateCustomScreens();  // the screen to start from is among them
+        CreateActiveAlarmScreens();
+        CreateHistoricalAlarmScreens();
+    }
+    void Fill(std::size_t count) {
+        alarms.clear();
+        for (std::size_t i = 0; i < count; ++i) {
+            alarms.push_back(Alarm("Overvoltage L" + std::to_string(i), static_cast<unsigned>(i % 5), 60, i % 2 != 0));
+        }
+    }
+    void Repeat(KeyCode key, int times) {
+        for (int i = 0; i < times; ++i) Press(key);
+    }
+    std::int32_t Shown() const { return Navigation().getCurrentScreenId(); }
+
+    std::vector<AlarmEntry> alarms;
+    std::uint32_t unacknowledged = 0;
+    std::array<std::uint32_t, 2> asked{};  // first and count of the last page
+};
+
+using Range = std::array<std::uint32_t, 2>;
+
+TEST_F(AlarmScreens, ListActiveAlarmsAsTheyShould) {
+    Show(7);
+    EXPECT_TRUE(PanelShows("alarms/active_empty"));
+    Fill(2);
+    unacknowledged = 2;
+    Ticks(21);
+    EXPECT_TRUE(PanelShows("alarms/active_two"));
+    Fill(10);
+    Ticks(21);
+    EXPECT_TRUE(PanelShows("alarms/active_ten"));
+    Press(KEY_SOFT_3);
+    EXPECT_TRUE(PanelShows("alarms/active_second_selected"));
+}
+
+TEST_F(AlarmScreens, ScrollWhenTheSelectionIsAtTheEndOfThePage) {
+    Fill(10);
+    Show(7);
+    Repeat(KEY_SOFT_3, 3);
+    EXPECT_EQ(asked, (Range{0, 4})) << "the selection moves first";
+    Repeat(KEY_SOFT_3, 6);
+    EXPECT_EQ(asked, (Range{6, 4}));
+    EXPECT_TRUE(PanelShows("alarms/active_at_the_bottom"));
+    meter().ForgetCalls();
+    Press(KEY_SOFT_3);
+    EXPECT_EQ(meter().Calls("ALARMSINTERFACE_getActiveAlarms"), 0) << "there is nothing further down";
+    Repeat(KEY_SOFT_2, 3);
+    EXPECT_EQ(meter().Calls("ALARMSINTERFACE_getActiveAlarms"), 0);
+    Press(KEY_SOFT_2);
+    EXPECT_EQ(asked, (Range{5, 4}));
+    Repeat(KEY_SOFT_2, 20);
+    EXPECT_EQ(asked, (Range{0, 4}));
+}
+
+TEST_F(AlarmScreens, FitExactlyFour) {
+    Fill(4);
+    Show(7);
+    Repeat(KEY_SOFT_3, 5);
+    EXPECT_EQ(asked, (Range{0, 4}));
+    EXPECT_TRUE(PanelShows("alarms/active_four"));
+}
+
+TEST_F(AlarmScreens, KeepThePageFullWhenTheListBecomesShorter) {
+    Fill(10);
+    Show(7);
+    Repeat(KEY_SOFT_3, 9);
+    Fill(7);
+    Ticks(21);
+    EXPECT_EQ(asked, (Range{3, 4}));
+    Fill(2);
+    Ticks(20);
+    EXPECT_EQ(asked, (Range{0, 2}));
+    Press(KEY_SOFT_4);
+    EXPECT_TRUE(PanelShows("alarms/detail_of_the_last_of_two")) << "the selection has moved up to what is there";
+}
+
+TEST_F(AlarmScreens, KeepTheScrollPositionWhileTheyAreAway) {
+    Fill(10);
+    Show(7);
+    Repeat(KEY_SOFT_3, 5);
+    Show(9);
+    EXPECT_EQ(asked, (Range{0, 4})) << "each list has a position of its own";
+    Show(7);
+    EXPECT_EQ(asked, (Range{2, 4}));
+    Ticks(3 * kTicksPerSecond);
+    EXPECT_EQ(asked, (Range{2, 4}));
+}
+
+TEST_F(AlarmScreens, AreEmptyAfterAFailedCallAndRecover) {
+    Fill(10);
+    unacknowledged = 3;
+    for (const char* operation : {"ALARMSINTERFACE_getActiveAlarmStats", "ALARMSINTERFACE_getActiveAlarms"}) {
+        Show(7);
+        meter().Fail(operation);
+        Ticks(21);
+        EXPECT_TRUE(PanelShows("alarms/active_empty")) << operation;
+        Press(KEY_SOFT_4);
+        EXPECT_EQ(Shown(), 7) << "nothing is selected";
+        meter().Recover();
+        Ticks(20);
+        Press(KEY_SOFT_4);
+        EXPECT_EQ(Shown(), 8) << "the next refresh recovers";
+    }
+}
+
+TEST_F(AlarmScreens, AcknowledgeTheAlarmsOfTheirKind) {
+    for (const auto& [screen, operation, other] :
+         {std::tuple{7, "ALARMSINTERFACE_ackActiveAlarms", "ALARMSINTERFACE_ackHistoricalAlarms"},
+          {9, "ALARMSINTERFACE_ackHistoricalAlarms", "ALARMSINTERFACE_ackActiveAlarms"}}) {
+        Show(screen);
+        meter().ForgetCalls();
+        Press(KEY_SOFT_2_3);
+        EXPECT_EQ(meter().Calls(operation), 1);
+        EXPECT_EQ(meter().Calls(other), 0);
+    }
+}
+
+TEST_F(AlarmScreens, DrawNothingWhenNothingHasChanged) {
+    Fill(10);
+    Show(7);
+    Ticks(1);
+    Screen().flushes = 0;
+    Ticks(20);
+    EXPECT_EQ(Screen().flushes, 0);
+}
+
+TEST_F(AlarmScreens, ShowOneAlarmInFullAndReturn) {
+    Fill(10);
+    Show(7);
+    Press(KEY_SOFT_4);
+    EXPECT_EQ(Shown(), 8);
+    EXPECT_TRUE(PanelShows("alarms/detail_active"));
+    meter().FallSilent();
+    Ticks(41);
+    alarms.clear();
+    EXPECT_EQ(meter().Calls("ALARMSINTERFACE_getActiveAlarms"), 1) << "a detail screen asks for nothing";
+    Press(KEY_SOFT_1);
+    EXPECT_EQ(Shown(), 7);
+    meter().Recover();
+
+    Fill(10);
+    Show(9);
+    EXPECT_TRUE(PanelShows("alarms/past_ten"));
+    Repeat(KEY_SOFT_3, 3);
+    Press(KEY_SOFT_4);
+    EXPECT_EQ(Shown(), 10);
+    EXPECT_TRUE(PanelShows("alarms/detail_past"));
+    Press(KEY_SOFT_1);
+    EXPECT_EQ(Shown(), 9);
+}
+
+TEST_F(AlarmScreens, CountDurationsInDaysAndWrapAround) {
+    for (const auto& [seconds, name] : {std::pair{65597U, "18_13_17"},
+                                        {86399U, "just_below_a_day"},
+                                        {86400U, "a_day"},
+                                        {90061U, "a_day_and_more"},
+                                        {0U - 1U, "a_second_less_than_nothing"},
+                                        {0U - 90061U, "a_day_less_than_nothing"}}) {
+        alarms = {Alarm("Overvoltage L1", 3, seconds, true)};
+        Show(9);
+        Press(KEY_SOFT_4);
+        EXPECT_TRUE(PanelShows(std::string("alarms/duration_") + name));
+    }
+}
+
+TEST_F(AlarmScreens, CutTextsWithoutEnd) {
+    AlarmEntry endless = Alarm("", 0xFFFF, 0xFFFFFFFF, true);
+    endless.name.fill('W');
+    endless.qualifier.fill('W');
+    endless.startDate.fill('8');
+    endless.startTime.fill('8');
+    endless.endDate.fill('8');
+    endless.endTime.fill('8');
+    endless.value.fill('8');
+    alarms.assign(500, endless);
+    unacknowledged = 0xFFFFFFFF;
+    for (const std::int32_t screen : {7, 9}) {
+        Show(screen);
+        EXPECT_TRUE(PanelShows("alarms/endless_texts_" + std::to_string(screen)));
+        Press(KEY_SOFT_4);
+        EXPECT_TRUE(PanelShows("alarms/endless_texts_" + std::to_string(screen + 1)));
+    }
+}
+
+TEST_F(AlarmScreens, StandUpToCountsThatMakeNoSense) {
+    AlarmStats stats{};
+    stats.count.Set(0xFFFFFFFF);
+    meter().Answer("ALARMSINTERFACE_getActiveAlarmStats", stats);
+    Show(7);
+    Repeat(KEY_SOFT_3, 5);
+    EXPECT_EQ(asked, (Range{2, 4}));
+    EXPECT_TRUE(PanelShows("alarms/active_without_number"));
+}
+
+TEST_F(AlarmScreens, FollowTheLanguage) {
+    alarms = {Alarm("Overvoltage L1", 3, 90061, true), Alarm("Voltage sag L2", 2)};
+    unacknowledged = 500;
+    Show(9);
+    DISPCFG_setLanguage(1);
+    Ticks(41);
+    EXPECT_TRUE(PanelShows("alarms/past_german"));
+    Press(KEY_SOFT_4);
+    EXPECT_TRUE(PanelShows("alarms/detail_past_german"));
+    Press(KEY_SOFT_1);
+    DISPCFG_setLanguage(5);
+    Ticks(41);
+    EXPECT_TRUE(PanelShows("alarms/past_russian"));
+    Press(KEY_SOFT_4);
+    EXPECT_TRUE(PanelShows("alarms/detail_past_russian"));
+}
+
+TEST_F(AlarmScreens, ListAFloodOfTheMetersOwn) {
+    for (const char* call : {"Active", "Historical"}) {
+        const std::string get = "ALARMSINTERFACE_get" + std::string(call);
+        for (const char* part : {"AlarmStats", "Alarms"}) {
+            meter().AnswerBy(get + part, [name = get + part](auto payload, auto response) {
+                return ScriptedMeter::Instance().Model().Answer(name, payload, response);
+            });
+        }
+    }
+    meter().Model().Play(*meter::FindScenario("500-alarms"));
+    Show(7);
+    Repeat(KEY_SOFT_3, 100);
+    EXPECT_TRUE(PanelShows("alarms/active_flood"));
+    Press(KEY_SOFT_2_3);
+    Ticks(20);
+    EXPECT_TRUE(PanelShows("alarms/active_flood_acknowledged"));
+}
+
+TEST_F(AlarmScreens, AreOnlyCreatedForTheirOwnNumbers) {
+    testing::internal::CaptureStdout();
+    EXPECT_EQ(CreateActiveAlarmList(100), nullptr);
+    EXPECT_EQ(CreateHistoricalAlarmList(100), nullptr);
+    EXPECT_EQ(CreateAlarmDetail(100), nullptr);
+    EXPECT_EQ(CreateAlarmDetail(7), nullptr);
+    almActiveListScrnClass* list = CreateActiveAlarmList(7);
+    ASSERT_NE(list, nullptr);
+    Fill(1);
+    Show(7);
+    Press(KEY_SOFT_4);
+    EXPECT_EQ(Shown(), 7);
+    EXPECT_EQ(testing::internal::GetCapturedStdout(),
+              "\nFailed to add active alarm list screen\n"
+              "\nFailed to add active alarm list screen\n"
+              "\nFailed to add alarm detail screen\n"
+              "\nInvalid detail screen ID\n"
+              "No detail screen has been associated to the current screen.");
+}
+
+}  // namespace

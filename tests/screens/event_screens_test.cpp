@@ -1,0 +1,275 @@
+#include "screens/events/event_screens.h"
+
+#include <cstring>
+#include <deque>
+
+#include "localization/display_config.h"
+#include "rda/records/identity.h"
+#include "screens/parameters/custom_screen.h"
+#include "tests/bench/panel_bench.h"
+
+namespace {
+
+template <std::size_t size>
+void Write(std::array<char, size>& field, std::string_view text) {
+    field.fill(0);
+    std::copy_n(text.begin(), std::min(text.size(), size), field.begin());
+}
+
+EventLogEntry Event(std::string_view source, std::string_view description = "Setting changed",
+                    std::string_view date = "2025-06-15", std::string_view time = "17:06:40") {
+    EventLogEntry entry{};
+    Write(entry.date, date);
+    Write(entry.time, time);
+    Write(entry.source, source);
+    Write(entry.description, description);
+    return entry;
+}
+
+/// A meter whose log holds what the test puts into `log`, newest first.
+class EventScreens : public PanelBench {
+protected:
+    EventScreens() {
+        meter().AnswerBy("EVLIF_getEventLogEntryCount", [this](auto, auto response) {
+            const auto count = static_cast<std::uint32_t>(log.size());
+            std::memcpy(response.data(), &count, sizeof count);
+            return true;
+        });
+        meter().AnswerBy("EVLIF_getEventLogData", [this](auto payload, auto response) {
+            std::memcpy(asked.data(), payload.data(), sizeof asked);
+            for (std::uint32_t i = 0; i < asked[1] && asked[0] + i < log.size(); ++i) {
+                std::memcpy(response.data() + i * sizeof(EventLogEntry), &log[asked[0] + i], sizeof(EventLogEntry));
+            }
+            return true;
+        });
+        CreateCustomScreens();  // the screen to start from is among them
+        CreateEventScreens();
+    }
+    void Log(int count) {
+        for (int i = 0; i < count; ++i) log.push_front(Event("Event " + std::to_string(++logged)));
+    }
+    void Repeat(KeyCode key, int times) {
+        for (int i = 0; i < times; ++i) Press(key);
+    }
+    std::int32_t Shown() const { return Navigation().getCurrentScreenId(); }
+
+    std::deque<EventLogEntry> log;
+    int logged = 0;
+    std::array<std::uint32_t, 2> asked{};  // first and count of the last page
+};
+
+using Range = std::array<std::uint32_t, 2>;
+
+TEST_F(EventScreens, ListTheLogAsTheyShould) {
+    Show(69);
+    EXPECT_TRUE(PanelShows("events/empty"));
+    Press(KEY_SOFT_4);
+    EXPECT_EQ(Shown(), 69) << "there is no event to show";
+    Log(2);
+    Ticks(21);
+    EXPECT_TRUE(PanelShows("events/two"));
+    Log(8);
+    Ticks(20);
+    EXPECT_TRUE(PanelShows("events/ten"));
+    Repeat(KEY_SOFT_3, 9);
+    EXPECT_EQ(asked, (Range{6, 4}));
+    EXPECT_TRUE(PanelShows("events/at_the_bottom"));
+    meter().ForgetCalls();
+    Press(KEY_SOFT_3);
+    EXPECT_EQ(meter().Calls("EVLIF_getEventLogData"), 0);
+    Repeat(KEY_SOFT_2, 4);
+    EXPECT_EQ(asked, (Range{5, 4}));
+}
+
+TEST_F(EventScreens, FollowNewEventsAtTheTopAndHoldStillFurtherDown) {
+    Log(10);
+    Show(69);
+    Log(1);
+    Ticks(21);
+    EXPECT_EQ(asked, (Range{0, 4}));
+    Repeat(KEY_SOFT_3, 5);
+    EXPECT_EQ(asked, (Range{2, 4}));
+    ASSERT_TRUE(PanelShows("events/scrolled_two_down"));
+    Log(1);
+    Ticks(20);
+    EXPECT_EQ(asked, (Range{3, 4}));
+    Log(200);
+    Ticks(20);
+    EXPECT_EQ(asked, (Range{203, 4}));
+    log.resize(50);
+    Ticks(20);
+    EXPECT_EQ(asked, (Range{46, 4})) << "the page stays full";
+}
+
+TEST_F(EventScreens, ForgetRowsThatTheLogHasLost) {
+    Log(4);
+    Show(69);
+    log.clear();
+    logged = 0;
+    Log(2);
+    Ticks(21);
+    EXPECT_TRUE(PanelShows("events/two"));
+}
+
+TEST_F(EventScreens, LeadWithTheDescriptionOfWhatThePanelOrTheFactoryLogged) {
+    meter().Answer("EVLIF_getFrontPanelModuleName", std::to_array("Front panel"));
+    meter().Answer("EVLIF_getFactoryModuleName", std::to_array("Factory"));
+    log = {Event("Front panel", "Language: German"), Event("Factory", "Calibrated"), Event("Meter", "Power up"),
+           Event("Front panels", "Another")};
+    Show(69);
+    EXPECT_TRUE(PanelShows("events/modules"));
+    meter().Fail("EVLIF_getFactoryModuleName");
+    Ticks(21);
+    EXPECT_TRUE(PanelShows("events/modules_without_factory"));
+    EXPECT_EQ(meter().LastArgument("EVLIF_getFrontPanelModuleName"), 40U);
+}
+
+TEST_F(EventScreens, LeaveOutAnInstantWithoutEnd) {
+    log = {Event("Time of 12", "x", "2025-06-15", "05:06:40 PM!"), Event("Date of 11", "x", "2025-06-15!"),
+           Event("Time of 11", "x", "2025-06-15", "05:06:40 PM"), Event("No time", "x", "2025-06-15", "")};
+    Show(69);
+    EXPECT_TRUE(PanelShows("events/instants"));
+}
+
+TEST_F(EventScreens, CutTextsWithoutEnd) {
+    EventLogEntry endless{};
+    endless.date.fill('8');
+    endless.time.fill('8');
+    endless.source.fill('W');
+    endless.description.fill('w');
+    log.assign(500, endless);
+    Show(69);
+    EXPECT_TRUE(PanelShows("events/endless_texts"));
+    Press(KEY_SOFT_4);
+    EXPECT_TRUE(PanelShows("events/endless_texts_detail"));
+}
+
+TEST_F(EventScreens, AreEmptyAfterAFailedCallAndRecover) {
+    Log(10);
+    for (const char* operation : {"EVLIF_getEventLogEntryCount", "EVLIF_getEventLogData"}) {
+        Show(69);
+        meter().Fail(operation);
+        Ticks(21);
+        EXPECT_TRUE(PanelShows("events/empty")) << operation;
+        meter().Recover();
+        Ticks(20);
+        EXPECT_TRUE(PanelShows("events/ten")) << operation;
+        Press(KEY_SOFT_4);
+        EXPECT_TRUE(PanelShows("events/detail_newest")) << operation;
+        meter().Fail(operation);
+        Press(KEY_SOFT_3);
+        EXPECT_TRUE(PanelShows("events/detail_empty")) << operation;
+        meter().Recover();
+        Ticks(20);
+        EXPECT_TRUE(PanelShows("events/detail_newest")) << operation;
+        Press(KEY_SOFT_1);
+    }
+}
+
+TEST_F(EventScreens, StepThroughTheLogAndReturnToTheEventOnView) {
+    Log(20);
+    Show(69);
+    Repeat(KEY_SOFT_3, 6);
+    Press(KEY_SOFT_2);
+    EXPECT_EQ(asked, (Range{3, 4}));
+    Press(KEY_SOFT_4);
+    EXPECT_EQ(Shown(), 70);
+    EXPECT_EQ(asked, (Range{5, 1}));
+    Repeat(KEY_SOFT_3, 3);
+    EXPECT_EQ(asked, (Range{8, 1}));
+    Ticks(41);
+    EXPECT_EQ(asked, (Range{8, 1}));
+    EXPECT_TRUE(PanelShows("events/detail_between"));
+    Press(KEY_SOFT_1);
+    EXPECT_EQ(Shown(), 69);
+    EXPECT_EQ(asked, (Range{8, 4}));
+    EXPECT_TRUE(PanelShows("events/returned"));
+    Ticks(41);
+    EXPECT_EQ(asked, (Range{8, 4})) << "once is enough";
+    Press(KEY_SOFT_4);
+    EXPECT_EQ(asked, (Range{8, 1})) << "the event last viewed is selected";
+    Repeat(KEY_SOFT_3, 30);
+    EXPECT_EQ(asked, (Range{19, 1}));
+    EXPECT_TRUE(PanelShows("events/detail_oldest"));
+    Press(KEY_SOFT_1);
+    EXPECT_EQ(asked, (Range{16, 4}));
+    Press(KEY_SOFT_4);
+    EXPECT_EQ(asked, (Range{19, 1}));
+    Repeat(KEY_SOFT_2, 30);
+    EXPECT_EQ(asked, (Range{0, 1}));
+}
+
+TEST_F(EventScreens, ReturnFromTheTopOfTheLog) {
+    Log(20);
+    Show(69);
+    Press(KEY_SOFT_4);
+    Repeat(KEY_SOFT_3, 3);
+    Press(KEY_SOFT_1);
+    EXPECT_EQ(asked, (Range{0, 4})) << "the event is on the page at the top";
+    EXPECT_TRUE(PanelShows("events/returned_to_the_top"));
+    Press(KEY_SOFT_4);
+    EXPECT_EQ(asked, (Range{3, 1}));
+    Repeat(KEY_SOFT_3, 3);
+    Press(KEY_SOFT_1);
+    EXPECT_EQ(asked, (Range{6, 4}));
+}
+
+TEST_F(EventScreens, ReturnToTheEventWhenTheMeterAnswersAgain) {
+    Log(20);
+    Show(69);
+    Press(KEY_SOFT_4);
+    Repeat(KEY_SOFT_3, 9);
+    meter().FallSilent();
+    Press(KEY_SOFT_1);
+    Ticks(41);
+    EXPECT_EQ(asked, (Range{9, 1}));
+    meter().Recover();
+    Ticks(20);
+    EXPECT_EQ(asked, (Range{9, 4}));
+}
+
+TEST_F(EventScreens, DrawNothingWhenNothingHasChanged) {
+    Log(10);
+    for (const std::int32_t screen : {69, 70}) {
+        Show(69);
+        if (screen == 70) Press(KEY_SOFT_4);
+        Ticks(1);
+        Screen().flushes = 0;
+        Ticks(20);
+        EXPECT_EQ(Screen().flushes, 0) << screen;
+    }
+}
+
+TEST_F(EventScreens, FollowTheLanguage) {
+    log = {Event("Overvoltage L1", "Alarm started"), Event("Meter", "Power up")};
+    Show(69);
+    DISPCFG_setLanguage(1);
+    Ticks(41);
+    EXPECT_TRUE(PanelShows("events/german"));
+    Press(KEY_SOFT_4);
+    EXPECT_TRUE(PanelShows("events/detail_german"));
+    Press(KEY_SOFT_1);
+    DISPCFG_setLanguage(5);
+    Ticks(41);
+    Press(KEY_SOFT_4);
+    EXPECT_TRUE(PanelShows("events/detail_russian"));
+}
+
+TEST_F(EventScreens, AreOnlyCreatedForTheirOwnNumbers) {
+    Log(1);
+    testing::internal::CaptureStdout();
+    EXPECT_EQ(CreateEventList(100), nullptr);
+    EXPECT_EQ(CreateEventDetail(100), nullptr);
+    EXPECT_NE(CreateEventList(69), nullptr);
+    Show(69);
+    Press(KEY_SOFT_4);
+    EXPECT_EQ(Shown(), 69);
+    EXPECT_NE(CreateEventDetail(70), nullptr);
+    EXPECT_EQ(testing::internal::GetCapturedStdout(),
+              "\nFailed to add active alarm list screen\n"
+              "\nFailed to add alarm detail screen\n"
+              "No detail screen has been associated to the current screen."
+              "!!!ERROR!!! eventDetails_listController_p is a static pointer and has already been initialized!!!!\n");
+}
+
+}  // namespace
