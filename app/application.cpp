@@ -12,6 +12,7 @@
 #include "rda/command_server.h"
 #include "screens/alarms/alarm_screens.h"
 #include "screens/events/event_screens.h"
+#include "screens/metrological/metrological_screen.h"
 #include "screens/parameters/custom_screen.h"
 #include "screens/parameters/parameter_screen.h"
 
@@ -40,6 +41,7 @@ constexpr auto kScreenCreators = std::to_array<ScreenCreator>({
     CreateActiveAlarmScreens,
     CreateHistoricalAlarmScreens,
     CreateEventScreens,
+    CreateMetrologicalScreens,
     CreateCustomScreens,
 });
 

@@ -5,6 +5,7 @@
 
 #include "screens/alarms/alarm_screens.h"
 #include "screens/events/event_screens.h"
+#include "screens/metrological/metrological_screen.h"
 #include "screens/parameters/custom_screen.h"
 #include "screens/parameters/parameter_screen.h"
 #include "tests/bench/panel_bench.h"
@@ -26,6 +27,7 @@ TEST_F(Allocations, NeverHappenWhileAScreenIsRefreshed) {
     CreateActiveAlarmScreens();
     CreateHistoricalAlarmScreens();
     CreateEventScreens();
+    CreateMetrologicalScreens();
     CreateCustomScreens();
     for (const ScreenInfoRow& row : kScreenInfoRows) {
         if (Navigation().getScreenKind(row.screen) != SCREEN_KIND_DATA) continue;
