@@ -13,6 +13,7 @@
 #include "screens/alarms/alarm_screens.h"
 #include "screens/events/event_screens.h"
 #include "screens/metrological/metrological_screen.h"
+#include "screens/nameplate/nameplate_screen.h"
 #include "screens/parameters/custom_screen.h"
 #include "screens/parameters/parameter_screen.h"
 
@@ -41,6 +42,7 @@ constexpr auto kScreenCreators = std::to_array<ScreenCreator>({
     CreateActiveAlarmScreens,
     CreateHistoricalAlarmScreens,
     CreateEventScreens,
+    CreateNameplateScreens,
     CreateMetrologicalScreens,
     CreateCustomScreens,
 });

@@ -6,6 +6,7 @@
 #include "screens/alarms/alarm_screens.h"
 #include "screens/events/event_screens.h"
 #include "screens/metrological/metrological_screen.h"
+#include "screens/nameplate/nameplate_screen.h"
 #include "screens/parameters/custom_screen.h"
 #include "screens/parameters/parameter_screen.h"
 #include "tests/bench/panel_bench.h"
@@ -27,6 +28,7 @@ TEST_F(Allocations, NeverHappenWhileAScreenIsRefreshed) {
     CreateActiveAlarmScreens();
     CreateHistoricalAlarmScreens();
     CreateEventScreens();
+    CreateNameplateScreens();
     CreateMetrologicalScreens();
     CreateCustomScreens();
     for (const ScreenInfoRow& row : kScreenInfoRows) {
