@@ -12,6 +12,7 @@
 #include "rda/command_server.h"
 #include "screens/alarms/alarm_screens.h"
 #include "screens/events/event_screens.h"
+#include "screens/io/io_screen.h"
 #include "screens/metrological/metrological_screen.h"
 #include "screens/nameplate/nameplate_screen.h"
 #include "screens/parameters/custom_screen.h"
@@ -45,6 +46,7 @@ constexpr auto kScreenCreators = std::to_array<ScreenCreator>({
     CreateNameplateScreens,
     CreateMetrologicalScreens,
     CreateCustomScreens,
+    CreateIoScreens,
 });
 
 int ReadSelection(std::uint32_t registerId, std::uint32_t& selected) {

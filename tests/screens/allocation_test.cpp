@@ -5,6 +5,7 @@
 
 #include "screens/alarms/alarm_screens.h"
 #include "screens/events/event_screens.h"
+#include "screens/io/io_screen.h"
 #include "screens/metrological/metrological_screen.h"
 #include "screens/nameplate/nameplate_screen.h"
 #include "screens/parameters/custom_screen.h"
@@ -31,6 +32,7 @@ TEST_F(Allocations, NeverHappenWhileAScreenIsRefreshed) {
     CreateNameplateScreens();
     CreateMetrologicalScreens();
     CreateCustomScreens();
+    CreateIoScreens();
     for (const ScreenInfoRow& row : kScreenInfoRows) {
         if (Navigation().getScreenKind(row.screen) != SCREEN_KIND_DATA) continue;
         Show(row.screen);
