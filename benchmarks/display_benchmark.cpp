@@ -23,7 +23,10 @@
 #include "peg/resources/resources.h"
 #include "platform/panel.h"
 #include "rda/records.h"
+#include "screens/extremes/minmax_bar_screen.h"
+#include "screens/harmonics/harmonic_screen.h"
 #include "screens/parameters/parameter_screen.h"
+#include "screens/phasor/phasor_screen.h"
 #include "tests/bench/scripted_meter.h"
 
 namespace {
@@ -72,6 +75,15 @@ public:
         PegResources::InstallResourceSet(*PegResources::GetResourceSet(0), false);
         localizationClass::load();
         CreateParameterScreens();
+        CreatePhasorScreen();
+        CreateMinMaxBarScreens();
+        AddHarmonics(31, 61);
+        AddHarmonics(63, 62);
+    }
+    static void AddHarmonics(std::uint32_t count, std::int32_t screen) {
+        ScriptedMeter::Instance().Answer("DISPLAYFEATURES_getNumHarmonicsDisplayed", count);
+        navigationHandlerClass::getInstance().addScreen(screen, *new harmonicDiagramScrnClass(screen),
+                                                        SCREEN_KIND_DATA);
     }
     static void Pump() {
         PegMessage message;
@@ -125,15 +137,17 @@ void TwoLinesAt40Pixels(benchmark::State& state) { CompareText(state, 4.0, u"123
 constexpr std::int32_t kFourRows = 25;
 constexpr std::int32_t kOtherFourRows = 41;
 
-PegThing& ShowFourRows() {
+PegThing& ShowScreen(std::int32_t screen) {
     ThePanel();
     navigationHandlerClass& navigation = navigationHandlerClass::getInstance();
     navigation.addScreen(200, *new PegWindow(kPanel), SCREEN_KIND_DATA);
-    toolkit.manager->AddChild(*navigation.getCurrentScreen());
-    navigation.navigateFromCurrent(kFourRows);
+    if (toolkit.manager->FirstChild() == nullptr) toolkit.manager->AddChild(*navigation.getCurrentScreen());
+    navigation.navigateFromCurrent(screen);
     Panel::Pump();
     return *navigation.getCurrentScreen();
 }
+
+PegThing& ShowFourRows() { return ShowScreen(kFourRows); }
 
 void ParameterPageRedrawnWhole(benchmark::State& state) {
     PegThing& screen = ShowFourRows();
@@ -182,6 +196,69 @@ void FromOnePageToAnother(benchmark::State& state) {
         },
         CopyFrame);
     ScriptedMeter::Instance().ForgetCalls();
+}
+
+void CompareRedraw(benchmark::State& state, double goal, std::int32_t shown) {
+    PegThing& screen = ShowScreen(shown);
+    bench::Compare(
+        state, goal, 20,
+        [&] {
+            screen.Invalidate();
+            Panel::Pump();
+        },
+        CopyFrame);
+}
+
+/// A refresh whose answers differ from those of the one before: the meter's own, an hour apart.
+void CompareRefresh(benchmark::State& state, double goal, std::int32_t shown, std::string_view operation,
+                    std::size_t answerBytes) {
+    PegThing& screen = ShowScreen(shown);
+    ScriptedMeter& meter = ScriptedMeter::Instance();
+    const ScriptedMeter::Bytes payload = meter.LastPayload(operation);
+    std::array<ScriptedMeter::Bytes, 2> answers;
+    for (ScriptedMeter::Bytes& answer : answers) {
+        answer.resize(answerBytes);
+        meter.Model().Advance(3'600'000);
+        if (!meter.Call(operation, payload, answer)) std::abort();
+    }
+    meter.AnswerBy(operation,
+                   [answers, second = false](std::span<const std::byte>, std::span<std::byte> response) mutable {
+                       second = !second;
+                       std::memcpy(response.data(), answers[second ? 1 : 0].data(), response.size());
+                       return true;
+                   });
+    PegMessage refresh;
+    refresh.type = MSG_TIMER;
+    bench::Compare(
+        state, goal, 20,
+        [&] {
+            screen.Message(refresh);
+            Panel::Pump();
+        },
+        CopyFrame);
+    meter.ForgetCalls();
+}
+
+constexpr std::int32_t kPhasors = 68;
+constexpr std::int32_t kHarmonics31 = 61;
+constexpr std::int32_t kHarmonics63 = 62;
+constexpr std::int32_t kThreeBars = 17;
+
+void PhasorsRedrawnWhole(benchmark::State& state) { CompareRedraw(state, 15, kPhasors); }
+void PhasorsRefreshed(benchmark::State& state) {
+    CompareRefresh(state, 9, kPhasors, "PQINTERFACE_getPhasorData", 10 * sizeof(PhasorEntry));
+}
+void Harmonics31RedrawnWhole(benchmark::State& state) { CompareRedraw(state, 13, kHarmonics31); }
+void Harmonics31Refreshed(benchmark::State& state) {
+    CompareRefresh(state, 5, kHarmonics31, "PQINTERFACE_getHarmonicData", sizeof(HarmonicData));
+}
+void Harmonics63RedrawnWhole(benchmark::State& state) { CompareRedraw(state, 13, kHarmonics63); }
+void Harmonics63Refreshed(benchmark::State& state) {
+    CompareRefresh(state, 5, kHarmonics63, "PQINTERFACE_getHarmonicData", sizeof(HarmonicData));
+}
+void ThreeBarsRedrawnWhole(benchmark::State& state) { CompareRedraw(state, 13, kThreeBars); }
+void ThreeBarsRefreshed(benchmark::State& state) {
+    CompareRefresh(state, 5, kThreeBars, "PQINTERFACE_getMinMaxBarData", sizeof(MinMaxBarData));
 }
 
 void DeviceWrite(benchmark::State& state) {
@@ -250,6 +327,14 @@ BENCHMARK(TwoLinesAt40Pixels)->Apply(bench::Rounds);
 BENCHMARK(ParameterPageRedrawnWhole)->Apply(bench::Rounds);
 BENCHMARK(ParameterPageWithFourChangedValues)->Apply(bench::Rounds);
 BENCHMARK(FromOnePageToAnother)->Apply(bench::Rounds);
+BENCHMARK(PhasorsRedrawnWhole)->Apply(bench::Rounds);
+BENCHMARK(PhasorsRefreshed)->Apply(bench::Rounds);
+BENCHMARK(Harmonics31RedrawnWhole)->Apply(bench::Rounds);
+BENCHMARK(Harmonics31Refreshed)->Apply(bench::Rounds);
+BENCHMARK(Harmonics63RedrawnWhole)->Apply(bench::Rounds);
+BENCHMARK(Harmonics63Refreshed)->Apply(bench::Rounds);
+BENCHMARK(ThreeBarsRedrawnWhole)->Apply(bench::Rounds);
+BENCHMARK(ThreeBarsRefreshed)->Apply(bench::Rounds);
 BENCHMARK(DeviceWrite)->Apply(bench::Rounds);
 BENCHMARK(LoadBothFiles)->Apply(bench::Rounds);
 

@@ -4,7 +4,7 @@
 #include "navigation/geometry.h"
 #include "screens/alarms/alarm_detail_screen.h"
 #include "screens/base/font_for_size.h"
-#include "screens/lists/line_place.h"
+#include "screens/base/line_place.h"
 
 namespace {
 
@@ -19,6 +19,7 @@ constexpr std::uint32_t kEndedIcon = 241;
 constexpr int kIconGap = 3;
 constexpr int kIconRoom = 20;  // the width of a priority icon
 constexpr int kTextIndent = 4;
+constexpr int kTextWidth = kList.Width() - 2 * (kIconGap + kIconRoom + kTextIndent);  // between the icons
 
 constexpr std::uint32_t kHeadingFont = FontForSize(12, kPanelHeight);
 constexpr std::uint32_t kHeadingColor = 0x57;
@@ -114,6 +115,7 @@ void almActiveListScrnClass::ShowRow(std::uint32_t row) {
     if (row < m_page.total) {
         const AlarmRow& alarm = m_page.rows[row];
         text.Add(TextIn(alarm.startDate)).Add(u"  ").Add(TextIn(alarm.name));
+        text.FitInto(kTextWidth, Row(row).Font());
         priorityIcon = PriorityIcon(alarm.priority);
         if (alarm.hasEnded != 0) endedIcon = kEndedIcon;
     }

@@ -3,6 +3,7 @@
 #include "localization/localization.h"
 #include "navigation/navigation_handler.h"
 #include "screens/base/font_for_size.h"
+#include "screens/base/show_text.h"
 
 namespace {
 
@@ -130,11 +131,10 @@ void ioScrnClass::ShowHeadings() {
 
 void ioScrnClass::ShowCell(std::size_t row, std::size_t column, std::string_view text) {
     constexpr std::size_t kLongestLabel = 40;  // with its end
-    std::array<char16_t, 45> translated{};
+    CellText translated{};
     const std::span room(translated);
     displayClass::getInstance().translateInto(text, column == 0 ? room.first(kLongestLabel) : room);
-    m_texts[row][column].Show(m_table.cell(kFirstPointRow + static_cast<int>(row), Number(column)),
-                              ComposedText<45>().Add(TextIn(translated)));
+    ShowText(m_table.cell(kFirstPointRow + static_cast<int>(row), Number(column)), m_texts[row][column], translated);
 }
 
 void ioScrnClass::ShowNoData() {

@@ -7,7 +7,6 @@
 #include "peg/widgets/prompt.h"
 #include "screens/base/data_screen.h"
 #include "screens/io/io_table.h"
-#include "screens/lists/shown_text.h"
 
 /// Shows the meter's input or output points as a table of four a page; soft keys 2 and 3 turn the pages.
 ///
@@ -24,7 +23,7 @@ public:
 
 private:
     static constexpr std::size_t kPageSize = 4;
-    using CellText = ShownText<45>;
+    using CellText = std::array<char16_t, 45>;
 
     enum class PageCommand { Previous, Same, Next };
 
@@ -42,7 +41,7 @@ private:
     bool m_atFirst = true;
     bool m_atLast = true;
     std::array<IoPointEntry, kPageSize> m_points{};
-    std::array<std::array<CellText, kIoColumns>, kPageSize> m_texts;
+    std::array<std::array<CellText, kIoColumns>, kPageSize> m_texts{};
     tableRowClass& m_table;
     PegHolder<PegPrompt> m_noData;
 };

@@ -40,6 +40,11 @@ public:
         return Add(std::string_view(digits.data(), end));
     }
 
+    /// Leaves out the end of a text that is wider than `width` pixels.
+    void FitInto(int width, const PegFont* font) {
+        while (m_length > 0 && WidthOf({m_text.data(), m_length}, font) > width) m_text[--m_length] = u'\0';
+    }
+
     /// Terminated.
     const char16_t* Text() const { return m_text.data(); }
 

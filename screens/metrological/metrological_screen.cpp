@@ -6,7 +6,8 @@
 #include "navigation/meter_access.h"
 #include "navigation/navigation_handler.h"
 #include "screens/base/font_for_size.h"
-#include "screens/lists/line_place.h"
+#include "screens/base/line_place.h"
+#include "screens/base/show_text.h"
 
 namespace {
 
@@ -47,8 +48,8 @@ metrologicalScrn::Row::Row(PegThing& screen, int line)
 }
 
 void metrologicalScrn::Row::Show(const RegisterDisplay& display) {
-    m_shownValue.Show(m_value, ComposedText<45>().Add(TextIn(display.value)));
-    m_shownUnit.Show(m_unit, ComposedText<10>().Add(TextIn(display.unit)));
+    ShowText(m_value, m_shownValue, display.value);
+    ShowText(m_unit, m_shownUnit, display.unit);
 }
 
 metrologicalScrn::metrologicalScrn(const MetrologicalScreenRow& row)

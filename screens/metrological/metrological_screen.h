@@ -4,7 +4,6 @@
 
 #include "navigation/widgets/data_prompt.h"
 #include "screens/base/data_screen.h"
-#include "screens/lists/shown_text.h"
 #include "screens/metrological/metrological_table.h"
 
 struct RegisterDisplay;
@@ -29,8 +28,8 @@ private:
     private:
         dataPegPromptClass& m_value;
         dataPegPromptClass& m_unit;
-        ShownText<45> m_shownValue;
-        ShownText<10> m_shownUnit;
+        std::array<char16_t, 45> m_shownValue{};
+        std::array<char16_t, 10> m_shownUnit{};
     };
 
     const MetrologicalScreenRow& m_row;

@@ -58,11 +58,6 @@ const CustomScreenRow& RowOf(std::int32_t screenId) {
     return row != nullptr ? *row : kCustomScreenRows.back();
 }
 
-template <std::size_t... indexes>
-std::array<ParameterRow, kMostParameters> RowsWithoutFrame(std::index_sequence<indexes...>) {
-    return {(static_cast<void>(indexes), ParameterRow(OverflowFrame::Off))...};
-}
-
 RowTexts TextsOf(const RegisterValue& parameter) {
     displayClass& texts = displayClass::getInstance();
     RowTexts row;
@@ -88,7 +83,7 @@ int PeriodFrom(std::uint32_t registerId, int before) {
 custParamScrnClass::custParamScrnClass(std::int32_t screenId)
     : DSBC_dataScrnBaseClass(screenId),
       m_row(RowOf(screenId)),
-      m_rows(RowsWithoutFrame(std::make_index_sequence<kMostParameters>())),
+      m_rows(UnplacedRows(OverflowFrame::Off)),
       m_noData(NoDataPlace(), std::uint16_t{0}, kNoDataStyle, kNoDataLongest),
       m_customPeriod(kFirstLook),
       m_normalPeriod(kFirstLook) {

@@ -3,7 +3,7 @@
 #include <cstdint>
 #include <filesystem>
 
-#include "simulator/panel/descriptor.h"
+#include "simulator/descriptor.h"
 
 namespace panel {
 

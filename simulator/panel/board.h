@@ -10,7 +10,7 @@
 #include <thread>
 
 #include "simulator/panel/activity.h"
-#include "simulator/panel/descriptor.h"
+#include "simulator/descriptor.h"
 #include "simulator/panel/device_socket.h"
 #include "simulator/panel/devices.h"
 #include "simulator/panel/frame.h"

@@ -8,7 +8,7 @@
 #include <string>
 #include <vector>
 
-#include "simulator/panel/descriptor.h"
+#include "simulator/descriptor.h"
 
 namespace panel {
 

@@ -8,7 +8,7 @@
 #include <chrono>
 #include <nlohmann/json.hpp>
 
-#include "simulator/panel/descriptor.h"
+#include "simulator/descriptor.h"
 
 namespace panel {
 namespace {

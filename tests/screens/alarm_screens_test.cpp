@@ -159,6 +159,22 @@ TEST_F(AlarmScreens, AreEmptyAfterAFailedCallAndRecover) {
     }
 }
 
+TEST_F(AlarmScreens, BeginAtTheTopAgainWhenTheirCountWasLost) {
+    Fill(10);
+    Show(7);
+    Repeat(KEY_SOFT_3, 5);
+    meter().Fail("ALARMSINTERFACE_getActiveAlarms");
+    Ticks(20);
+    meter().Recover();
+    Ticks(20);
+    EXPECT_EQ(asked, (Range{2, 4})) << "without entries the position stays";
+    meter().Fail("ALARMSINTERFACE_getActiveAlarmStats");
+    Ticks(20);
+    meter().Recover();
+    Ticks(20);
+    EXPECT_EQ(asked, (Range{0, 4}));
+}
+
 TEST_F(AlarmScreens, AcknowledgeTheAlarmsOfTheirKind) {
     for (const auto& [screen, operation, other] :
          {std::tuple{7, "ALARMSINTERFACE_ackActiveAlarms", "ALARMSINTERFACE_ackHistoricalAlarms"},

@@ -5,17 +5,25 @@
 
 #include "screens/alarms/alarm_screens.h"
 #include "screens/events/event_screens.h"
+#include "screens/extremes/minmax_bar_screen.h"
+#include "screens/extremes/minmax_screen.h"
+#include "screens/harmonics/harmonic_screen.h"
 #include "screens/io/io_screen.h"
 #include "screens/metrological/metrological_screen.h"
 #include "screens/nameplate/nameplate_screen.h"
 #include "screens/parameters/custom_screen.h"
 #include "screens/parameters/parameter_screen.h"
+#include "screens/phasor/phasor_screen.h"
 #include "tests/bench/panel_bench.h"
 
 void* operator new(std::size_t size) {
     if (AllocationCount::paused == 0) ++AllocationCount::taken;
     if (void* memory = std::malloc(size)) return memory;
     std::abort();
+}
+void* operator new(std::size_t size, const std::nothrow_t&) noexcept {
+    if (AllocationCount::paused == 0) ++AllocationCount::taken;
+    return std::malloc(size);
 }
 void operator delete(void* memory) noexcept { std::free(memory); }
 void operator delete(void* memory, std::size_t) noexcept { std::free(memory); }
@@ -26,8 +34,12 @@ class Allocations : public PanelBench {};
 
 TEST_F(Allocations, NeverHappenWhileAScreenIsRefreshed) {
     CreateParameterScreens();
+    CreateMinMaxScreens();
+    CreatePhasorScreen();
+    CreateHarmonicScreens();
     CreateActiveAlarmScreens();
     CreateHistoricalAlarmScreens();
+    CreateMinMaxBarScreens();
     CreateEventScreens();
     CreateNameplateScreens();
     CreateMetrologicalScreens();

@@ -118,7 +118,10 @@ TEST_F(EventScreens, LeadWithTheDescriptionOfWhatThePanelOrTheFactoryLogged) {
            Event("Front panels", "Another")};
     Show(69);
     EXPECT_TRUE(PanelShows("events/modules"));
-    meter().Fail("EVLIF_getFactoryModuleName");
+    meter().AnswerBy("EVLIF_getFactoryModuleName", [](auto, auto response) {
+        std::memcpy(response.data(), "Factory", 7);
+        return false;  // the reply broke off
+    });
     Ticks(21);
     EXPECT_TRUE(PanelShows("events/modules_without_factory"));
     EXPECT_EQ(meter().LastArgument("EVLIF_getFrontPanelModuleName"), 40U);
@@ -164,6 +167,17 @@ TEST_F(EventScreens, AreEmptyAfterAFailedCallAndRecover) {
         EXPECT_TRUE(PanelShows("events/detail_newest")) << operation;
         Press(KEY_SOFT_1);
     }
+}
+
+TEST_F(EventScreens, StayAtTheTopWhenAStepDownHasFailed) {
+    Log(10);
+    Show(69);
+    Repeat(KEY_SOFT_3, 3);
+    meter().Fail("EVLIF_getEventLogData");
+    Press(KEY_SOFT_3);
+    meter().Recover();
+    Ticks(21);
+    EXPECT_EQ(asked, (Range{0, 4}));
 }
 
 TEST_F(EventScreens, StepThroughTheLogAndReturnToTheEventOnView) {

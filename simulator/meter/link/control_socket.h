@@ -9,7 +9,7 @@
 #include <string_view>
 #include <vector>
 
-#include "simulator/meter/link/descriptor.h"
+#include "simulator/descriptor.h"
 
 namespace meter {
 

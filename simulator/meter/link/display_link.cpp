@@ -9,7 +9,7 @@
 
 #include "rda/frame.h"
 #include "rda/wire.h"
-#include "simulator/meter/link/descriptor.h"
+#include "simulator/descriptor.h"
 
 namespace meter {
 namespace {

@@ -8,7 +8,7 @@
 #include <list>
 #include <vector>
 
-#include "simulator/meter/link/descriptor.h"
+#include "simulator/descriptor.h"
 #include "simulator/meter/link/frame_reader.h"
 #include "simulator/meter/model/meter.h"
 

@@ -5,7 +5,7 @@
 #include <string>
 #include <string_view>
 
-#include "simulator/panel/descriptor.h"
+#include "simulator/descriptor.h"
 
 /// A connection to a server on 127.0.0.1 that says exactly what the test wants it to.
 class HttpClient {
@@ -44,6 +44,6 @@ private:
     std::string ReadBytes(std::size_t count);
 
     int m_port;
-    panel::Descriptor m_socket;
+    Descriptor m_socket;
     std::string m_pending;
 };

@@ -15,7 +15,6 @@
 
 namespace {
 
-using panel::Descriptor;
 using panel::KeyRecord;
 
 /// A board with its server on a free port.

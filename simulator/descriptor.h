@@ -7,8 +7,6 @@
 #include <system_error>
 #include <utility>
 
-namespace panel {
-
 /// Owns a file descriptor.
 class Descriptor {
 public:
@@ -19,8 +17,11 @@ public:
         std::swap(m_descriptor, other.m_descriptor);
         return *this;
     }
-    ~Descriptor() {
+    ~Descriptor() { Close(); }
+
+    void Close() {
         if (m_descriptor >= 0) ::close(m_descriptor);
+        m_descriptor = -1;
     }
 
     int Get() const { return m_descriptor; }
@@ -40,5 +41,3 @@ inline Descriptor Opened(int descriptor, const std::string& what) {
     if (descriptor < 0) ThrowSystemError(what);
     return Descriptor(descriptor);
 }
-
-}  // namespace panel
