@@ -101,13 +101,14 @@ void tableRowClass::LayOut() {
     if (place != Real()) Resize(place);
     int top = place.top;
     for (std::size_t row = 0; row < m_rowCount; ++row) {
+        if (!m_visible[row]) continue;
         int left = place.left;
         for (std::size_t column = 0; column < m_columnCount; ++column) {
             const PegRect rect = RectOf(left, top, left + m_widths[column] - 1, top + m_heights[row] - 1);
             if (rect != m_cells[row][column]->Real()) m_cells[row][column]->Resize(rect);
             left += m_widths[column];
         }
-        if (m_visible[row]) top += m_heights[row];
+        top += m_heights[row];
     }
 }
 
@@ -156,7 +157,7 @@ void tableRowClass::DrawLines() const {
     }
 }
 
-/// The cells of hidden rows stand where the next row does: they are left out.
+/// The cells of hidden rows stay where they last stood: they are left out.
 void tableRowClass::DrawCells(const PegRect& invalid) const {
     for (std::size_t row = 0; row < m_rowCount; ++row) {
         if (!m_visible[row]) continue;

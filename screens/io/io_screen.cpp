@@ -22,6 +22,7 @@ static_assert(kTableTop > kHeaderBottom && kTableTop + kHeadingHeight + 4 * kPoi
 
 constexpr int kHeadingRow = 1;
 constexpr int kFirstPointRow = 2;
+constexpr int kLastPointRow = 5;
 constexpr int kLabelColumn = 1;
 constexpr int kTextMargin = 5;  // pixels between a line and a text at its side
 
@@ -138,7 +139,7 @@ void ioScrnClass::ShowCell(std::size_t row, std::size_t column, std::string_view
 }
 
 void ioScrnClass::ShowNoData() {
-    for (int row = kHeadingRow; row < kFirstPointRow + int{kPageSize}; ++row) m_table.hideRow(row);
+    for (int row = kLastPointRow; row >= kHeadingRow; --row) m_table.hideRow(row);  // upwards: none has to move
     const char16_t* text = LocalizedString(kNoDataText);
     if (m_noData->Text() != text) m_noData->SetText(text);
     m_noData.AddTo(*this);
