@@ -3,6 +3,7 @@
 #include <cstdlib>
 #include <new>
 
+#include "localization/display_config.h"
 #include "screens/alarms/alarm_screens.h"
 #include "screens/events/event_screens.h"
 #include "screens/extremes/minmax_bar_screen.h"
@@ -62,6 +63,24 @@ TEST_F(Allocations, NeverHappenWhileAScreenIsRefreshed) {
             Ticks(2 * kTicksPerSecond);
             EXPECT_EQ(AllocationCount::taken, before) << "screen " << row.screen << (silent ? ", silent meter" : "");
         }
+    }
+}
+
+/// What changes most at a time: everything comes back at once, in another language.
+TEST_F(Allocations, NeverHappenWhileEverythingOnAScreenChanges) {
+    CreateNameplateScreens();
+    CreateMetrologicalScreens();
+    CreateCustomScreens();
+    CreateIoScreens();
+    for (const std::int32_t screen : {46, 94, 95, 98}) {
+        meter().FallSilent();
+        Show(screen);
+        Ticks(1);
+        meter().Recover();
+        DISPCFG_setLanguage(screen % 6);
+        const long before = AllocationCount::taken;
+        Ticks(2 * kTicksPerSecond);
+        EXPECT_EQ(AllocationCount::taken, before) << "screen " << screen;
     }
 }
 
