@@ -15,6 +15,9 @@
 #include "screens/extremes/minmax_bar_screen.h"
 #include "screens/extremes/minmax_screen.h"
 #include "screens/harmonics/harmonic_screen.h"
+#include "screens/io/io_screen.h"
+#include "screens/metrological/metrological_screen.h"
+#include "screens/nameplate/nameplate_screen.h"
 #include "screens/parameters/custom_screen.h"
 #include "screens/parameters/parameter_screen.h"
 #include "screens/phasor/phasor_screen.h"
@@ -48,7 +51,10 @@ constexpr auto kScreenCreators = std::to_array<ScreenCreator>({
     CreateHistoricalAlarmScreens,
     CreateMinMaxBarScreens,
     CreateEventScreens,
+    CreateNameplateScreens,
+    CreateMetrologicalScreens,
     CreateCustomScreens,
+    CreateIoScreens,
 });
 
 int ReadSelection(std::uint32_t registerId, std::uint32_t& selected) {
