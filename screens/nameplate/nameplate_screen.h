@@ -4,8 +4,8 @@
 
 #include "navigation/widgets/data_prompt.h"
 #include "peg/widgets/prompt.h"
+#include "screens/base/composed_text.h"
 #include "screens/base/data_screen.h"
-#include "screens/lists/shown_text.h"
 #include "screens/nameplate/nameplate_pages.h"
 
 /// Shows the texts of the meter's nameplate on pages of up to six rows, each a label and a field; soft keys 2 and 3
