@@ -23,6 +23,7 @@
 #include "peg/resources/resources.h"
 #include "platform/panel.h"
 #include "rda/records.h"
+#include "screens/alarms/alarm_screens.h"
 #include "screens/extremes/minmax_bar_screen.h"
 #include "screens/harmonics/harmonic_screen.h"
 #include "screens/parameters/parameter_screen.h"
@@ -75,6 +76,7 @@ public:
         PegResources::InstallResourceSet(*PegResources::GetResourceSet(0), false);
         localizationClass::load();
         CreateParameterScreens();
+        CreateActiveAlarmScreens();
         CreatePhasorScreen();
         CreateMinMaxBarScreens();
         AddHarmonics(31, 61);
@@ -209,18 +211,12 @@ void CompareRedraw(benchmark::State& state, double goal, std::int32_t shown) {
         CopyFrame);
 }
 
-/// A refresh whose answers differ from those of the one before: the meter's own, an hour apart.
-void CompareRefresh(benchmark::State& state, double goal, std::int32_t shown, std::string_view operation,
-                    std::size_t answerBytes) {
-    PegThing& screen = ShowScreen(shown);
+using Answers = std::array<ScriptedMeter::Bytes, 2>;
+
+/// Compares the refresh of a shown screen, whose data change with every call of an operation, with a frame copy.
+void CompareAlternating(benchmark::State& state, double goal, PegThing& screen, std::string_view operation,
+                        const Answers& answers) {
     ScriptedMeter& meter = ScriptedMeter::Instance();
-    const ScriptedMeter::Bytes payload = meter.LastPayload(operation);
-    std::array<ScriptedMeter::Bytes, 2> answers;
-    for (ScriptedMeter::Bytes& answer : answers) {
-        answer.resize(answerBytes);
-        meter.Model().Advance(3'600'000);
-        if (!meter.Call(operation, payload, answer)) std::abort();
-    }
     meter.AnswerBy(operation,
                    [answers, second = false](std::span<const std::byte>, std::span<std::byte> response) mutable {
                        second = !second;
@@ -239,6 +235,22 @@ void CompareRefresh(benchmark::State& state, double goal, std::int32_t shown, st
     meter.ForgetCalls();
 }
 
+/// The same with what the simulated meter answers an hour apart.
+void CompareRefresh(benchmark::State& state, double goal, std::int32_t shown, std::string_view operation,
+                    std::size_t answerBytes) {
+    PegThing& screen = ShowScreen(shown);
+    ScriptedMeter& meter = ScriptedMeter::Instance();
+    const ScriptedMeter::Bytes payload = meter.LastPayload(operation);
+    Answers answers;
+    for (ScriptedMeter::Bytes& answer : answers) {
+        answer.resize(answerBytes);
+        meter.Model().Advance(3'600'000);
+        if (!meter.Call(operation, payload, answer)) std::abort();
+    }
+    CompareAlternating(state, goal, screen, operation, answers);
+}
+
+constexpr std::int32_t kAlarmList = 7;
 constexpr std::int32_t kPhasors = 68;
 constexpr std::int32_t kHarmonics31 = 61;
 constexpr std::int32_t kHarmonics63 = 62;
@@ -256,6 +268,24 @@ void Harmonics63RedrawnWhole(benchmark::State& state) { CompareRedraw(state, 13,
 void Harmonics63Refreshed(benchmark::State& state) {
     CompareRefresh(state, 5, kHarmonics63, "PQINTERFACE_getHarmonicData", sizeof(HarmonicData));
 }
+/// A long list of alarms, whose rows have all moved on by one with every refresh.
+void AlarmListRefreshed(benchmark::State& state) {
+    ScriptedMeter& meter = ScriptedMeter::Instance();
+    meter.Model().Play(*meter::FindScenario("500-alarms"));
+    meter.Model().Advance(1000);
+    PegThing& screen = ShowScreen(kAlarmList);
+    PegMessage refresh;
+    refresh.type = MSG_TIMER;
+    screen.Message(refresh);  // asks for a page of what is there now
+    constexpr std::string_view kOperation = "ALARMSINTERFACE_getActiveAlarms";
+    Answers answers;
+    answers[0].resize(4 * sizeof(AlarmEntry));
+    if (!meter.Call(kOperation, meter.LastPayload(kOperation), answers[0])) std::abort();
+    answers[1] = answers[0];
+    std::rotate(answers[1].begin(), answers[1].begin() + sizeof(AlarmEntry), answers[1].end());
+    CompareAlternating(state, 7, screen, kOperation, answers);
+}
+void AlarmListRedrawnWhole(benchmark::State& state) { CompareRedraw(state, 13, kAlarmList); }
 void ThreeBarsRedrawnWhole(benchmark::State& state) { CompareRedraw(state, 13, kThreeBars); }
 void ThreeBarsRefreshed(benchmark::State& state) {
     CompareRefresh(state, 5, kThreeBars, "PQINTERFACE_getMinMaxBarData", sizeof(MinMaxBarData));
@@ -327,6 +357,8 @@ BENCHMARK(TwoLinesAt40Pixels)->Apply(bench::Rounds);
 BENCHMARK(ParameterPageRedrawnWhole)->Apply(bench::Rounds);
 BENCHMARK(ParameterPageWithFourChangedValues)->Apply(bench::Rounds);
 BENCHMARK(FromOnePageToAnother)->Apply(bench::Rounds);
+BENCHMARK(AlarmListRedrawnWhole)->Apply(bench::Rounds);
+BENCHMARK(AlarmListRefreshed)->Apply(bench::Rounds);
 BENCHMARK(PhasorsRedrawnWhole)->Apply(bench::Rounds);
 BENCHMARK(PhasorsRefreshed)->Apply(bench::Rounds);
 BENCHMARK(Harmonics31RedrawnWhole)->Apply(bench::Rounds);
