@@ -22,7 +22,7 @@ public:
     void SoftKey3Action() override;
 
 private:
-    static constexpr std::size_t kPageSize = 4;
+    static constexpr std::uint32_t kPageSize = 4;
     using CellText = std::array<char16_t, 45>;
 
     enum class PageCommand { Previous, Same, Next };

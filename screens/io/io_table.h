@@ -37,7 +37,6 @@ inline constexpr auto kIoScreenRows = std::to_array<IoScreenRow>({
 // clang-format on
 
 static_assert(AllDiffer(kIoScreenRows, &IoScreenRow::screen), "a screen stands in two rows");
-static_assert(AllDiffer(kIoScreenRows, &IoScreenRow::getData), "two screens show the same points");
 static_assert(std::ranges::all_of(kIoScreenRows, IsDataScreenId, &IoScreenRow::screen), "a row is for no data screen");
 static_assert(std::ranges::all_of(kIoScreenRows,
                                   [](const IoScreenRow& row) {
