@@ -7,6 +7,7 @@
 #include "app/one_second_task.h"
 #include "app/panel_hardware.h"
 #include "localization/display_config.h"
+#include "navigation/menu/menu_screen.h"
 #include "navigation/meter_access.h"
 #include "navigation/navigation_handler.h"
 #include "rda/command_server.h"
@@ -71,6 +72,7 @@ void BuildApplication(PegThing& parent) {
     navigationHandlerClass& navigation = navigationHandlerClass::getInstance();
     static_cast<void>(startButtonTask());
     startOneSecondTask();
+    CreateMenuScreens();
     for (const ScreenCreator create : kScreenCreators) create();
     if (PegThing* start = navigation.getStartScreen()) parent.AddChild(*start, true);
 }

@@ -45,6 +45,12 @@ void navigationHandlerClass::addScreen(std::int32_t id, PegThing& screen, Screen
     SetCurrent(m_currentId);
 }
 
+void navigationHandlerClass::setMenu(std::int32_t menuId, ModeMenu& menu) {
+    for (std::size_t mode = 0; mode < kMenuTrees.size(); ++mode) {
+        if (kMenuTrees[mode].menuId == menuId) m_menus[mode] = &menu;
+    }
+}
+
 const navigationHandlerClass::Entry* navigationHandlerClass::FindEntry(std::int32_t id) const {
     const std::int32_t resolved = id == kCurrentMenu ? MenuOfMode(m_mode) : id;
     for (std::size_t i = m_count; i > 0; --i) {
@@ -123,6 +129,7 @@ void navigationHandlerClass::setDisplayMode(std::int32_t mode) {
         }
     }
     if (!accepted) return;
+    if (ModeMenu* menu = m_menus[static_cast<std::size_t>(mode)]) menu->reset();
     m_mode = mode;
     SetCurrent(m_currentId);
 }

@@ -4,6 +4,7 @@
 #include <atomic>
 #include <cstdint>
 
+#include "navigation/mode_menu.h"
 #include "navigation/screen_ids.h"
 #include "peg/core/thing.h"
 
@@ -24,6 +25,9 @@ public:
     /// two screens under one id the later counts.
     void addScreen(std::int32_t id, PegThing& screen, ScreenKind kind);
 
+    /// Names the menu that is reset when its display mode is entered. Ignored for an id that is no menu's.
+    void setMenu(std::int32_t menuId, ModeMenu& menu);
+
     /// Puts screen `toId` in the place of `fromId`; nothing when either is unknown, `fromId` is not on the panel, or
     /// both are the same.
     void navigate(std::int32_t fromId, std::int32_t toId);
@@ -31,7 +35,7 @@ public:
     void goBack(std::int32_t fromId);
     void goHome(std::int32_t fromId);
 
-    /// Asks the meter for a display mode and keeps it; the mode stays when the meter refuses.
+    /// Asks the meter for a display mode, resets that mode's menu and keeps the mode; it stays when the meter refuses.
     void setDisplayMode(std::int32_t mode);
 
     std::int32_t getDisplayMode() const { return m_mode; }
@@ -78,6 +82,7 @@ private:
     std::size_t m_historyIndex = 0;  // one for all modes
     std::array<std::int32_t, kDisplayModes> m_homeIds{};
     std::array<std::int32_t, kDisplayModes> m_startIds{};
+    std::array<ModeMenu*, kDisplayModes> m_menus{};  // null: none yet
     std::int32_t m_mode = DISPLAY_MODE_NORMAL;
     std::array<Entry, kMaxScreens> m_registry{};
     std::atomic<PegThing*> m_currentScreen = nullptr;  // written by the toolkit task

@@ -56,6 +56,25 @@ void SoftKeys::Enable(std::size_t key, bool on) {
     button.Invalidate();
 }
 
+SoftKeys::State SoftKeys::Save() {
+    State state;
+    for (std::size_t key = 0; key < kSoftKeys; ++key) {
+        for (unsigned slot = 0; slot < state.bitmaps[key].size(); ++slot) {
+            state.bitmaps[key][slot] = (*this)[key].BitmapNumber(slot);
+        }
+        state.enabled[key] = IsEnabled(key);
+    }
+    return state;
+}
+
+void SoftKeys::Restore(const State& state) {
+    for (std::size_t key = 0; key < kSoftKeys; ++key) {
+        const auto& [normal, pressed, current, disabled] = state.bitmaps[key];
+        (*this)[key].SetBitmaps(normal, pressed, current, disabled);
+        Enable(key, state.enabled[key]);
+    }
+}
+
 void SoftKeys::Press(int keyCode) {
     if (keyCode == KEY_SOFT_2_3) {
         (*this)[kSecond].Press(keyCode);

@@ -32,6 +32,14 @@ public:
     void Enable(std::size_t key, bool on);
     bool IsEnabled(std::size_t key) { return (*this)[key].IsActive(); }
 
+    /// What the keys show and which are in use, to be put back later.
+    struct State {
+        std::array<std::array<std::uint32_t, 4>, kSoftKeys> bitmaps{};
+        std::array<bool, kSoftKeys> enabled{};
+    };
+    State Save();
+    void Restore(const State& state);
+
     /// The look of the keys while the panel's are held; soft keys 2 and 3 together are both.
     void Press(int keyCode);
     void Release(const PegMessage& message, int keyCode);

@@ -87,11 +87,9 @@ PegPoint PegTextThing::TextPosition(const PegRect& area) const {
     return PointOf(area.left + ((area.Width() - width) >> 1), top);
 }
 
-void PegTextThing::DrawTextIn(const PegRect& area, std::uint32_t color) {
+void PegTextThing::DrawTextIn(const PegRect& area, std::uint32_t color, std::uint32_t ground) {
     if (m_text == nullptr || m_font == nullptr) return;
-    const bool highlighted = HasStyle(kStyleHighlighted);
-    const PegBrush brush(PegResources::GetColor(color),
-                         PegResources::GetColor(GetColor(highlighted ? kHighlightBackground : kBackground)));
+    const PegBrush brush(PegResources::GetColor(color), PegResources::GetColor(ground));
     toolkit.screen->DrawText(TextPosition(area), m_text, brush, m_font);
 }
 

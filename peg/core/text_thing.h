@@ -56,7 +56,9 @@ protected:
 
     /// Where a text of the thing's font stands in `area`: centred vertically, and horizontally as the style says.
     PegPoint TextPosition(const PegRect& area) const;
-    void DrawTextIn(const PegRect& area, std::uint32_t color);
+
+    /// @param ground  number of the colour that the text stands on
+    void DrawTextIn(const PegRect& area, std::uint32_t color, std::uint32_t ground);
     bool IsTransparent() const {
         return HasStyle(kStyleTransparent) && (GetStyle() & kStyleBorders) == kStyleBorderNone;
     }

@@ -27,7 +27,7 @@ void PegBitmapPrompt::Draw(const PegRect& invalid) {
     const int leftTaken = DrawIcon(LeftIcon) + (HasStyle(kStyleTextLeft) ? m_indent : 0);
     const int rightTaken = DrawIcon(RightIcon) + (HasStyle(kStyleTextRight) ? m_indent : 0);
     DrawTextIn(RectOf(client.left + leftTaken, client.top, client.right - rightTaken, client.bottom),
-               GetColor(TextSlot()));
+               GetColor(TextSlot()), GetColor(BackgroundSlot()));
     DrawChildren(invalid);
 }
 

@@ -26,7 +26,7 @@ PegPrompt::PegPrompt(const PegRect& rect, const char16_t* text, std::uint16_t id
 void PegPrompt::Draw(const PegRect& invalid) {
     DrawingPass pass(*this, invalid);
     DrawPromptBackground();
-    DrawTextIn(ClientRect(), GetColor(TextSlot()));
+    DrawTextIn(ClientRect(), GetColor(TextSlot()), GetColor(BackgroundSlot()));
     DrawChildren(invalid);
 }
 

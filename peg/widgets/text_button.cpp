@@ -19,10 +19,11 @@ PegTextButton::PegTextButton(const PegRect& rect, const char16_t* text, std::uin
 void PegTextButton::Draw(const PegRect& invalid) {
     DrawingPass pass(*this, invalid);
     const bool marked = HasStatus(STAT_CURRENT) || HasStyle(kStyleHighlighted);
-    toolkit.screen->Fill(Real(), PegResources::GetColor(GetColor(marked ? kHighlightBackground : kBackground)));
-    DrawFrame(GetColor(marked ? kHighlightBackground : kBackground));
+    const std::uint32_t ground = GetColor(marked ? kHighlightBackground : kBackground);
+    toolkit.screen->Fill(Real(), PegResources::GetColor(ground));
+    DrawFrame(ground);
     PegRect area = ClientRect();
     if (IsPressed()) area.Shift(1, 1);
-    DrawTextIn(area, IsActive() ? GetColor(marked ? kHighlightText : kText) : kGrey);
+    DrawTextIn(area, IsActive() ? GetColor(marked ? kHighlightText : kText) : kGrey, ground);
     DrawChildren(invalid);
 }

@@ -104,8 +104,10 @@ private:
     }
 
     void Paint(int cell, const Glyph& glyph) {
+        // A mark that would lie under the line, as the underscore of a small font, stands in its last row.
+        const int top = std::min(m_page.ascent - glyph.top, m_page.height - 1);
         for (int row = 0; row < glyph.height; ++row) {
-            const int y = m_page.ascent - glyph.top + row;
+            const int y = top + row;
             if (y < 0 || y >= m_page.height) continue;
             for (int column = 0; column < glyph.width; ++column) {
                 const int x = cell + glyph.left + column;

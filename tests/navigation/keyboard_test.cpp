@@ -1,0 +1,150 @@
+#include <queue>
+#include <set>
+#include <string>
+
+#include "navigation/entry/keyboard_window.h"
+#include "tests/bench/panel_bench.h"
+#include "tests/navigation/keyboard_keys.h"
+#include "tests/peg/recorder.h"
+
+namespace {
+
+/// The keyboard on a plain window.
+class Keyboard : public PanelBench {
+protected:
+    Keyboard() {
+        host = new Recorder(RectOf(0, 0, 319, 239));
+        Manager().AddChild(*host);
+        Pump();
+        host->AddChild(Board());
+        Pump();
+    }
+    static keyboardWin& Board() { return keyboardWin::getInstance(); }
+    static std::u16string Text() { return Board().getText() != nullptr ? Board().getText() : u""; }
+    std::uint16_t Select(std::uint16_t code) {
+        FocusKey(code);
+        return Board().selectFocused();
+    }
+    std::uint16_t After(int arrow, std::uint16_t code) {
+        FocusKey(code);
+        EXPECT_EQ(Board().moveFocus(arrow), 1);
+        return FocusedKey();
+    }
+
+    Recorder* host;
+};
+
+TEST_F(Keyboard, LooksAsItShould) {
+    EXPECT_TRUE(PanelShows("keyboard/empty"));
+    Board().prefillUser();
+    Board().moveFocus(kKeyUp);
+    Pump();
+    EXPECT_TRUE(PanelShows("keyboard/user"));
+    Select(kKeyShift);
+    Pump();
+    EXPECT_TRUE(PanelShows("keyboard/shifted"));
+    Board().moveFocus(kKeyRight);
+    Board().moveFocus(kKeyRight);
+    Pump();
+    EXPECT_TRUE(PanelShows("keyboard/backspace_in_focus"));
+}
+
+TEST_F(Keyboard, TypesEveryCharacterWithAndWithoutShift) {
+    const std::string plain = "1234567890-=qwertyuiop[]asdfghjkl;'`zxcvbnm,./\\ ";
+    const std::string shifted = "!@#$%^&*()_+QWERTYUIOP{}ASDFGHJKL:\"~ZXCVBNM<>?| ";
+    for (const std::string& characters : {plain, shifted, plain}) {
+        for (std::size_t i = 0; i < plain.size(); ++i) {
+            EXPECT_EQ(Select(static_cast<std::uint16_t>(plain[i])), characters[i]);
+            EXPECT_EQ(Text(), std::u16string(1, static_cast<char16_t>(characters[i])));
+            EXPECT_EQ(Select(kKeyBackspace), kKeyBackspace);
+            EXPECT_EQ(Text(), u"");
+        }
+        EXPECT_EQ(Select(kKeyShift), kKeyShift);
+    }
+    EXPECT_EQ(Select(kKeyEscape), kKeyEscape);
+    EXPECT_EQ(Select(kKeyEnter), kKeyEnter);
+    EXPECT_EQ(Text(), u"");
+}
+
+TEST_F(Keyboard, TakesSixteenCharactersAndLetsThemBeTakenAwayAgain) {
+    for (int i = 0; i < 16; ++i) EXPECT_EQ(Select(i < 15 ? 'a' : ' '), i < 15 ? 'a' : ' ');
+    EXPECT_EQ(Select('b'), 0);
+    EXPECT_EQ(Select(' '), 0);
+    EXPECT_EQ(Text(), u"aaaaaaaaaaaaaaa ");
+    for (int i = 0; i < 20; ++i) EXPECT_EQ(Select(kKeyBackspace), kKeyBackspace);
+    EXPECT_EQ(Board().getText(), nullptr);
+    EXPECT_EQ(Select('b'), 'b');
+}
+
+TEST_F(Keyboard, GoesRoundAtItsEdges) {
+    const std::vector<std::uint16_t> right = {'=', ']', '\'', '\\', kKeyEnter};
+    const std::vector<std::uint16_t> left = {'1', 'q', 'a', '`', kKeyEscape};
+    for (std::size_t row = 0; row < right.size(); ++row) {
+        EXPECT_EQ(After(kKeyRight, right[row]), left[row]);
+        EXPECT_EQ(After(kKeyLeft, left[row]), right[row]);
+    }
+    const std::map<std::uint16_t, std::string> below = {
+        {kKeyEscape, "12"}, {kKeyShift, "34"}, {' ', "5678"}, {kKeyBackspace, "90"}, {kKeyEnter, "-="}};
+    for (const auto& [key, row] : below) {
+        for (const char character : row) EXPECT_EQ(After(kKeyUp, static_cast<std::uint16_t>(character)), key);
+    }
+    const std::vector<std::pair<std::uint16_t, std::uint16_t>> up = {{kKeyEscape, '`'}, {'`', 'a'}, {'a', 'q'},
+                                                                     {'c', 'd'},        {'n', 'h'}, {'.', 'l'}};
+    for (const auto& [from, to] : up) EXPECT_EQ(After(kKeyUp, from), to);
+}
+
+TEST_F(Keyboard, LeadsFromTheSpaceKeyToEveryOther) {
+    EXPECT_EQ(FocusedKey(), ' ');
+    std::set<std::uint16_t> reached = {' '};
+    std::queue<std::uint16_t> waiting({' '});
+    for (; !waiting.empty(); waiting.pop()) {
+        for (const int arrow : {kKeyUp, kKeyLeft, kKeyRight}) {
+            const std::uint16_t next = After(arrow, waiting.front());
+            EXPECT_NE(next, 0) << "the focus left the keyboard from key " << waiting.front() << " by " << arrow;
+            if (reached.insert(next).second) waiting.push(next);
+        }
+    }
+    EXPECT_EQ(reached.size(), 52U);
+}
+
+TEST_F(Keyboard, MovesByThreeArrowsOnlyAndShowsWhereItIs) {
+    EXPECT_EQ(Board().moveFocus(kKeyDown), 0);
+    EXPECT_EQ(Board().moveFocus(kKeyEnter), 0);
+    EXPECT_EQ(FocusedKey(), ' ');
+    for (const std::uint16_t code : {std::uint16_t{kKeyShift}, std::uint16_t{'g'}}) {
+        FocusKey('1');
+        Pump();
+        const PegRect place = KeyButton(code).Real();
+        const std::uint16_t before = Pixel(place.left + 1, place.top + 1);
+        FocusKey(code);
+        Board().moveFocus(kKeyLeft);
+        Board().moveFocus(kKeyRight);
+        Pump();
+        EXPECT_NE(Pixel(place.left + 1, place.top + 1), before) << code;
+    }
+}
+
+TEST_F(Keyboard, IsEmptyAgainWheneverItComesOrGoesAndLeavesNothingBehind) {
+    Board().prefillUser();
+    EXPECT_EQ(Text(), u"USER");
+    const char16_t* typed = Board().getText();
+    FocusKey('x');
+    host->RemoveChild(Board());
+    EXPECT_EQ(Board().getText(), nullptr);
+    EXPECT_EQ(std::u16string_view(typed, 4), std::u16string_view(u"\0\0\0\0", 4));
+    Board().prefillUser();
+    host->AddChild(Board());
+    EXPECT_EQ(Board().getText(), nullptr);
+    EXPECT_EQ(FocusedKey(), ' ');
+}
+
+TEST_F(Keyboard, HandsKeysOfThePanelToItsScreen) {
+    host->received.clear();
+    Board().Message(MessageOf(MSG_KEY_DOWN, KEY_SOFT_1));
+    Board().Message(MessageOf(MSG_KEY_UP, KEY_SOFT_1));
+    EXPECT_EQ(host->Count(MSG_KEY_DOWN), 1);
+    EXPECT_EQ(host->Count(MSG_KEY_UP), 1);
+    EXPECT_EQ(Text(), u"");
+}
+
+}  // namespace

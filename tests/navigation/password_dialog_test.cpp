@@ -1,0 +1,203 @@
+#include "localization/display_config.h"
+#include "navigation/password_handler.h"
+#include "tests/navigation/keyboard_keys.h"
+#include "tests/navigation/menu_bench.h"
+
+namespace {
+
+constexpr std::int32_t kNormal = 1;
+constexpr std::int32_t kTest = 3;
+constexpr std::string_view kVerify = "SECURITYINTERFACE_verifyFrontPanelPassword";
+
+/// The way from the normal menu into test mode, whose item is the third.
+class PasswordDialogTest : public MenuBench {
+protected:
+    PasswordDialogTest() {
+        Lock(0);
+        Verdict(0);
+        ShowMenu(kNormal);
+        Press(KEY_SOFT_3, 2);
+    }
+    static void Lock(std::uint32_t status) { meter().Answer("SECURITYINTERFACE_getHwLockStatus", status); }
+    static void Verdict(std::uint32_t result) { meter().Answer(kVerify, result); }
+    void PressKey(std::uint16_t code) {
+        FocusKey(code);
+        Press(KEY_SOFT_4);
+    }
+    void Enter(std::string_view text) {
+        for (const char character : text) PressKey(static_cast<std::uint16_t>(character));
+        PressKey(kKeyEnter);
+    }
+    static bool IsKeyboardShown() { return keyboardWin::getInstance().IsVisible(); }
+    static std::string Asked() {
+        std::string text;
+        for (const std::byte byte : meter().LastPayload(kVerify)) text += static_cast<char>(byte);
+        return text;
+    }
+    bool IsMenuAsBefore() { return static_cast<bool>(PanelShows("dialogs/menu_without_dialog")); }
+};
+
+TEST_F(PasswordDialogTest, AsksForUserAndPasswordAndEntersTestMode) {
+    EXPECT_TRUE(IsMenuAsBefore());
+    Press(KEY_SOFT_4);
+    EXPECT_TRUE(PanelShows("dialogs/user_name"));
+    PressKey(kKeyEnter);
+    EXPECT_TRUE(PanelShows("dialogs/password"));
+    EXPECT_EQ(meter().Calls(kVerify), 0);
+    Enter("12ab");
+    EXPECT_NE(Asked().find("USER"), std::string::npos);
+    EXPECT_NE(Asked().find("12ab"), std::string::npos);
+    EXPECT_EQ(Shown(), kTest);
+    EXPECT_EQ(Navigation().getDisplayMode(), DISPLAY_MODE_TEST);
+    EXPECT_TRUE(PanelShows("menus/collapsed_3"));
+    Press(KEY_SOFT_3);
+    Press(KEY_SOFT_4);
+    PressKey(kKeyEnter);
+    Enter("x");
+    EXPECT_EQ(Shown(), kNormal) << "the way back asks, too";
+    EXPECT_EQ(meter().Calls(kVerify), 2);
+    EXPECT_EQ(Navigation().getDisplayMode(), DISPLAY_MODE_NORMAL);
+}
+
+TEST_F(PasswordDialogTest, IsWorkedByTheSoftKeysAlone) {
+    Press(KEY_SOFT_4);
+    Press(KEY_SOFT_3, 2);
+    EXPECT_EQ(FocusedKey(), kKeyEnter);
+    Press(KEY_SOFT_4);
+    Press(KEY_SOFT_1);
+    const std::uint16_t letter = FocusedKey();
+    Press(KEY_SOFT_4);
+    FocusKey(' ');
+    Press(KEY_SOFT_2, 3);
+    EXPECT_EQ(FocusedKey(), kKeyEnter) << "round the edge";
+    Press(KEY_SOFT_4);
+    EXPECT_NE(Asked().find(static_cast<char>(letter)), std::string::npos);
+    EXPECT_EQ(Shown(), kTest);
+}
+
+TEST_F(PasswordDialogTest, HandsOnSixteenCharactersOfBothTexts) {
+    Press(KEY_SOFT_4);
+    for (int i = 0; i < 4; ++i) PressKey(kKeyBackspace);
+    Enter("abcdefghijklmnopqrs");
+    Enter("1234567890123456789");
+    EXPECT_NE(Asked().find("abcdefghijklmnop"), std::string::npos);
+    EXPECT_NE(Asked().find("1234567890123456"), std::string::npos);
+    EXPECT_EQ(Asked().find('q'), std::string::npos);
+    EXPECT_EQ(Asked().find("67"), 5 + Asked().find("12345")) << Asked();
+}
+
+TEST_F(PasswordDialogTest, SaysWhyNotAndClosesByEveryKeyThatMayCloseIt) {
+    struct Refusal {
+        std::uint32_t verdict;
+        std::string_view password;
+        std::string golden;
+    };
+    const Refusal refusals[] = {{2, "x", "user_may_not"}, {1, "x", "wrong_password"}, {0, "", "wrong_password"}};
+    for (const auto& [verdict, password, golden] : refusals) {
+        Verdict(verdict);
+        meter().ForgetCalls();
+        Press(KEY_SOFT_4);
+        PressKey(kKeyEnter);
+        Enter(password);
+        EXPECT_TRUE(PanelShows("dialogs/" + golden));
+        EXPECT_EQ(meter().Calls(kVerify), password.empty() ? 0 : 1);
+        for (const KeyCode key : {KEY_SOFT_1, KEY_SOFT_2, KEY_SOFT_3, KEY_SOFT_2_3}) Press(key);
+        EXPECT_TRUE(PanelShows("dialogs/" + golden)) << "these keys mean nothing here";
+        Press(KEY_SOFT_4);
+        EXPECT_TRUE(IsMenuAsBefore());
+    }
+    Verdict(0);
+    meter().Fail(kVerify);
+    Press(KEY_SOFT_4);
+    PressKey(kKeyEnter);
+    Enter("x");
+    EXPECT_TRUE(PanelShows("dialogs/wrong_password")) << "the meter could not be asked";
+    Press(KEY_HOME);
+    EXPECT_TRUE(IsMenuAsBefore());
+    EXPECT_EQ(Navigation().getDisplayMode(), DISPLAY_MODE_NORMAL);
+}
+
+TEST_F(PasswordDialogTest, IsNotOpenedWhileTheHardwareLockIsSetOrUnknown) {
+    Lock(2);
+    Press(KEY_SOFT_4);
+    EXPECT_TRUE(PanelShows("dialogs/locked"));
+    EXPECT_FALSE(IsKeyboardShown());
+    Press(KEY_SOFT_4);
+    EXPECT_TRUE(IsMenuAsBefore());
+    meter().Fail("SECURITYINTERFACE_getHwLockStatus");
+    Press(KEY_SOFT_4);
+    EXPECT_TRUE(PanelShows("dialogs/locked"));
+    Ticks(220);
+    EXPECT_EQ(Shown(), 200) << "closed by time, and home";
+    EXPECT_EQ(meter().Calls(kVerify), 0);
+    EXPECT_EQ(Navigation().getDisplayMode(), DISPLAY_MODE_NORMAL);
+}
+
+TEST_F(PasswordDialogTest, IsLeftByEscapeAndTheHomeKeyFromBothEntries) {
+    for (const bool second : {false, true}) {
+        for (const bool home : {false, true}) {
+            Press(KEY_SOFT_4);
+            PressKey('q');
+            if (second) PressKey(kKeyEnter);
+            EXPECT_TRUE(IsKeyboardShown());
+            if (home) {
+                Press(KEY_HOME);
+            } else {
+                PressKey(kKeyEscape);
+            }
+            EXPECT_TRUE(IsMenuAsBefore()) << "second " << second << ", home " << home;
+            EXPECT_FALSE(IsKeyboardShown());
+        }
+    }
+    EXPECT_EQ(meter().Calls(kVerify), 0);
+    Press(KEY_SOFT_4);
+    EXPECT_TRUE(PanelShows("dialogs/user_name")) << "nothing is left of what was typed";
+}
+
+TEST_F(PasswordDialogTest, ClosesByTimeByAResetAndWhenTheMeterLeadsAway) {
+    Press(KEY_SOFT_4);
+    Ticks(190);
+    PanelBench::KeyDown(KEY_SOFT_3);
+    PanelBench::KeyUp(KEY_SOFT_3);
+    Ticks(190);
+    EXPECT_TRUE(IsKeyboardShown()) << "a key starts the time again";
+    Ticks(30);
+    EXPECT_FALSE(IsKeyboardShown());
+    EXPECT_EQ(Shown(), 200);
+
+    Show(kNormal);
+    Press(KEY_SOFT_4);
+    EXPECT_TRUE(IsKeyboardShown());
+    static_cast<menuScrnClass*>(Navigation().getCurrentScreen())->reset();
+    EXPECT_FALSE(IsKeyboardShown());
+
+    Press(KEY_SOFT_3, 2);
+    Press(KEY_SOFT_4);
+    EXPECT_TRUE(IsKeyboardShown());
+    navigationHandlerClass::postNavigateTo(4);
+    Pump();
+    EXPECT_EQ(keyboardWin::getInstance().Parent(), nullptr);
+    Show(kNormal);
+    EXPECT_TRUE(IsMenuAsBefore());
+}
+
+TEST_F(PasswordDialogTest, SpeaksTheSelectedLanguage) {
+    const std::pair<std::uint32_t, std::string> languages[] = {
+        {1, "german"}, {2, "french"}, {3, "spanish"}, {4, "italian"}, {5, "russian"}};
+    for (const auto& [language, name] : languages) {
+        DISPCFG_setLanguage(language);
+        Lock(2);
+        Press(KEY_SOFT_4);
+        EXPECT_TRUE(PanelShows("dialogs/locked_" + name));
+        Press(KEY_SOFT_4);
+    }
+    Lock(0);
+    Press(KEY_SOFT_4);
+    EXPECT_TRUE(PanelShows("dialogs/user_name_russian"));
+    DISPCFG_setLanguage(1);
+    Manager().FirstChild()->Message(MessageOf(MSG_LANGUAGE));
+    Pump();
+    EXPECT_TRUE(PanelShows("dialogs/user_name_german")) << "also when it changes while the dialog is open";
+}
+
+}  // namespace
