@@ -13,8 +13,15 @@
 #include "rda/command_server.h"
 #include "screens/alarms/alarm_screens.h"
 #include "screens/events/event_screens.h"
+#include "screens/extremes/minmax_bar_screen.h"
+#include "screens/extremes/minmax_screen.h"
+#include "screens/harmonics/harmonic_screen.h"
+#include "screens/io/io_screen.h"
+#include "screens/metrological/metrological_screen.h"
+#include "screens/nameplate/nameplate_screen.h"
 #include "screens/parameters/custom_screen.h"
 #include "screens/parameters/parameter_screen.h"
+#include "screens/phasor/phasor_screen.h"
 
 namespace {
 
@@ -38,10 +45,17 @@ constexpr DisplayCommands kCommands = {
 using ScreenCreator = void (*)();
 constexpr auto kScreenCreators = std::to_array<ScreenCreator>({
     CreateParameterScreens,
+    CreateMinMaxScreens,
+    CreatePhasorScreen,
+    CreateHarmonicScreens,
     CreateActiveAlarmScreens,
     CreateHistoricalAlarmScreens,
+    CreateMinMaxBarScreens,
     CreateEventScreens,
+    CreateNameplateScreens,
+    CreateMetrologicalScreens,
     CreateCustomScreens,
+    CreateIoScreens,
 });
 
 int ReadSelection(std::uint32_t registerId, std::uint32_t& selected) {

@@ -23,7 +23,11 @@
 #include "peg/resources/resources.h"
 #include "platform/panel.h"
 #include "rda/records.h"
+#include "screens/alarms/alarm_screens.h"
+#include "screens/extremes/minmax_bar_screen.h"
+#include "screens/harmonics/harmonic_screen.h"
 #include "screens/parameters/parameter_screen.h"
+#include "screens/phasor/phasor_screen.h"
 #include "tests/bench/scripted_meter.h"
 
 namespace {
@@ -72,6 +76,16 @@ public:
         PegResources::InstallResourceSet(*PegResources::GetResourceSet(0), false);
         localizationClass::load();
         CreateParameterScreens();
+        CreateActiveAlarmScreens();
+        CreatePhasorScreen();
+        CreateMinMaxBarScreens();
+        AddHarmonics(31, 61);
+        AddHarmonics(63, 62);
+    }
+    static void AddHarmonics(std::uint32_t count, std::int32_t screen) {
+        ScriptedMeter::Instance().Answer("DISPLAYFEATURES_getNumHarmonicsDisplayed", count);
+        navigationHandlerClass::getInstance().addScreen(screen, *new harmonicDiagramScrnClass(screen),
+                                                        SCREEN_KIND_DATA);
     }
     static void Pump() {
         PegMessage message;
@@ -125,15 +139,17 @@ void TwoLinesAt40Pixels(benchmark::State& state) { CompareText(state, 4.0, u"123
 constexpr std::int32_t kFourRows = 25;
 constexpr std::int32_t kOtherFourRows = 41;
 
-PegThing& ShowFourRows() {
+PegThing& ShowScreen(std::int32_t screen) {
     ThePanel();
     navigationHandlerClass& navigation = navigationHandlerClass::getInstance();
     navigation.addScreen(200, *new PegWindow(kPanel), SCREEN_KIND_DATA);
-    toolkit.manager->AddChild(*navigation.getCurrentScreen());
-    navigation.navigateFromCurrent(kFourRows);
+    if (toolkit.manager->FirstChild() == nullptr) toolkit.manager->AddChild(*navigation.getCurrentScreen());
+    navigation.navigateFromCurrent(screen);
     Panel::Pump();
     return *navigation.getCurrentScreen();
 }
+
+PegThing& ShowFourRows() { return ShowScreen(kFourRows); }
 
 void ParameterPageRedrawnWhole(benchmark::State& state) {
     PegThing& screen = ShowFourRows();
@@ -182,6 +198,97 @@ void FromOnePageToAnother(benchmark::State& state) {
         },
         CopyFrame);
     ScriptedMeter::Instance().ForgetCalls();
+}
+
+void CompareRedraw(benchmark::State& state, double goal, std::int32_t shown) {
+    PegThing& screen = ShowScreen(shown);
+    bench::Compare(
+        state, goal, 20,
+        [&] {
+            screen.Invalidate();
+            Panel::Pump();
+        },
+        CopyFrame);
+}
+
+using Answers = std::array<ScriptedMeter::Bytes, 2>;
+
+/// Compares the refresh of a shown screen, whose data change with every call of an operation, with a frame copy.
+void CompareAlternating(benchmark::State& state, double goal, PegThing& screen, std::string_view operation,
+                        const Answers& answers) {
+    ScriptedMeter& meter = ScriptedMeter::Instance();
+    meter.AnswerBy(operation,
+                   [answers, second = false](std::span<const std::byte>, std::span<std::byte> response) mutable {
+                       second = !second;
+                       std::memcpy(response.data(), answers[second ? 1 : 0].data(), response.size());
+                       return true;
+                   });
+    PegMessage refresh;
+    refresh.type = MSG_TIMER;
+    bench::Compare(
+        state, goal, 20,
+        [&] {
+            screen.Message(refresh);
+            Panel::Pump();
+        },
+        CopyFrame);
+    meter.ForgetCalls();
+}
+
+/// The same with what the simulated meter answers an hour apart.
+void CompareRefresh(benchmark::State& state, double goal, std::int32_t shown, std::string_view operation,
+                    std::size_t answerBytes) {
+    PegThing& screen = ShowScreen(shown);
+    ScriptedMeter& meter = ScriptedMeter::Instance();
+    const ScriptedMeter::Bytes payload = meter.LastPayload(operation);
+    Answers answers;
+    for (ScriptedMeter::Bytes& answer : answers) {
+        answer.resize(answerBytes);
+        meter.Model().Advance(3'600'000);
+        if (!meter.Call(operation, payload, answer)) std::abort();
+    }
+    CompareAlternating(state, goal, screen, operation, answers);
+}
+
+constexpr std::int32_t kAlarmList = 7;
+constexpr std::int32_t kPhasors = 68;
+constexpr std::int32_t kHarmonics31 = 61;
+constexpr std::int32_t kHarmonics63 = 62;
+constexpr std::int32_t kThreeBars = 17;
+
+void PhasorsRedrawnWhole(benchmark::State& state) { CompareRedraw(state, 15, kPhasors); }
+void PhasorsRefreshed(benchmark::State& state) {
+    CompareRefresh(state, 9, kPhasors, "PQINTERFACE_getPhasorData", 10 * sizeof(PhasorEntry));
+}
+void Harmonics31RedrawnWhole(benchmark::State& state) { CompareRedraw(state, 13, kHarmonics31); }
+void Harmonics31Refreshed(benchmark::State& state) {
+    CompareRefresh(state, 5, kHarmonics31, "PQINTERFACE_getHarmonicData", sizeof(HarmonicData));
+}
+void Harmonics63RedrawnWhole(benchmark::State& state) { CompareRedraw(state, 13, kHarmonics63); }
+void Harmonics63Refreshed(benchmark::State& state) {
+    CompareRefresh(state, 5, kHarmonics63, "PQINTERFACE_getHarmonicData", sizeof(HarmonicData));
+}
+/// A long list of alarms, whose rows have all moved on by one with every refresh.
+void AlarmListRefreshed(benchmark::State& state) {
+    ScriptedMeter& meter = ScriptedMeter::Instance();
+    meter.Model().Play(*meter::FindScenario("500-alarms"));
+    meter.Model().Advance(1000);
+    PegThing& screen = ShowScreen(kAlarmList);
+    PegMessage refresh;
+    refresh.type = MSG_TIMER;
+    screen.Message(refresh);  // asks for a page of what is there now
+    constexpr std::string_view kOperation = "ALARMSINTERFACE_getActiveAlarms";
+    Answers answers;
+    answers[0].resize(4 * sizeof(AlarmEntry));
+    if (!meter.Call(kOperation, meter.LastPayload(kOperation), answers[0])) std::abort();
+    answers[1] = answers[0];
+    std::rotate(answers[1].begin(), answers[1].begin() + sizeof(AlarmEntry), answers[1].end());
+    CompareAlternating(state, 7, screen, kOperation, answers);
+}
+void AlarmListRedrawnWhole(benchmark::State& state) { CompareRedraw(state, 13, kAlarmList); }
+void ThreeBarsRedrawnWhole(benchmark::State& state) { CompareRedraw(state, 13, kThreeBars); }
+void ThreeBarsRefreshed(benchmark::State& state) {
+    CompareRefresh(state, 5, kThreeBars, "PQINTERFACE_getMinMaxBarData", sizeof(MinMaxBarData));
 }
 
 void DeviceWrite(benchmark::State& state) {
@@ -250,6 +357,16 @@ BENCHMARK(TwoLinesAt40Pixels)->Apply(bench::Rounds);
 BENCHMARK(ParameterPageRedrawnWhole)->Apply(bench::Rounds);
 BENCHMARK(ParameterPageWithFourChangedValues)->Apply(bench::Rounds);
 BENCHMARK(FromOnePageToAnother)->Apply(bench::Rounds);
+BENCHMARK(AlarmListRedrawnWhole)->Apply(bench::Rounds);
+BENCHMARK(AlarmListRefreshed)->Apply(bench::Rounds);
+BENCHMARK(PhasorsRedrawnWhole)->Apply(bench::Rounds);
+BENCHMARK(PhasorsRefreshed)->Apply(bench::Rounds);
+BENCHMARK(Harmonics31RedrawnWhole)->Apply(bench::Rounds);
+BENCHMARK(Harmonics31Refreshed)->Apply(bench::Rounds);
+BENCHMARK(Harmonics63RedrawnWhole)->Apply(bench::Rounds);
+BENCHMARK(Harmonics63Refreshed)->Apply(bench::Rounds);
+BENCHMARK(ThreeBarsRedrawnWhole)->Apply(bench::Rounds);
+BENCHMARK(ThreeBarsRefreshed)->Apply(bench::Rounds);
 BENCHMARK(DeviceWrite)->Apply(bench::Rounds);
 BENCHMARK(LoadBothFiles)->Apply(bench::Rounds);
 

@@ -1,5 +1,7 @@
 #include "navigation/meter_access.h"
 
+#include <algorithm>
+
 #include "localization/localization.h"
 
 namespace {
@@ -13,6 +15,17 @@ int Fetch(Record& out, Call call) {
     if (call(out) == 0) return 0;
     out = Record{};
     return -1;
+}
+
+/// The longest text of an extreme that is shown.
+constexpr std::size_t kLongestExtreme = 44;
+
+MinMaxDisplayValue DisplayOf(const MinMaxValue& value, std::uint32_t valid, std::string_view text) {
+    MinMaxDisplayValue display;
+    display.valid = valid;
+    display.value = value.value.Get();
+    WidenInto(text, display.text);
+    return display;
 }
 
 }  // namespace
@@ -86,6 +99,48 @@ int meterAccessClass::readSelection(std::uint32_t registerId, std::uint32_t& sel
     EnumerationValue value{};
     if (PDMINTERFACE_getEnumerationValue(registerId, value) != 0 || value.result.Get() != 0) return -1;
     selected = value.current.Get();
+    return 0;
+}
+
+int meterAccessClass::readPhasors(std::span<PhasorDisplay, kPhasors> out) {
+    std::ranges::fill(out, PhasorDisplay{});
+    std::array<PhasorEntry, kPhasors> phasors{};
+    if (PQINTERFACE_getPhasorData(phasors) != 0) return -1;
+    displayClass& texts = displayClass::getInstance();
+    for (std::size_t i = 0; i < phasors.size(); ++i) {
+        const PhasorEntry& phasor = phasors[i];
+        texts.translateInto(TextIn(phasor.magnitudeLabel), out[i].magnitudeLabel);
+        WidenInto(TextIn(phasor.magnitudeText), out[i].magnitudeText);
+        out[i].magnitude = phasor.magnitude.Get();
+        texts.translateInto(TextIn(phasor.angleLabel), out[i].angleLabel);
+        WidenInto(TextIn(phasor.angleText), out[i].angleText);
+        out[i].angle = phasor.angle.Get();
+        out[i].shown = phasor.shown.Get();
+    }
+    return 0;
+}
+
+int meterAccessClass::readHarmonics(std::uint32_t channel, std::uint32_t harmonic, HarmonicDisplay& out) {
+    out = HarmonicDisplay{};
+    HarmonicData data{};
+    if (PQINTERFACE_getHarmonicData(channel, harmonic, data) != 0) return -1;
+    std::ranges::transform(data.magnitudes, out.magnitudes.begin(), &WireU32::Get);
+    out.fullScale = data.fullScale.Get();
+    out.labelChoice = data.labelChoice.Get();
+    for (std::size_t i = 0; i < data.texts.size(); ++i) WidenInto(TextIn(data.texts[i]), out.texts[i]);
+    return 0;
+}
+
+int meterAccessClass::readMinMaxBar(std::uint32_t minimumId, std::uint32_t maximumId, std::uint32_t presentId,
+                                    MinMaxBarDisplay& out) {
+    out = MinMaxBarDisplay{};
+    MinMaxBarData data{};
+    if (PQINTERFACE_getMinMaxBarData(minimumId, maximumId, presentId, data) != 0) return -1;
+    const std::uint32_t valid = data.minimum.valid.Get();
+    out.minimum = DisplayOf(data.minimum, valid, TextIn(data.minimumText).substr(0, kLongestExtreme));
+    out.maximum = DisplayOf(data.maximum, valid, TextIn(data.maximumText).substr(0, kLongestExtreme));
+    out.present = DisplayOf(data.present, data.present.valid.Get(), TextIn(data.presentText));
+    displayClass::getInstance().translateInto(TextIn(data.label), out.label);
     return 0;
 }
 

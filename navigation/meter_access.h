@@ -2,7 +2,9 @@
 
 #include <array>
 #include <cstdint>
+#include <span>
 
+#include "navigation/power_quality_display.h"
 #include "rda/meter_operations.h"
 
 /// One register as a parameter row shows it: texts in the selected language, empty where the meter gave none.
@@ -48,6 +50,17 @@ public:
 
     /// The item that a register selects. @return 0, or -1 when the meter could not read it either
     int readSelection(std::uint32_t registerId, std::uint32_t& selected);
+
+    static constexpr std::size_t kPhasors = 10;
+
+    /// The phasors of voltages and currents. @return 0, or -1
+    int readPhasors(std::span<PhasorDisplay, kPhasors> out);
+
+    /// The spectrum of a channel, and the figures of one harmonic, counted from 0. @return 0, or -1
+    int readHarmonics(std::uint32_t channel, std::uint32_t harmonic, HarmonicDisplay& out);
+
+    /// A quantity's extremes and its present value, each a register. @return 0, or -1
+    int readMinMaxBar(std::uint32_t minimumId, std::uint32_t maximumId, std::uint32_t presentId, MinMaxBarDisplay& out);
 
     /// The status word of the hardware lock. @return 0, or -1
     int readHwLockStatus(std::uint32_t& status);

@@ -15,6 +15,9 @@ public:
     /// Pixels between the text and the side that it is aligned to.
     void setMargin(int pixels) { m_margin = pixels; }
 
+protected:
+    int Margin() const { return m_margin; }
+
 private:
     PegPoint TextCorner() const;
 

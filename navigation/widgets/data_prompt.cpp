@@ -42,7 +42,7 @@ void dataPegPromptClass::setOverflowFrame(bool on) {
     Invalidate();
 }
 
-bool dataPegPromptClass::Fits() const { return PegScreen::TextWidth(Text(), Font()) <= Real().Width(); }
+bool dataPegPromptClass::Fits() const { return PegScreen::TextWidth(Text(), Font()) <= Real().Width() - Margin(); }
 
 void dataPegPromptClass::Fit() {
     if (FontNumber() != m_baseFont) custPpromptClass::SetFontNumber(m_baseFont);

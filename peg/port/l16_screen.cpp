@@ -4,7 +4,8 @@
 
 L16Screen::L16Screen(int width, int height)
     : PegScreen(width, height),
-      m_frame(std::make_unique<std::uint16_t[]>(static_cast<std::size_t>(width) * static_cast<std::size_t>(height))) {}
+      m_frame(new (kFrameAlignment)
+                  std::uint16_t[static_cast<std::size_t>(width) * static_cast<std::size_t>(height)]()) {}
 
 std::size_t L16Screen::FrameBytes() const {
     return static_cast<std::size_t>(Width()) * static_cast<std::size_t>(Height()) * sizeof(std::uint16_t);

@@ -6,7 +6,7 @@
 #include "navigation/table_proofs.h"
 #include "platform/panel.h"
 #include "screens/base/font_for_size.h"
-#include "screens/lists/line_place.h"
+#include "screens/base/line_place.h"
 
 namespace {
 

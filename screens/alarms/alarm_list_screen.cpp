@@ -4,7 +4,7 @@
 #include "navigation/geometry.h"
 #include "screens/alarms/alarm_detail_screen.h"
 #include "screens/base/font_for_size.h"
-#include "screens/lists/line_place.h"
+#include "screens/base/line_place.h"
 
 namespace {
 

@@ -1,8 +1,8 @@
 #pragma once
 
 #include "screens/alarms/alarm_list_controller.h"
+#include "screens/base/composed_text.h"
 #include "screens/lists/list_screen.h"
-#include "screens/lists/shown_text.h"
 
 class almDetailScrnClass;
 

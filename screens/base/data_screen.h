@@ -54,7 +54,9 @@ protected:
     /// Gives a soft key (0 to 3) the bitmap of one of its looks.
     void SetSoftKeyImage(std::size_t key, unsigned slot, std::uint32_t bitmap) { m_keys[key].SetBitmap(slot, bitmap); }
     void SetSoftKeyImages(std::size_t key, KeyImage image) { m_keys.SetImage(key, m_scheme, image); }
+    void ClearSoftKeyImages(std::size_t key) { m_keys.ClearImage(key); }
     void EnableSoftKey(std::size_t key, bool on) { m_keys.Enable(key, on); }
+    std::uint32_t AccentColor() const { return m_scheme.colour(0); }
     bool IsOptionsMenuOpen() const { return m_menu.IsOpen(); }
 
 private:

@@ -1,9 +1,9 @@
 #pragma once
 
+#include "screens/base/composed_text.h"
 #include "screens/events/event_log_list_controller.h"
 #include "screens/events/event_page.h"
 #include "screens/lists/list_screen.h"
-#include "screens/lists/shown_text.h"
 
 class eventDetailScrnClass;
 

@@ -1,7 +1,7 @@
 #include "screens/lists/detail_field.h"
 
 #include "localization/localization.h"
-#include "screens/lists/line_place.h"
+#include "screens/base/line_place.h"
 
 namespace {
 

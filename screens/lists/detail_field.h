@@ -1,7 +1,7 @@
 #pragma once
 
 #include "peg/widgets/prompt.h"
-#include "screens/lists/shown_text.h"
+#include "screens/base/composed_text.h"
 
 /// Where labels and values of a detail screen stand, all inclusive.
 struct DetailColumns {

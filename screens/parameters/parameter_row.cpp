@@ -1,7 +1,7 @@
 #include "screens/parameters/parameter_row.h"
 
-#include "peg/core/screen.h"
-#include "peg/resources/resources.h"
+#include "screens/base/line_place.h"
+#include "screens/base/show_text.h"
 
 namespace {
 
@@ -10,26 +10,12 @@ constexpr int kUnitGap = 3;  // pixels between a value and its unit
 constexpr std::uint32_t kLeft = kStyleTextLeft | kStyleBorderNone;
 constexpr std::uint32_t kRight = kStyleTextRight | kStyleBorderNone;
 
-/// The place of a text of a font on the line `y`.
-PegRect PlaceOn(int y, const ColumnSpan& columns, std::uint32_t font) {
-    const int height = PegScreen::FontHeight(PegResources::GetFont(font));
-    const int top = y - height + height / 5 - 2;
-    return RectOf(columns.left, top, columns.right, top + height);
-}
+}  // namespace
 
 void PlacePrompt(dataPegPromptClass& prompt, int y, const ColumnSpan& columns, std::uint32_t font) {
     prompt.SetFontNumber(font);
-    prompt.Resize(PlaceOn(y, columns, font));
+    prompt.Resize(PlaceOnLine(y, columns.left, columns.right, font));
 }
-
-template <std::size_t size>
-void ShowText(dataPegPromptClass& prompt, std::array<char16_t, size>& shown, const std::array<char16_t, size>& text) {
-    if (shown == text) return;
-    shown = text;
-    prompt.SetText(shown.data());
-}
-
-}  // namespace
 
 ParameterRow::ParameterRow(OverflowFrame valueFrame)
     : m_label(kUnplaced, nullptr, std::uint16_t{0}, kLeft),

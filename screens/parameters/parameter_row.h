@@ -17,6 +17,9 @@ struct ParameterTexts {
 };
 using RowTexts = ParameterTexts<40, 45, 10>;
 
+/// Gives a prompt its font and puts its text on the line `y`.
+void PlacePrompt(dataPegPromptClass& prompt, int y, const ColumnSpan& columns, std::uint32_t font);
+
 class ParameterRow {
 public:
     /// @param valueFrame  whether a value that is too wide gets a frame

@@ -1,16 +1,13 @@
 #include "screens/parameters/parameter_screen.h"
 
-#include <string_view>
-
 #include "navigation/meter_access.h"
 #include "navigation/navigation_handler.h"
+#include "screens/base/wiring.h"
 
 namespace {
 
-constexpr std::uint32_t kWiringRegister = 3717;
 constexpr std::uint32_t kLineVoltage = 3687;
 constexpr std::uint32_t kNeutralVoltage = 3708;
-constexpr std::string_view kDeltaWiring = "DELTA";
 
 }  // namespace
 
@@ -26,17 +23,10 @@ paramScrnClass::paramScrnClass(std::int32_t screenId)
     }
 }
 
-/// A delta-wired meter has no neutral to measure against: there the voltage is the one between lines.
-std::uint32_t paramScrnClass::VoltageOfWiring() const {
-    RegisterValue wiring{};
-    static_cast<void>(meterAccessClass::getInstance().readRegisterRaw(kWiringRegister, wiring));
-    return TextIn(wiring.value).starts_with(kDeltaWiring) ? kLineVoltage : kNeutralVoltage;
-}
-
 void paramScrnClass::UpdateScreenData() {
     if (m_row == nullptr) return;
     const bool byWiring = m_row->update == ParameterUpdate::ByWiring;
-    const std::uint32_t voltage = byWiring ? VoltageOfWiring() : 0;
+    const std::uint32_t voltage = byWiring && IsWiredInDelta() ? kLineVoltage : kNeutralVoltage;
     for (std::size_t i = 0; i < static_cast<std::size_t>(m_row->count); ++i) {
         std::uint32_t id = m_row->registers[i];
         if (byWiring && (id == kLineVoltage || id == kNeutralVoltage)) id = voltage;

@@ -16,8 +16,6 @@ public:
     void UpdateScreenData() override;
 
 private:
-    std::uint32_t VoltageOfWiring() const;
-
     const ParamScreenRow* m_row;  // null: a screen without registers
     std::array<ParameterRow, kMostParameters> m_rows;
 };

@@ -3,13 +3,8 @@
 #include <array>
 #include <cstdint>
 
+#include "screens/base/column_span.h"
 #include "screens/parameters/parameter_tables.h"
-
-/// The columns that a text may take, both inclusive.
-struct ColumnSpan {
-    std::int16_t left;
-    std::int16_t right;
-};
 
 /// How a page of one to six quantities is laid out: where label, value and unit of its rows stand, and on which lines.
 /// Font numbers name resource fonts.

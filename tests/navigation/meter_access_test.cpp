@@ -27,6 +27,42 @@ TEST_F(MeterAccess, ReadsARegisterAsTextsEvenWhenTheyAreNotTerminated) {
     EXPECT_EQ(display, RegisterDisplay{});
 }
 
+TEST_F(MeterAccess, ReadsExtremesAsTextsEvenWhenTheyAreNotTerminated) {
+    MinMaxBarData record{};
+    record.minimum.valid.Set(1);
+    record.minimum.value.Set(-2.5);
+    record.minimumText.fill('1');
+    record.maximum.valid.Set(0);
+    record.maximumText.fill('2');
+    record.present.valid.Set(9);
+    record.presentText.fill('3');
+    record.label.fill('L');
+    meter().Answer("PQINTERFACE_getMinMaxBarData", record);
+    MinMaxBarDisplay display;
+    EXPECT_EQ(Access().readMinMaxBar(1, 2, 3, display), 0);
+    EXPECT_EQ(std::u16string_view(display.minimum.text.data()), std::u16string(44, u'1'));
+    EXPECT_EQ(std::u16string_view(display.maximum.text.data()), std::u16string(44, u'2'));
+    EXPECT_EQ(std::u16string_view(display.present.text.data()), std::u16string(45, u'3'));
+    EXPECT_EQ(std::u16string_view(display.label.data()), std::u16string(39, u'L'));
+    EXPECT_EQ(display.minimum.value, -2.5);
+    EXPECT_TRUE(display.IsValid()) << "the maximum counts as valid with the minimum";
+    meter().FallSilent();
+    EXPECT_EQ(Access().readMinMaxBar(1, 2, 3, display), -1);
+    EXPECT_FALSE(display.IsValid());
+    EXPECT_EQ(display.label.front(), u'\0');
+}
+
+TEST_F(MeterAccess, ReadsASpectrumWithAScaleThatIsNeverMissing) {
+    HarmonicDisplay display;
+    EXPECT_EQ(Access().readHarmonics(4, 2, display), 0);
+    EXPECT_GT(display.magnitudes[0], display.magnitudes[62]);
+    EXPECT_NE(display.Text(HarmonicText::AxisBottom).front(), u'\0');
+    meter().FallSilent();
+    EXPECT_EQ(Access().readHarmonics(4, 2, display), -1);
+    EXPECT_EQ(display, HarmonicDisplay{});
+    EXPECT_EQ(display.fullScale, 1U);
+}
+
 TEST_F(MeterAccess, NoticesAnotherConnectionOnceAndASixthFailureInARow) {
     const auto connection = [](std::uint32_t id) { meter().Answer("DISPTSK_getConnectionId", id); };
     connection(7);

@@ -5,14 +5,9 @@
 #include "localization/display_config.h"
 #include "screens/parameters/custom_screen.h"
 #include "tests/bench/panel_bench.h"
+#include "tests/bench/wire_text.h"
 
 namespace {
-
-template <std::size_t size>
-void Write(std::array<char, size>& field, std::string_view text) {
-    field.fill(0);
-    std::copy_n(text.begin(), std::min(text.size(), size), field.begin());
-}
 
 AlarmEntry Alarm(std::string_view name, unsigned priority, std::uint32_t seconds = 0, bool ended = false) {
     AlarmEntry entry{};

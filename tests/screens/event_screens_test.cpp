@@ -7,14 +7,9 @@
 #include "rda/records/identity.h"
 #include "screens/parameters/custom_screen.h"
 #include "tests/bench/panel_bench.h"
+#include "tests/bench/wire_text.h"
 
 namespace {
-
-template <std::size_t size>
-void Write(std::array<char, size>& field, std::string_view text) {
-    field.fill(0);
-    std::copy_n(text.begin(), std::min(text.size(), size), field.begin());
-}
 
 EventLogEntry Event(std::string_view source, std::string_view description = "Setting changed",
                     std::string_view date = "2025-06-15", std::string_view time = "17:06:40") {

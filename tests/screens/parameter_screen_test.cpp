@@ -5,13 +5,9 @@
 #include "localization/display_config.h"
 #include "screens/parameters/custom_screen.h"
 #include "tests/bench/panel_bench.h"
+#include "tests/bench/wire_text.h"
 
 namespace {
-
-template <std::size_t size>
-void Write(std::array<char, size>& field, std::string_view text) {
-    std::copy_n(text.begin(), std::min(text.size(), size), field.begin());
-}
 
 RegisterValue Register(std::string_view label, std::string_view value, std::string_view unit) {
     RegisterValue record{};

@@ -92,7 +92,7 @@ TEST_F(Scenes, ADeltaSystemHasNoPhaseVoltagesButLineVoltages) {
         bench::Ask<MinMaxBarData>(m_meter, "PQINTERFACE_getMinMaxBarData", bench::Words({3706, 3707, 3705}));
     EXPECT_EQ(bar.present.valid.Get(), 0U);
     const auto phasor = bench::Ask<PhasorEntry>(m_meter, "PQINTERFACE_getPhasorData", bench::Words({1}));
-    EXPECT_EQ(TextIn(phasor.magnitudeLabel), "V12");
+    EXPECT_EQ(TextIn(phasor.magnitudeLabel), "U12");
 }
 
 TEST_F(Scenes, AlarmListsGrowToFiveHundredAndLogsEmpty) {

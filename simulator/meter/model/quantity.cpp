@@ -15,8 +15,8 @@ struct SymbolRow {
 // clang-format off
 constexpr auto kSymbols = std::to_array<SymbolRow>({
     {Frequency, "f"},
-    {VoltageL1, "V1"},   {VoltageL2, "V2"},   {VoltageL3, "V3"},   {VoltageLnAverage, "V LN"}, {VoltageNeutral, "V4"},
-    {VoltageL12, "V12"}, {VoltageL23, "V23"}, {VoltageL31, "V31"}, {VoltageLlAverage, "V LL"},
+    {VoltageL1, "U1"},   {VoltageL2, "U2"},   {VoltageL3, "U3"},   {VoltageLnAverage, "U LN"}, {VoltageNeutral, "U4"},
+    {VoltageL12, "U12"}, {VoltageL23, "U23"}, {VoltageL31, "U31"}, {VoltageLlAverage, "U LL"},
     {CurrentL1, "I1"},   {CurrentL2, "I2"},   {CurrentL3, "I3"},   {CurrentAverage, "I avg"},  {CurrentNeutral, "I4"},
     {ActiveTotal, "P"},  {ReactiveTotal, "Q"}, {ApparentTotal, "S"},
 });

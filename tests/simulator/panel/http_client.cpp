@@ -26,8 +26,10 @@ HttpClient::HttpClient(int port) : m_port(port), m_socket(::socket(AF_INET, SOCK
     EXPECT_EQ(::connect(m_socket.Get(), reinterpret_cast<const sockaddr*>(&address), sizeof address), 0);
 }
 
-void HttpClient::Send(std::string_view bytes) {
-    EXPECT_EQ(::send(m_socket.Get(), bytes.data(), bytes.size(), MSG_NOSIGNAL), static_cast<ssize_t>(bytes.size()));
+void HttpClient::Send(std::string_view bytes) { EXPECT_TRUE(Offer(bytes)); }
+
+bool HttpClient::Offer(std::string_view bytes) {
+    return ::send(m_socket.Get(), bytes.data(), bytes.size(), MSG_NOSIGNAL) == static_cast<ssize_t>(bytes.size());
 }
 
 HttpClient::Reply HttpClient::Read() {

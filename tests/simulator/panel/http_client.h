@@ -25,6 +25,9 @@ public:
 
     void Send(std::string_view bytes);
 
+    /// Sends to a server that may have hung up. @return whether it took the bytes
+    bool Offer(std::string_view bytes);
+
     /// Reads one answer, whose body is as long as it says.
     Reply Read();
 

@@ -47,6 +47,7 @@ public:
 
     /// Terminated.
     const char16_t* Text() const { return m_text.data(); }
+    const std::array<char16_t, size>& Units() const { return m_text; }
 
     friend bool operator==(const ComposedText&, const ComposedText&) = default;
 

@@ -1,0 +1,90 @@
+#include <set>
+
+#include "app/application.h"
+#include "navigation/menu_trees.h"
+#include "screens/base/options_menu_table.h"
+#include "screens/base/screen_info_table.h"
+#include "screens/base/soft_key_table.h"
+#include "tests/bench/panel_bench.h"
+
+namespace {
+
+/// A person who presses every key of every screen, beginning where the display modes begin and where their menus lead.
+class Tour : public PanelBench {
+protected:
+    Tour() {
+        ScriptedMeter::Instance().Model().Play(*meter::FindScenario("500-alarms"));  // an alarm to see the details of
+        ScriptedMeter::Instance().Model().Advance(1000);
+        BuildApplication(Manager());
+    }
+
+    std::int32_t Shown() const { return navigationHandlerClass::getInstance().getCurrentScreenId(); }
+
+    /// Notes a screen that is on the panel now, to be walked from later.
+    void Arrive() {
+        const std::int32_t id = Shown();
+        if (IsDataScreenId(id) && m_seen.insert(id).second) m_waiting.push_back(id);
+    }
+    void Visit(std::int32_t id) {
+        Show(id);
+        if (Shown() == id) Arrive();
+    }
+    void PressEveryKey(std::int32_t id) {
+        for (const KeyCode key : {KEY_SOFT_1, KEY_SOFT_2, KEY_SOFT_3, KEY_SOFT_4, KEY_SOFT_2_3}) {
+            Show(id);
+            Press(key);
+            Ticks(2);
+            Arrive();
+            if (key == KEY_SOFT_1 && Shown() == id && !OptionsOf(id).empty()) Press(key);  // closes the options again
+        }
+    }
+    void ChooseEveryOption(std::int32_t id) {
+        const auto options = OptionsOf(id);
+        for (std::size_t i = 0; i < options.size(); ++i) {
+            Show(id);
+            Press(KEY_SOFT_1);
+            for (std::size_t step = 0; step < options.size(); ++step) Press(KEY_SOFT_2);
+            for (std::size_t step = 0; step < i; ++step) Press(KEY_SOFT_3);
+            Press(KEY_SOFT_4);
+            EXPECT_EQ(Shown(), options[i].target) << "option " << i << " of screen " << id;
+            Arrive();
+        }
+    }
+    void Walk() {
+        while (!m_waiting.empty()) {
+            const std::int32_t id = m_waiting.back();
+            m_waiting.pop_back();
+            PressEveryKey(id);
+            ChooseEveryOption(id);
+        }
+    }
+
+    std::set<std::int32_t> m_seen;
+
+private:
+    std::vector<std::int32_t> m_waiting;
+};
+
+TEST_F(Tour, FindsEveryDataScreen) {
+    for (const MenuTree& tree : kMenuTrees) {
+        Visit(tree.StartScreen());
+        for (const MenuItem& item : tree.items) {
+            if (IsDataScreenId(item.target)) Visit(item.target);
+        }
+    }
+    Walk();
+    std::set<std::int32_t> all;
+    for (const ScreenInfoRow& row : kScreenInfoRows) all.insert(row.screen);
+    EXPECT_EQ(m_seen, all);
+}
+
+TEST_F(Tour, EndsNowhereWithASilentMeter) {
+    PanelBench::meter().FallSilent();
+    for (const ScreenInfoRow& row : kScreenInfoRows) {
+        Visit(row.screen);
+        PressEveryKey(row.screen);
+    }
+    EXPECT_EQ(m_seen.size(), kDataScreens);
+}
+
+}  // namespace

@@ -1,0 +1,127 @@
+#include "navigation/widgets/table_row.h"
+
+#include "peg/resources/builtin_fonts.h"
+#include "peg/resources/resources.h"
+#include "tests/bench/toolkit_bench.h"
+
+namespace {
+
+using Rows = std::vector<std::string>;
+
+constexpr std::uint32_t kRed = 1;
+constexpr std::uint32_t kGreen = 2;
+constexpr std::uint32_t kBlue = 4;
+
+class TableRow : public ToolkitBench {
+protected:
+    /// The panel's top left corner: letters for the rows' colours and the lines.
+    Rows Corner(int width, int height) {
+        Pump();
+        const auto color = [](std::uint32_t number) { return PegResources::GetColor(number); };
+        return Picture(RectOf(0, 0, width - 1, height - 1),
+                       {{color(kRed), 'r'}, {color(kGreen), 'g'}, {color(kBlue), '#'}, {color(15), '.'}});
+    }
+    PegWindow& window = AddNew<PegWindow>(Manager(), RectOf(0, 0, 319, 239), std::uint16_t{0}, kStyleBorderNone);
+    tableRowClass& table =
+        AddNew<tableRowClass>(window, PointOf(1, 1), tableRowClass::Sizes{3, 4, 3}, tableRowClass::Sizes{4, 0, 5});
+};
+
+TEST_F(TableRow, LeavesOutWhatHasNoSizeAndTakesAnyOtherNumberForOne) {
+    EXPECT_EQ(table.cell(1, 1).Real(), RectOf(1, 1, 4, 3));
+    EXPECT_EQ(table.cell(1, 2).Real(), RectOf(5, 1, 9, 3));
+    EXPECT_EQ(table.cell(3, 2).Real(), RectOf(5, 8, 9, 10));
+    EXPECT_EQ(table.Real(), RectOf(1, 1, 9, 10));
+    for (const int number : {5, 4, 0, -1, 6, INT32_MAX, INT32_MIN}) {
+        EXPECT_EQ(&table.cell(1, number), &table.cell(1, 1)) << number;
+        EXPECT_EQ(&table.cell(number, 2), &table.cell(1, 2)) << number;
+    }
+}
+
+TEST_F(TableRow, DrawsRowsLinesAndFrames) {
+    table.setGridColour(kBlue);
+    table.setRowColour(2, kRed);
+    EXPECT_EQ(Corner(11, 12), (Rows{
+                                  "...........",
+                                  ".#########.",
+                                  ".#...#...#.",
+                                  ".#...#...#.",
+                                  ".#########.",
+                                  ".#rrr#rrr#.",
+                                  ".#rrr#rrr#.",
+                                  ".#rrr#rrr#.",
+                                  ".#########.",
+                                  ".#...#...#.",
+                                  ".#########.",
+                                  "...........",
+                              }));
+    table.setOuterFrame(false);
+    table.setColumnLines(false);
+    table.setHeaderFrame(true);
+    table.setHeaderFrameColour(kGreen);
+    EXPECT_EQ(Corner(11, 12), (Rows{
+                                  "...........",
+                                  ".ggggggggg.",
+                                  ".g.......g.",
+                                  ".ggggggggg.",
+                                  ".#########.",
+                                  ".rrrrrrrrr.",
+                                  ".rrrrrrrrr.",
+                                  ".rrrrrrrrr.",
+                                  ".#########.",
+                                  "...........",
+                                  "...........",
+                                  "...........",
+                              }));
+    table.setRowLines(false);
+    table.setHeaderFrame(false);
+    EXPECT_EQ(Corner(11, 5)[4], ".rrrrrrrrr.");
+}
+
+TEST_F(TableRow, ClosesUpOverHiddenRowsAndPutsThemBack) {
+    table.setGridColour(kBlue);
+    table.setRowColour(1, kGreen);
+    table.setRowColour(2, kRed);
+    const Rows whole = Corner(11, 12);
+    table.hideRow(2);
+    table.hideRow(2);
+    EXPECT_EQ(table.Real(), RectOf(1, 1, 9, 6));
+    EXPECT_EQ(Corner(11, 8), (Rows{
+                                 "...........",
+                                 ".#########.",
+                                 ".#ggg#ggg#.",
+                                 ".#ggg#ggg#.",
+                                 ".#########.",
+                                 ".#...#...#.",
+                                 ".#########.",
+                                 "...........",
+                             }));
+    table.hideRow(1);
+    table.hideRow(3);
+    EXPECT_EQ(Corner(11, 12), Rows(12, std::string(11, '.'))) << "nothing is left of it";
+    for (const int row : {3, 1, 2}) table.showRow(row);
+    EXPECT_EQ(Corner(11, 12), whole);
+}
+
+TEST_F(TableRow, KeepsToTheMiddleWhileRowsComeAndGo) {
+    table.setVerticalBounds(56, 213);
+    table.centreHorizontally();
+    EXPECT_EQ(table.Real(), RectOf(155, 130, 163, 139));
+    table.hideRow(2);
+    EXPECT_EQ(table.Real(), RectOf(155, 132, 163, 137));
+    EXPECT_EQ(table.cell(3, 1).Real(), RectOf(155, 135, 158, 137));
+    table.setOrigin(PointOf(20, 30));
+    table.showRow(2);
+    EXPECT_EQ(table.Real(), RectOf(20, 30, 28, 39));
+    table.centreVertically();
+    EXPECT_EQ(table.Real().top, 130) << "within the bounds";
+}
+
+TEST_F(TableRow, DrawsNoTextOfAHiddenRowThatChanges) {
+    table.setOrigin(PointOf(0, 0));
+    table.hideRow(1);
+    const Rows before = Corner(12, 12);
+    table.cell(1, 1).SetText(u"8");
+    EXPECT_EQ(Corner(12, 12), before);
+}
+
+}  // namespace

@@ -1,0 +1,194 @@
+#include "screens/harmonics/harmonic_screen.h"
+
+#include <cstring>
+
+#include "localization/display_config.h"
+#include "peg/resources/resources.h"
+#include "screens/parameters/custom_screen.h"
+#include "tests/bench/panel_bench.h"
+#include "tests/bench/wire_text.h"
+
+namespace {
+
+constexpr auto kSpectrum = "PQINTERFACE_getHarmonicData";
+constexpr auto kCount = "DISPLAYFEATURES_getNumHarmonicsDisplayed";
+
+/// A spectrum whose magnitudes fall off, with a text for every place.
+HarmonicData Spectrum(std::uint32_t fullScale) {
+    HarmonicData data{};
+    for (std::uint32_t i = 0; i < kMaxHarmonics; ++i) data.magnitudes[i].Set(1000 / (i + 1));
+    data.fullScale.Set(fullScale);
+    for (std::size_t i = 0; i < data.texts.size(); ++i)
+        Write(data.texts[i], std::string(1, 't').append(std::to_string(i + 1)));
+    return data;
+}
+
+class HarmonicScreens : public PanelBench {
+protected:
+    void Create() {
+        CreateCustomScreens();
+        CreateHarmonicScreens();
+    }
+    void CreateFor(std::uint32_t harmonics) {
+        meter().Answer(kCount, harmonics);
+        Create();
+    }
+    /// Lines of colour above the foot of a bar, in its first column.
+    int HeightOfBar(int x) const {
+        int height = 0;
+        while (Pixel(x, 195 - height) == Pixel(x, 195)) ++height;
+        return height - 1;
+    }
+    /// What the last call asked for: channel and harmonic.
+    static std::pair<std::uint32_t, std::uint32_t> Asked() {
+        std::array<std::uint32_t, 2> words{};
+        const auto payload = meter().LastPayload(kSpectrum);
+        if (payload.size() == sizeof words) std::memcpy(words.data(), payload.data(), sizeof words);
+        return {words[0], words[1]};
+    }
+};
+
+TEST_F(HarmonicScreens, LookAsTheyShould) {
+    Create();
+    for (const std::int32_t screen : {61, 64}) {
+        Show(screen);
+        Press(KEY_SOFT_3);
+        Press(KEY_SOFT_3);
+        EXPECT_TRUE(PanelShows("harmonics/screen_" + std::to_string(screen)));
+    }
+    DISPCFG_setLanguage(5);
+    Ticks(41);
+    EXPECT_TRUE(PanelShows("harmonics/russian"));
+    DISPCFG_setLanguage(1);
+    Ticks(41);
+    EXPECT_TRUE(PanelShows("harmonics/german"));
+}
+
+TEST_F(HarmonicScreens, HaveRoomFor63Harmonics) {
+    CreateFor(63);
+    Show(61);
+    Press(KEY_SOFT_3);
+    EXPECT_TRUE(PanelShows("harmonics/all_63"));
+}
+
+TEST_F(HarmonicScreens, TakeAnyNumberOfHarmonics) {
+    CreateCustomScreens();
+    std::int32_t screen = 61;
+    const auto lastHarmonic = [&] {
+        Navigation().addScreen(screen, *new harmonicDiagramScrnClass(screen), SCREEN_KIND_DATA);
+        Show(screen++);
+        Press(KEY_SOFT_2);
+        return Asked().second;
+    };
+    for (const auto& [count, last] : {std::pair{0U, 30U}, {1U, 0U}, {5U, 4U}, {64U, 62U}, {0xFFFFFFFFU, 62U}}) {
+        meter().Answer(kCount, count);
+        EXPECT_EQ(lastHarmonic(), last) << count;
+    }
+    meter().Fail(kCount);
+    EXPECT_EQ(lastHarmonic(), 30U);
+}
+
+TEST_F(HarmonicScreens, AskForTheirChannelOnceARefreshAndDrawOnlyWhatChanged) {
+    Create();
+    EXPECT_EQ(meter().Calls(kCount), 7);
+    for (const auto& [screen, channel] :
+         {std::pair{61, 0U}, {62, 1U}, {63, 2U}, {64, 4U}, {65, 5U}, {66, 6U}, {67, 7U}}) {
+        Show(screen);
+        Ticks(1);
+        meter().ForgetCalls();
+        Screen().flushes = 0;
+        Ticks(20);
+        EXPECT_EQ(meter().Calls(kSpectrum), 1);
+        EXPECT_EQ(meter().Calls(kCount), 0);
+        EXPECT_EQ(Asked(), std::pair(channel, 0U));
+        EXPECT_EQ(Screen().flushes, 0);
+    }
+}
+
+TEST_F(HarmonicScreens, SelectRoundAndRoundAndRememberTheSelection) {
+    Create();
+    Show(61);
+    meter().ForgetCalls();
+    Press(KEY_SOFT_2);
+    EXPECT_EQ(meter().Calls(kSpectrum), 1) << "read at once";
+    EXPECT_EQ(Asked().second, 30U);
+    Press(KEY_SOFT_3);
+    EXPECT_EQ(Asked().second, 0U);
+    for (int i = 0; i < 4; ++i) Press(KEY_SOFT_3);
+    Show(62);
+    EXPECT_EQ(Asked(), std::pair(1U, 0U)) << "each channel has its own";
+    Show(61);
+    EXPECT_EQ(Asked(), std::pair(0U, 4U));
+    Press(KEY_SOFT_1);
+    Press(KEY_SOFT_4);
+    EXPECT_EQ(Navigation().getCurrentScreenId(), 61) << "its parent is not there; nothing to the right";
+}
+
+TEST_F(HarmonicScreens, DrawBarsAsHighAsTheirShareOfTheFullScale) {
+    Create();
+    HarmonicData data{};
+    data.fullScale.Set(1000);
+    const std::array<std::uint32_t, 6> magnitudes = {5000, 0, 500, 1000, 11, 1100};
+    for (std::size_t i = 0; i < magnitudes.size(); ++i) data.magnitudes[i].Set(magnitudes[i]);
+    meter().Answer(kSpectrum, data);
+    Show(61);
+    EXPECT_EQ(HeightOfBar(46 + 8 * 1), 0);
+    EXPECT_EQ(HeightOfBar(46 + 8 * 2), 44);
+    EXPECT_EQ(HeightOfBar(46 + 8 * 3), 88);
+    EXPECT_EQ(HeightOfBar(46 + 8 * 4), 0) << "cut, not rounded";
+    EXPECT_EQ(HeightOfBar(46 + 8 * 5), 96) << "above the scale";
+    EXPECT_EQ(Pixel(46, 195), 0xFFFF) << "the fundamental has no bar";
+    EXPECT_EQ(Pixel(46 + 8 * 2 + 6, 195), PegResources::GetColor(0x56));
+    EXPECT_EQ(Pixel(46 + 8 * 2 + 7, 195), 0xFFFF) << "a gap of one pixel";
+    EXPECT_EQ(Pixel(46 + 8 * 3, 195), PegResources::GetColor(0x55));
+    EXPECT_EQ(Pixel(46 + 8 * 31, 195), 0xFFFF) << "no bar behind the last";
+    for (int i = 0; i < 3; ++i) Press(KEY_SOFT_3);
+    EXPECT_EQ(Pixel(46 + 8 * 3, 195), PegResources::GetColor(11));
+    EXPECT_EQ(Pixel(46 + 8 * 4, 195), PegResources::GetColor(0x56)) << "the selected bar takes its turn";
+}
+
+TEST_F(HarmonicScreens, ShowBarsWithoutHeightForAScaleOfZero) {
+    Create();
+    meter().Answer(kSpectrum, Spectrum(0));
+    Show(61);
+    EXPECT_TRUE(PanelShows("harmonics/no_scale"));
+}
+
+TEST_F(HarmonicScreens, StayInTheChartWhateverTheMagnitudes) {
+    CreateFor(63);
+    HarmonicData data = Spectrum(1);
+    data.magnitudes[20].Set(0xFFFFFFFF);
+    meter().Answer(kSpectrum, data);
+    Show(61);
+    EXPECT_TRUE(PanelShows("harmonics/beyond_the_scale"));
+}
+
+TEST_F(HarmonicScreens, AreEmptyWhileTheMeterIsSilentAndRecover) {
+    Create();
+    Show(61);
+    Press(KEY_SOFT_3);
+    Press(KEY_SOFT_3);
+    meter().FallSilent();
+    Ticks(20);
+    EXPECT_TRUE(PanelShows("harmonics/silent_meter"));
+    meter().Recover();
+    Ticks(21);
+    EXPECT_TRUE(PanelShows("harmonics/screen_61"));
+}
+
+TEST_F(HarmonicScreens, CutTextsWithoutEnd) {
+    Create();
+    HarmonicData data = Spectrum(1000);
+    for (auto& text : data.texts) text.fill('8');
+    data.labelChoice.Set(2);
+    meter().Answer(kSpectrum, data);
+    Show(61);
+    EXPECT_TRUE(PanelShows("harmonics/endless_texts"));
+    data = Spectrum(1000);
+    data.labelChoice.Set(1);
+    meter().Answer(kSpectrum, data);
+    Ticks(20);
+    EXPECT_TRUE(PanelShows("harmonics/other_label"));
+}
+
+}  // namespace

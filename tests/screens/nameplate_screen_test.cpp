@@ -1,0 +1,143 @@
+#include "screens/nameplate/nameplate_screen.h"
+
+#include "localization/display_config.h"
+#include "peg/core/screen.h"
+#include "rda/records.h"
+#include "screens/parameters/custom_screen.h"
+#include "tests/bench/panel_bench.h"
+
+namespace {
+
+constexpr std::int32_t kNameplate = 98;
+constexpr std::int32_t kMidNameplate = 97;  // any screen will do to show it on
+constexpr int kPages = 6;
+
+class Nameplate : public PanelBench {
+protected:
+    Nameplate() {
+        CreateCustomScreens();  // the screen to start from is among them
+        CreateNameplateScreens();
+        auto* mid = new midNameplateScrnClass(kNameplate);
+        Navigation().addScreen(kMidNameplate, *mid, SCREEN_KIND_DATA);
+    }
+    static int Reads() { return meter().Calls("NAMEPLATEIF_getNameplateData"); }
+};
+
+/// Texts that fill their fields to the last byte, so that none has an end; told apart by their first letters.
+NameplateData Endless() {
+    NameplateData data{};
+    for (std::size_t i = 0; i < data.fields.size(); ++i) {
+        data.fields[i].fill('8');
+        data.fields[i][0] = static_cast<char>('a' + i);
+        data.fields[i].back() = '|';
+    }
+    return data;
+}
+
+TEST_F(Nameplate, LooksAsItShouldOnEveryPageAndOnTheWayBack) {
+    Show(kNameplate);
+    EXPECT_TRUE(PanelShows("nameplate/page_0"));
+    for (int page = 1; page < kPages; ++page) {
+        Press(KEY_SOFT_3);
+        EXPECT_TRUE(PanelShows("nameplate/page_" + std::to_string(page)));
+    }
+    for (int page = kPages - 2; page >= 0; --page) {
+        Press(KEY_SOFT_2);
+        EXPECT_TRUE(PanelShows("nameplate/page_" + std::to_string(page)));
+    }
+}
+
+TEST_F(Nameplate, StaysAtItsFirstAndItsLastPage) {
+    Show(kNameplate);
+    Press(KEY_SOFT_2);
+    EXPECT_TRUE(PanelShows("nameplate/page_0"));
+    for (int i = 0; i < kPages + 2; ++i) Press(KEY_SOFT_3);
+    EXPECT_TRUE(PanelShows("nameplate/page_5"));
+    Press(KEY_SOFT_2);
+    EXPECT_TRUE(PanelShows("nameplate/page_4")) << "presses at the end are not counted";
+    Show(200);
+    Show(kNameplate);
+    EXPECT_TRUE(PanelShows("nameplate/page_4")) << "the page outlives a visit elsewhere";
+}
+
+TEST_F(Nameplate, IsReadOncePerRefreshAndOncePerPage) {
+    Show(kNameplate);
+    Ticks(1);
+    meter().ForgetCalls();
+    Screen().flushes = 0;
+    Ticks(20);
+    EXPECT_EQ(Reads(), 1);
+    EXPECT_EQ(Screen().flushes, 0) << "the same texts, the same date: nothing to draw";
+    Press(KEY_SOFT_3);
+    EXPECT_EQ(Reads(), 2);
+    Press(KEY_SOFT_2);
+    Press(KEY_SOFT_2);
+    EXPECT_EQ(Reads(), 3) << "nothing to read where there is no page";
+}
+
+TEST_F(Nameplate, ShowsItsLabelsAloneWhileTheMeterIsSilentAndRecovers) {
+    Show(kNameplate);
+    meter().FallSilent();
+    Ticks(20);
+    EXPECT_TRUE(PanelShows("nameplate/silent_meter"));
+    Press(KEY_SOFT_3);
+    EXPECT_TRUE(PanelShows("nameplate/silent_meter_memory")) << "no unit without a number";
+    meter().Recover();
+    Ticks(20);
+    EXPECT_TRUE(PanelShows("nameplate/page_1"));
+}
+
+TEST_F(Nameplate, ShowsNothingOfAReplyThatBrokeOff) {
+    meter().AnswerBy("NAMEPLATEIF_getNameplateData", [](auto, auto response) {
+        std::ranges::fill(response, std::byte{'x'});
+        return false;
+    });
+    Show(kNameplate);
+    EXPECT_TRUE(PanelShows("nameplate/labels_alone"));
+}
+
+TEST_F(Nameplate, CutsTextsWithoutEndAndShowsEachInItsRow) {
+    meter().Answer("NAMEPLATEIF_getNameplateData", Endless());
+    Show(kNameplate);
+    for (int page = 0; page < kPages; ++page) {
+        EXPECT_TRUE(PanelShows("nameplate/endless_" + std::to_string(page)));
+        Press(KEY_SOFT_3);
+    }
+}
+
+TEST_F(Nameplate, LeavesOutTheModelOnTheOtherVariant) {
+    Show(kMidNameplate);
+    EXPECT_TRUE(PanelShows("nameplate/mid_page_0"));
+    Press(KEY_SOFT_3);
+    EXPECT_TRUE(PanelShows("nameplate/page_1"));
+}
+
+/// The texts of prompts below a thing that are wider than their prompt.
+void CollectTextsThatDoNotFit(const PegThing& thing, std::vector<std::u16string>& found) {
+    for (PegThing* child = thing.FirstChild(); child != nullptr; child = child->Next()) {
+        CollectTextsThatDoNotFit(*child, found);
+        if (child->Type() != TYPE_PROMPT) continue;
+        const auto& prompt = static_cast<const PegPrompt&>(*child);
+        const int width = PegScreen::TextWidth(prompt.Text(), prompt.Font());
+        if (width > prompt.ClientRect().Width()) found.emplace_back(prompt.Text());
+    }
+}
+
+TEST_F(Nameplate, FitsInEveryLanguage) {
+    Show(kNameplate);
+    for (std::uint32_t language = 0; language < 6; ++language) {
+        DISPCFG_setLanguage(language);
+        for (int page = 0; page < kPages; ++page) {
+            Ticks(41);
+            std::vector<std::u16string> found;
+            CollectTextsThatDoNotFit(*Navigation().getCurrentScreen(), found);
+            EXPECT_TRUE(found.empty()) << "language " << language << ", page " << page;
+            Press(KEY_SOFT_3);
+        }
+        for (int page = 1; page < kPages; ++page) Press(KEY_SOFT_2);
+    }
+    Press(KEY_SOFT_3);
+    EXPECT_TRUE(PanelShows("nameplate/russian"));
+}
+
+}  // namespace
