@@ -6,6 +6,10 @@
 
 MeterCall::MeterCall(const char* name) : m_name(name), m_buffer(rdaTaskBuffer()) {}
 
+MeterCall::~MeterCall() {
+    if (m_buffer != nullptr) std::memset(m_buffer, 0, m_size);
+}
+
 MeterCall& MeterCall::With(std::uint32_t value) {
     WireU32 field{};
     field.Set(value);
@@ -34,17 +38,14 @@ int MeterCall::Into(std::uint32_t& value) {
 }
 
 void MeterCall::Append(const void* bytes, std::size_t count) {
-    if (m_buffer == nullptr) return;
-    if (count > kRdaTaskBufferBytes - m_size) {
-        m_buffer = nullptr;
-        return;
-    }
+    m_fits = m_fits && count <= kRdaTaskBufferBytes - m_size;
+    if (m_buffer == nullptr || !m_fits) return;
     std::memcpy(m_buffer + m_size, bytes, count);
     m_size += count;
 }
 
 int MeterCall::Exchange(std::span<std::byte> reply) {
-    if (m_buffer == nullptr) return -1;
+    if (m_buffer == nullptr || !m_fits) return -1;
     const int done = RdaClient::instance().call(m_name, static_cast<std::uint32_t>(m_size), m_buffer,
                                                 static_cast<std::uint32_t>(reply.size()),
                                                 reinterpret_cast<std::uint8_t*>(reply.data()));

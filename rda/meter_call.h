@@ -9,10 +9,14 @@
 /// One call to the meter while it is put together: the payload piece by piece, then what the reply goes into.
 ///
 /// The payload grows in the calling task's buffer. Where that is missing or full, the call fails with -1 and the meter
-/// hears nothing. Used in one expression: `MeterCall("NAME").With(id).Into(record)`.
+/// hears nothing. Nothing of a payload stays in the buffer, for it may be a password. Used in one expression:
+/// `MeterCall("NAME").With(id).Into(record)`.
 class MeterCall {
 public:
     explicit MeterCall(const char* name);
+    MeterCall(const MeterCall&) = delete;
+    MeterCall& operator=(const MeterCall&) = delete;
+    ~MeterCall();
 
     MeterCall& With(std::uint32_t value);
     MeterCall& With(float value);
@@ -42,6 +46,7 @@ private:
     [[nodiscard]] int Exchange(std::span<std::byte> reply);
 
     const char* m_name;
-    std::uint8_t* m_buffer;  // the task's; null when the call cannot be made
+    std::uint8_t* const m_buffer;  // the task's, or null
     std::size_t m_size = 0;
+    bool m_fits = true;
 };

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cstring>
 #include <functional>
 #include <set>
@@ -165,6 +166,8 @@ TEST(MeterOperations, RefuseATextThatDoesNotFitAndLeaveTheLinkAlone) {
     EXPECT_EQ(SECURITYINTERFACE_verifyFrontPanelPassword(half.c_str(), (half + 'x').c_str(), word), -1);
     EXPECT_EQ(word, 77U) << "nothing was sent, so nothing is touched";
     EXPECT_EQ(SECURITYINTERFACE_verifyFrontPanelPassword(half.c_str(), half.c_str(), word), 0);
+    const std::span buffer(rdaTaskBuffer(), kRdaTaskBufferBytes);
+    EXPECT_TRUE(std::ranges::all_of(buffer, [](std::uint8_t byte) { return byte == 0; })) << "a password stays behind";
     (void)connectToServer("127.0.0.1", UnusedPort());
     EXPECT_EQ(meter.Stop().size(), 3U);
 }
