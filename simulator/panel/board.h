@@ -9,8 +9,8 @@
 #include <mutex>
 #include <thread>
 
-#include "simulator/panel/activity.h"
 #include "simulator/descriptor.h"
+#include "simulator/panel/activity.h"
 #include "simulator/panel/device_socket.h"
 #include "simulator/panel/devices.h"
 #include "simulator/panel/frame.h"
