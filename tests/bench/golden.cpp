@@ -68,7 +68,8 @@ Pixels Difference(const Pixels& a, const Pixels& b, std::size_t& differing) {
     const std::filesystem::path actual = std::filesystem::path(ACTUAL_DIR) / (name + ".png");
     const std::filesystem::path difference = std::filesystem::path(ACTUAL_DIR) / (name + ".difference.png");
     const Pixels pixels = Expand(frame, static_cast<std::size_t>(width) * static_cast<std::size_t>(height));
-    if (std::getenv("REWRITE_GOLDENS") != nullptr) {
+    const char* rewrite = std::getenv("REWRITE_GOLDENS");
+    if (rewrite != nullptr && *rewrite != 0) {
         if (Write(golden, pixels, width, height)) return ::testing::AssertionSuccess();
         return ::testing::AssertionFailure() << "cannot write " << golden;
     }
