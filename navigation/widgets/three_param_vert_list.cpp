@@ -11,8 +11,13 @@ constexpr std::uint32_t kTitlesBitmap = 159;
 constexpr std::uint32_t kSelectedBitmap = 143;
 
 constexpr std::uint32_t kTextColor = 21;
-constexpr std::uint32_t kTint = 93;   // of the selected cell's bitmap
-constexpr std::uint32_t kStrip = 94;  // of the titles' bitmap
+
+// What the bitmaps are filled with, for the edges of the letters.
+constexpr std::uint32_t kRowColor = 25;
+constexpr std::uint32_t kTintColor = 93;
+constexpr std::uint32_t kStripColor = 94;
+
+constexpr int kIndent = 6;  // pixels between a text and the edge of its cell
 
 constexpr std::uint32_t kRowStyle = kStyleTransparent | kStyleBorderNone;
 constexpr std::uint32_t kNameStyle = kRowStyle | kStyleTextLeft;
@@ -35,6 +40,14 @@ PegRect CellIn(const PegRect& row, std::size_t column) {
     return RectOf(row.left, row.top, names, row.bottom);
 }
 
+PegBitmapPrompt& AddCell(PegThing& row, std::size_t column, std::uint32_t ground) {
+    const std::uint32_t style = column == 0 ? kNameStyle : kValueStyle;
+    PegBitmapPrompt& cell = AddNew<PegBitmapPrompt>(row, CellIn(row.Real(), column), nullptr, std::uint16_t{0}, style);
+    cell.SetTextIndent(kIndent);
+    cell.SetColor(kBackground, ground);
+    return cell;
+}
+
 PegBitmapPrompt& AddBand(PegThing& parent, const PegRect& place, std::uint32_t bitmap) {
     PegBitmapPrompt& band = AddNew<PegBitmapPrompt>(parent, place, nullptr, std::uint16_t{0}, kRowStyle);
     band.SetBitmapNumber(PegBitmapPrompt::Background, bitmap);
@@ -47,9 +60,7 @@ threeParamVertList::threeParamVertList(int top) : PegWindow(PlaceUnder(top), 0, 
     ClearStatusBits(STAT_VIEWPORT);  // part of a screen, not a region of its own
     PegBitmapPrompt& titles = AddBand(*this, Real(), kTitlesBitmap);
     for (std::size_t column = 0; column < m_headers.size(); ++column) {
-        m_headers[column] = &AddNew<PegPrompt>(titles, CellIn(Real(), column), nullptr, std::uint16_t{0},
-                                               column == 0 ? kNameStyle : kValueStyle);
-        m_headers[column]->SetColor(kBackground, kStrip);
+        m_headers[column] = &AddCell(titles, column, kStripColor);
     }
 }
 
@@ -60,13 +71,12 @@ bool threeParamVertList::addRow() {
     Resize(RectOf(Real().left, Real().top, Real().right, place.bottom));
     PegBitmapPrompt& background = AddBand(*this, place, m_rowCount == 0 ? kFirstRowBitmap : kRowBitmap);
     Row& row = m_rows[m_rowCount];
-    row.name = &AddNew<PegPrompt>(background, CellIn(place, 0), nullptr, std::uint16_t{0}, kNameStyle);
-    for (std::size_t i = 0; i < kValueColumns; ++i) {
-        row.values[i] =
-            &AddNew<PegBitmapPrompt>(background, CellIn(place, 1 + i), nullptr, std::uint16_t{0}, kValueStyle);
-        row.values[i]->SetBitmapNumber(PegBitmapPrompt::HighlightBackground, kSelectedBitmap);
-        row.values[i]->SetColor(kHighlightText, kTextColor);
-        row.values[i]->SetColor(kHighlightBackground, kTint);
+    for (std::size_t column = 0; column < row.size(); ++column) {
+        row[column] = &AddCell(background, column, kRowColor);
+        if (column == 0) continue;
+        row[column]->SetBitmapNumber(PegBitmapPrompt::HighlightBackground, kSelectedBitmap);
+        row[column]->SetColor(kHighlightText, kTextColor);
+        row[column]->SetColor(kHighlightBackground, kTintColor);
     }
     if (m_rowCount > 0) clearSelectionLook();
     ++m_rowCount;
@@ -98,9 +108,4 @@ int threeParamVertList::selectedRow() const {
 
 int threeParamVertList::selectedColumn() const {
     return m_rowCount > 0 ? static_cast<int>(m_selection % kValueColumns) : kNothingSelected;
-}
-
-PegPrompt& threeParamVertList::cell(std::size_t row, std::size_t column) {
-    Row& cells = m_rows[row];
-    return column == 0 ? *cells.name : *cells.values[column - 1];
 }

@@ -30,23 +30,20 @@ public:
     int selectedRow() const;
     int selectedColumn() const;
 
-    /// The title of value column 1 or 2.
+    /// The title of value column 1 or 2; 0 that over the names.
     PegPrompt& header(std::size_t column) { return *m_headers[column]; }
 
     /// A cell of a row counted from 0: 0 the name, 1 and 2 the values.
-    PegPrompt& cell(std::size_t row, std::size_t column);
+    PegPrompt& cell(std::size_t row, std::size_t column) { return *m_rows[row][column]; }
 
 private:
-    struct Row {
-        PegPrompt* name = nullptr;
-        std::array<PegBitmapPrompt*, kValueColumns> values{};
-    };
+    using Row = std::array<PegBitmapPrompt*, 1 + kValueColumns>;  // children: name, values
 
-    PegBitmapPrompt& Selected() { return *m_rows[m_selection / kValueColumns].values[m_selection % kValueColumns]; }
+    PegBitmapPrompt& Selected() { return *m_rows[m_selection / kValueColumns][1 + m_selection % kValueColumns]; }
     void Select(std::size_t selection);
 
-    std::array<PegPrompt*, 1 + kValueColumns> m_headers{};  // children: name column, value columns
-    std::array<Row, kMostRows> m_rows{};                    // children
+    Row m_headers{};
+    std::array<Row, kMostRows> m_rows{};
     std::size_t m_rowCount = 0;
     std::size_t m_selection = 0;  // row * kValueColumns + value column
 };
