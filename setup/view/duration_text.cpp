@@ -1,5 +1,6 @@
 #include "setup/view/duration_text.h"
 
+#include <algorithm>
 #include <charconv>
 #include <cstdint>
 #include <cstdio>

@@ -5,6 +5,7 @@
 #include "localization/localization.h"
 #include "navigation/font_for_size.h"
 #include "navigation/geometry.h"
+#include "navigation/widgets/composed_text.h"
 #include "navigation/widgets/show_text.h"
 #include "peg/core/screen.h"
 #include "peg/resources/resources.h"
@@ -24,17 +25,24 @@ constexpr std::uint32_t kValueStyle = kStyleActive | kStyleTransparent | kStyleT
 static_assert(kStyle == 0xC0000041 && kValueStyle == 0xC0000021);
 
 constexpr std::int32_t kFont = FontForSize(13, kPanelHeight);
-constexpr std::uint32_t kNotYetRead = 538;
 constexpr int kAfterName = Divided(kPanelWidth, 12.8);
 static_assert(kAfterName == 25);
+constexpr int kIndent = 5;  // between a text and the end of the line
 
 PegRect LinePlace() { return RectOf(1, 1, PegResources::BitmapWidth(kBitmap), PegResources::BitmapHeight(kBitmap)); }
 
-PegPrompt& AddText(PegThing& line, std::uint32_t style) {
-    PegPrompt& text = AddNew<PegPrompt>(line, line.Real(), LocalizedString(kNotYetRead), std::uint16_t{0}, style);
+PegBitmapPrompt& AddText(PegThing& line, std::uint32_t style) {
+    PegBitmapPrompt& text = AddNew<PegBitmapPrompt>(line, line.Real(), nullptr, std::uint16_t{0}, style);
     text.SetFontNumber(kFont);
+    text.SetTextIndent(kIndent);
     text.SetColor(kBackground, kGround);
     return text;
+}
+
+template <std::size_t size>
+std::array<char16_t, size> NotYetRead() {
+    constexpr std::uint32_t kNotYetRead = 538;
+    return ComposedText<size>().Add(LocalizedString(kNotYetRead)).Units();
 }
 
 }  // namespace
@@ -46,6 +54,8 @@ SettingLine::SettingLine(Place place)
     SetBitmapNumber(Background, place == Place::First ? kFirstBitmap : kBitmap);
     SetBitmapNumber(HighlightBackground, kSelectedBitmap);
     DivideAfterName(Real().Width() / 2 + kAfterName);
+    ShowText(m_name, m_nameText, NotYetRead<std::tuple_size_v<Name>>());
+    ShowText(m_value, m_valueText, NotYetRead<std::tuple_size_v<Value>>());
 }
 
 void SettingLine::Show(const Name& name, const Value& value) {

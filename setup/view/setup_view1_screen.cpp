@@ -1,8 +1,5 @@
 #include "setup/view/setup_view1_screen.h"
 
-#include <cstdio>
-#include <cstdlib>
-
 #include "localization/localization.h"
 #include "navigation/geometry.h"
 #include "navigation/meter_access.h"
