@@ -168,12 +168,15 @@ consteval bool EveryViewHasOneContent() {
 }
 static_assert(EveryViewHasOneContent());
 
-/// True when both ways of a switch point are pages, and the one without a question is that of the setup view table.
+/// True when a switch point lies on a page in large type, leads to pages, and to that of the setup view table when an
+/// address is stored.
 constexpr bool AgreesWithChain(const SwitchPointRow& row) {
-    const SetupViewRow* view = FindSetupView(row.screen);
-    return view != nullptr && FindRow(kLargeSettingsRows, &LargeSettingsRow::screen, row.screen) != nullptr &&
-           (row.step == ChainStep::Previous ? view->previous : view->next) == row.whenStored &&
-           IsSetupView(row.otherwise);
+    const auto isTheWay = [&row](const SetupViewRow& view) {
+        return view.screen == row.screen &&
+               (row.step == ChainStep::Previous ? view.previous : view.next) == row.whenStored;
+    };
+    return std::ranges::any_of(kSetupViewRows, isTheWay) && IsSetupView(row.otherwise) &&
+           std::ranges::count(kLargeSettingsRows, row.screen, &LargeSettingsRow::screen) == 1;
 }
 static_assert(kSwitchPointRows.size() == 4 && std::ranges::all_of(kSwitchPointRows, AgreesWithChain));
 static_assert(AllDiffer(kSwitchPointRows, &SwitchPointRow::screen), "a page has two switch points");

@@ -38,8 +38,9 @@ setupView1ScrnClass::setupView1ScrnClass(const SetupViewRow& row, const SettingL
         m_list.AddChildAtEnd(*m_lines[i]);
     }
     SelectLine(0);
-    SetSoftKeyImage(kNextLineKey, KeyImage::NextLine);
-    m_keys.Enable(kNextLineKey, content.Count() > 1);
+    const bool hasNextLine = content.Count() > 1;
+    if (hasNextLine) SetSoftKeyImage(kNextLineKey, KeyImage::NextLine);
+    m_keys.Enable(kNextLineKey, hasNextLine);
 }
 
 std::int32_t setupView1ScrnClass::EditTarget() const { return m_content.lines[SelectedLine()].editScreen; }

@@ -1,7 +1,6 @@
 #include "setup/view/setup_view3_screen.h"
 
 #include <algorithm>
-#include <string>
 
 #include "localization/localization.h"
 #include "navigation/geometry.h"
@@ -28,7 +27,9 @@ constexpr int kAfterIcon = 3;
 int IconColumn() { return kGap + PegResources::BitmapWidth(kAnIcon); }
 
 constexpr std::array<std::uint32_t, 4> kAlarmIcons = {0, 91, 85, 90};  // by kind
-constexpr std::size_t kLongestAlarm = 30;                              // with their ends
+
+// Characters of a name, with its end, and of a value.
+constexpr std::size_t kLongestAlarm = 30;
 constexpr std::size_t kLongestLabel = 64;
 constexpr std::size_t kLongestValue = 44;
 constexpr std::string_view kYes = "Yes";

@@ -44,7 +44,7 @@ private:
 /// Creates the screen for a row of a table of contents and registers it with the navigation handler.
 template <typename Screen, typename Row>
 void CreateSetupView(const Row& content) {
-    const SetupViewRow* row = FindSetupView(content.screen);
+    const SetupViewRow* row = FindRow(kSetupViewRows, &SetupViewRow::screen, content.screen);
     if (row == nullptr) {
         std::printf("\n\nERROR: Derived screen not added to Setup Base class!!\n\n");
         return;

@@ -52,11 +52,9 @@ inline constexpr auto kSetupViewRows = std::to_array<SetupViewRow>({
 });
 // clang-format on
 
-constexpr const SetupViewRow* FindSetupView(std::int32_t screen) {
-    return FindRow(kSetupViewRows, &SetupViewRow::screen, screen);
+constexpr bool IsSetupView(std::int32_t screen) {
+    return std::ranges::find(kSetupViewRows, screen, &SetupViewRow::screen) != kSetupViewRows.end();
 }
-
-constexpr bool IsSetupView(std::int32_t screen) { return FindSetupView(screen) != nullptr; }
 constexpr bool IsSetupViewOrNone(std::int32_t screen) { return screen == kNoScreen || IsSetupView(screen); }
 
 static_assert(kSetupViewRows.size() == 30);

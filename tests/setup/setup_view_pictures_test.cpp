@@ -13,6 +13,17 @@ TEST_F(SetupViewPictures, ShowEveryPage) {
     }
 }
 
+TEST_F(SetupViewPictures, ShowWhatIsSelected) {
+    Open(132);
+    Press(KEY_SOFT_1, 3);
+    EXPECT_TRUE(PanelShows("setup/view_fourth_line")) << "without an edit screen";
+    Open(103);
+    Press(KEY_SOFT_1);
+    EXPECT_TRUE(PanelShows("setup/view_next_value"));
+    KeyDown(KEY_SOFT_1);
+    EXPECT_TRUE(PanelShows("setup/view_held_key"));
+}
+
 TEST_F(SetupViewPictures, ShowTheDialogs) {
     Open(100);
     Press(KEY_SOFT_4);
