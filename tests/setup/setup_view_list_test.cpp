@@ -1,5 +1,6 @@
 #include <cstring>
 
+#include "tests/bench/allocation_count.h"
 #include "tests/setup/setup_view_bench.h"
 
 namespace {
@@ -150,6 +151,17 @@ TEST_F(SetupViewLists, TakeTheFirstOfMoreThan150Alarms) {
     Ticks(20);
     EXPECT_EQ(::testing::internal::GetCapturedStdout(), "ERROR: Alarms buffer is too small!\n");
     Alarms(150);
+    EXPECT_EQ(Steps(KEY_SOFT_3), 145);
+}
+
+TEST_F(SetupViewLists, TakeNothingFromTheHeapHoweverManyAlarmsComeAndGo) {
+    Open(kAlarmScreen);
+    for (const std::uint32_t count : {150U, 0U, 6U, 150U}) {
+        Alarms(count);
+        const long before = AllocationCount::taken;
+        Ticks(20);
+        EXPECT_EQ(AllocationCount::taken, before) << count;
+    }
     EXPECT_EQ(Steps(KEY_SOFT_3), 145);
 }
 
