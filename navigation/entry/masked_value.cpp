@@ -69,7 +69,7 @@ EntryResult MaskedValue::setValue(std::string_view text) {
     if (text.size() > kLongest) return EntryResult::TooLong;
     if (text.empty() || text.size() > m_size) return EntryResult::WrongLength;
     Text cells{};
-    if (!Fit(text, cells)) return EntryResult::DoesNotFit;
+    if (std::ranges::none_of(text, IsDigit) || !Fit(text, cells)) return EntryResult::DoesNotFit;
     const EntryResult result = Validate(cells);
     if (result == EntryResult::Accepted) m_cells = cells;
     return result;
@@ -77,16 +77,7 @@ EntryResult MaskedValue::setValue(std::string_view text) {
 
 void MaskedValue::clear() {
     m_cells.fill('\0');
-    for (std::size_t place = 0; place < m_size; ++place) m_cells[place] = ZeroAt(place);
-}
-
-char MaskedValue::ZeroAt(std::size_t place) const {
-    switch (m_mask[place]) {
-        case kDigit: return '0';
-        case kOptionalDigit: return kBlank;
-        case kSign: return '+';
-    }
-    return m_mask[place];
+    static_cast<void>(Fit({}, m_cells));  // an empty text fits every mask
 }
 
 void MaskedValue::CursorToLast() {
@@ -103,7 +94,6 @@ std::size_t MaskedValue::GroupAt(std::size_t place) const {
 }
 
 bool MaskedValue::Fit(std::string_view text, Text& cells) const {
-    if (std::ranges::none_of(text, IsDigit)) return false;
     for (std::size_t place = 0; place < m_size;) {
         const std::size_t length = GroupAt(place);
         if (length > 0) {
@@ -126,7 +116,7 @@ bool MaskedValue::Fit(std::string_view text, Text& cells) const {
 void MaskedValue::FillGroup(std::size_t place, std::size_t length, std::string_view digits, Text& cells) const {
     const bool isFraction = m_mask[place] == kDigit && m_mask[place + length - 1] == kOptionalDigit;
     const std::size_t before = isFraction ? 0 : length - digits.size();
-    for (std::size_t i = 0; i < length; ++i) cells[place + i] = isFraction ? '0' : ZeroAt(place + i);
+    for (std::size_t i = 0; i < length; ++i) cells[place + i] = m_mask[place + i] == kDigit || isFraction ? '0' : kBlank;
     std::copy(digits.begin(), digits.end(), cells.begin() + place + before);
 }
 

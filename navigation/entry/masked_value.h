@@ -56,7 +56,6 @@ private:
     std::size_t GroupAt(std::size_t place) const;
     void FillGroup(std::size_t place, std::size_t length, std::string_view digits, Text& cells) const;
     EntryResult Validate(const Text& cells) const;
-    char ZeroAt(std::size_t place) const;
     bool StopsAtCursor();
     void CursorToLast();
 

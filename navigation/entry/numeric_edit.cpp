@@ -17,29 +17,33 @@ constexpr std::uint32_t kPaper = 15;
 constexpr std::uint32_t kAccent = 86;
 constexpr std::int32_t kFrameWidth = 2;
 
-/// A size of the cells: what they are larger than their characters, and the row larger than its cells.
+/// A size of the cells: how much larger they are than their characters.
 struct CellSize {
     std::uint32_t font;
-    int aroundCharacter;
-    int aroundCells;
+    int margin;
 };
-constexpr CellSize kLarge = {43, Divided(kPanelWidth, 80.0), Divided(kPanelWidth, 40.0)};
-constexpr CellSize kSmall = {40, Divided(kPanelWidth, 320.0), Divided(kPanelWidth, 22.85)};
-static_assert(kLarge.aroundCharacter == 4 && kLarge.aroundCells == 8);
-static_assert(kSmall.aroundCharacter == 1 && kSmall.aroundCells == 14);
+constexpr CellSize kLarge = {43, Divided(kPanelWidth, 80.0)};
+constexpr CellSize kSmall = {40, Divided(kPanelWidth, 320.0)};
+static_assert(kLarge.margin == 4 && kSmall.margin == 1);
 
 constexpr bool IsSeparator(char inMask) { return inMask != '#' && inMask != '?' && inMask != 'S'; }
 
 int CellWidth(char inMask, const CellSize& size) {
     const PegFont* font = PegResources::GetFont(size.font);
-    if (!IsSeparator(inMask)) return WidthOf(u"M", font) + size.aroundCharacter;
+    if (!IsSeparator(inMask)) return WidthOf(u"M", font) + size.margin;
     const char16_t separator = static_cast<unsigned char>(inMask);
     return WidthOf({&separator, 1}, font) / 4;
 }
 
+/// The place of a cell in its row, which lays it out from left to right.
+PegRect CellPlace(char inMask, const CellSize& size) {
+    const int height = PegScreen::FontHeight(PegResources::GetFont(size.font)) + size.margin;
+    return RectOf(0, 0, CellWidth(inMask, size), height);
+}
+
 int RowWidth(std::string_view mask, const CellSize& size) {
-    return std::accumulate(mask.begin(), mask.end(), size.aroundCells,
-                           [&size](int sum, char inMask) { return sum + CellWidth(inMask, size); });
+    return std::accumulate(mask.begin(), mask.end(), 0,
+                           [&size](int sum, char inMask) { return sum + CellPlace(inMask, size).Width(); });
 }
 
 }  // namespace
@@ -99,15 +103,15 @@ void numericEdit::step() {
 void numericEdit::LayOut() {
     const std::string_view mask = m_value.Mask();
     const CellSize& size = RowWidth(mask, kLarge) <= Real().Width() ? kLarge : kSmall;
+    const PegRect cell = CellPlace(mask.front(), size);
     const int width = RowWidth(mask, size);
-    const int height = PegScreen::FontHeight(PegResources::GetFont(size.font)) + size.aroundCharacter;
     const int left = Real().left + (Real().Width() - width) / 2;
-    m_row.Resize(RectOf(left, Real().top + (Real().Height() - height) / 2, left + width,
-                        Real().top + (height + Real().Height()) / 2));
-    for (auto& cell : m_cells) cell.TakeOff();
+    const int top = Real().top + (Real().Height() - cell.Height()) / 2;
+    m_row.Resize(RectOf(left, top, left + width - 1, top + cell.Height() - 1));
+    for (auto& spare : m_cells) spare.TakeOff();
     for (std::size_t i = 0; i < mask.size(); ++i) {
         m_cells[i]->SetFontNumber(size.font);
-        m_cells[i]->Resize(RectOf(0, 0, CellWidth(mask[i], size), height));
+        m_cells[i]->Resize(CellPlace(mask[i], size));
         m_row.AddChildAtEnd(*m_cells[i]);
     }
     Invalidate();
@@ -123,7 +127,7 @@ void numericEdit::Draw(const PegRect& invalid) {
     DrawingPass pass(*this, invalid);
     PegWindow::Draw(invalid);
     if (m_value.Size() == 0) return;
-    const PegRect& row = m_row.Real();
-    toolkit.screen->DrawRectangle(RectOf(row.left - 1, row.top - 1, row.right + 2, row.bottom + 2),
+    // Outside the cells, so that a cell can be drawn again alone.
+    toolkit.screen->DrawRectangle(Inset(m_row.Real(), -kFrameWidth),
                                   PegBrush(PegResources::GetColor(kAccent), 0, 0, kFrameWidth));
 }
