@@ -3,13 +3,13 @@
 #include <string>
 
 #include "navigation/password_handler.h"
+#include "peg/core/window.h"
 #include "rda/meter_operations.h"
 #include "setup/edit/choice_screen.h"
 #include "setup/edit/list_screen.h"
 #include "setup/edit/value_screen.h"
 #include "tests/bench/panel_bench.h"
 #include "tests/bench/wire_text.h"
-#include "tests/peg/recorder.h"
 
 /// The screens that edit settings, each opened from the same plain window, with a login that the meter has accepted.
 class SetupEditBench : public PanelBench {
@@ -21,7 +21,7 @@ protected:
 
     SetupEditBench() {
         for (const std::int32_t id : {kHome, kView}) {
-            Navigation().addScreen(id, *new Recorder(RectOf(0, 0, 319, 239)), SCREEN_KIND_SETUP_VIEW);
+            Navigation().addScreen(id, *new PegWindow(RectOf(0, 0, 319, 239)), SCREEN_KIND_SETUP_VIEW);
         }
         CreateSetupEdit1Screens();
         CreateSetupEdit4Screens();
