@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include <set>
+#include <vector>
 
 #include "localization/display_config.h"
 #include "setup/edit/signed_time.h"
@@ -35,6 +36,31 @@ TEST_F(EditDialog, IsCancelledByLeavingTheScreen) {
         Open(kWhole);
         EXPECT_TRUE(PanelShows("setup/edit_whole")) << "read again, and no dialog";
         Show(kView);
+    }
+}
+
+TEST_F(EditDialog, StoresWhatTheQuestionWasAboutWhateverKeysFollow) {
+    Refuse("no");
+    for (const std::int32_t screen : {101, kWhole, 199}) {
+        std::vector<ScriptedMeter::Bytes> written;
+        for (const bool withOtherKeys : {false, true}) {
+            Show(kView);
+            Open(screen);
+            Press(KEY_SOFT_3);
+            Press(KEY_SOFT_2_3);
+            Press(KEY_SOFT_4);
+            if (withOtherKeys) {
+                for (const KeyCode key : {KEY_SOFT_3, KEY_SOFT_2_3, KEY_SOFT_3, KEY_SOFT_2_3}) Press(key);
+            }
+            Press(KEY_SOFT_4);
+            EXPECT_EQ(meter().Calls(kWrite), 1) << screen;
+            written.push_back(meter().LastPayload(kWrite));
+            for (const KeyCode key : {KEY_SOFT_3, KEY_SOFT_2_3}) Press(key);  // a message is open now
+            Press(KEY_SOFT_4, 3);
+            EXPECT_EQ(meter().Calls(kWrite), 2) << screen;
+            written.push_back(meter().LastPayload(kWrite));
+        }
+        for (const auto& payload : written) EXPECT_EQ(payload, written.front()) << screen;
     }
 }
 
