@@ -51,4 +51,4 @@ static_assert(AllEdit(kChoiceRows, &ChoiceRow::screen, EditForm::Value), "a scre
 
 /// The screen that chooses the language, whose items are each shown in their own.
 inline constexpr std::int32_t kLanguageScreen = 180;
-static_assert(FindRow(kChoiceRows, &ChoiceRow::screen, kLanguageScreen) != nullptr);
+static_assert(std::ranges::count(kChoiceRows, kLanguageScreen, &ChoiceRow::screen) == 1);

@@ -89,7 +89,9 @@ static_assert(AllDiffer(kSetupEditRows, &SetupEditRow::title), "two screens have
 template <typename Table, typename Field>
 constexpr bool AllEdit(const Table& table, Field screen, EditForm form) {
     return std::ranges::all_of(table, [screen, form](const auto& row) {
-        const SetupEditRow* titled = FindRow(kSetupEditRows, &SetupEditRow::screen, std::invoke(screen, row));
-        return titled != nullptr && titled->form == form;
+        const std::int32_t id = std::invoke(screen, row);
+        return std::ranges::any_of(kSetupEditRows, [id, form](const SetupEditRow& titled) {
+            return titled.screen == id && titled.form == form;
+        });
     });
 }
