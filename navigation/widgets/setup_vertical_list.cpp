@@ -31,6 +31,7 @@ constexpr std::uint32_t kFont = 33;
 constexpr std::uint32_t kStripColor = 94;  // that of the strip's bitmap
 constexpr std::uint32_t kSelectedText = 0;
 constexpr std::uint32_t kSelectedColor = 25;
+constexpr std::uint32_t kTint = 93;  // that of the selected row's bitmap
 
 PegRect ItemPlace() {
     return RectOf(1, 1, PegResources::BitmapWidth(kRowBitmap), PegResources::BitmapHeight(kRowBitmap));
@@ -42,7 +43,7 @@ SetupListItem::SetupListItem(SetupItemLook look, std::uint32_t label, std::uint3
     : PegBitmapPrompt(ItemPlace(), nullptr, std::uint16_t{0}, kItemStyle), m_label(label) {
     SetFontNumber(kFont);
     SetColor(kHighlightText, kSelectedText);
-    SetColor(kHighlightBackground, kSelectedColor);
+    SetColor(kHighlightBackground, look == SetupItemLook::ShowSelected ? kTint : kSelectedColor);
     SetBitmapNumber(Background, kRowBitmap);
     SetBitmapNumber(HighlightBackground, look == SetupItemLook::ShowSelected ? kSelectedRowBitmap : kRowBitmap);
     SetBitmapNumber(LeftIcon, leftIcon);

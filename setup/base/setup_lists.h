@@ -38,3 +38,6 @@ inline constexpr std::size_t kMaxSettableAlarms = 150;
 /// Check marks of a list's items: what is on, and the other look that the meter may choose for an alarm.
 inline constexpr std::uint32_t kCheckMark = 224;
 inline constexpr std::uint32_t kOtherCheckMark = 225;
+
+/// Pixels before the text of an item without an icon on its left, so that it stands under the title of its column.
+inline constexpr int kItemIndent = 10;
