@@ -22,6 +22,13 @@
 #include "screens/parameters/custom_screen.h"
 #include "screens/parameters/parameter_screen.h"
 #include "screens/phasor/phasor_screen.h"
+#include "setup/edit/choice_screen.h"
+#include "setup/edit/list_screen.h"
+#include "setup/edit/value_screen.h"
+#include "setup/view/setup_view1_screen.h"
+#include "setup/view/setup_view2_screen.h"
+#include "setup/view/setup_view3_screen.h"
+#include "setup/view/setup_view5_screen.h"
 
 namespace {
 
@@ -44,18 +51,11 @@ constexpr DisplayCommands kCommands = {
 /// Each creates the screens of one family and registers them. Of two screens under one id the later counts.
 using ScreenCreator = void (*)();
 constexpr auto kScreenCreators = std::to_array<ScreenCreator>({
-    CreateParameterScreens,
-    CreateMinMaxScreens,
-    CreatePhasorScreen,
-    CreateHarmonicScreens,
-    CreateActiveAlarmScreens,
-    CreateHistoricalAlarmScreens,
-    CreateMinMaxBarScreens,
-    CreateEventScreens,
-    CreateNameplateScreens,
-    CreateMetrologicalScreens,
-    CreateCustomScreens,
-    CreateIoScreens,
+    CreateParameterScreens,   CreateMinMaxScreens,          CreatePhasorScreen,      CreateHarmonicScreens,
+    CreateActiveAlarmScreens, CreateHistoricalAlarmScreens, CreateMinMaxBarScreens,  CreateEventScreens,
+    CreateNameplateScreens,   CreateMetrologicalScreens,    CreateCustomScreens,     CreateIoScreens,
+    CreateSetupView1Screens,  CreateSetupView2Screen,       CreateSetupView5Screens, CreateSetupEdit1Screens,
+    CreateSetupView3Screens,  CreateSetupEdit4Screens,      CreateSetupEdit2Screens,
 });
 
 int ReadSelection(std::uint32_t registerId, std::uint32_t& selected) {
