@@ -15,6 +15,7 @@
 #include "screens/events/event_screens.h"
 #include "screens/extremes/minmax_bar_screen.h"
 #include "screens/extremes/minmax_screen.h"
+#include "screens/factory_test/display_test_screen.h"
 #include "screens/harmonics/harmonic_screen.h"
 #include "screens/io/io_screen.h"
 #include "screens/metrological/metrological_screen.h"
@@ -70,6 +71,7 @@ void BuildApplication(PegThing& parent) {
     backlightTimeoutInit();
     DISPCFG_init({.readSelection = ReadSelection, .setOutputLine = VEKHWIF_setGpio});
     navigationHandlerClass& navigation = navigationHandlerClass::getInstance();
+    CreateFactoryTestScreen();
     static_cast<void>(startButtonTask());
     startOneSecondTask();
     CreateMenuScreens();
