@@ -9,7 +9,7 @@
 
 namespace {
 
-constexpr int kSteps = 12'000;
+constexpr int kSteps = 40'000;
 constexpr int kDialogTicks = 200;
 constexpr std::string_view kWrite = "PDMINTERFACE_setRegisterValue";
 constexpr std::string_view kVerify = "SECURITYINTERFACE_verifyFrontPanelPassword";
