@@ -150,7 +150,7 @@ TEST_F(Display, ChangesTheLanguageByKeys) {
     press({Soft3, Soft4});
     EXPECT_EQ(ToMeter("get 1914"), "ok Language: English ") << "nothing is written before the confirmation";
     press({Soft4});
-    EXPECT_TRUE(Eventually([this] { return ToMeter("get 1914") == "ok Language: Deutsch "; }));
+    EXPECT_TRUE(Eventually([this] { return ToMeter("get 1914") == "ok Language: German "; }));
     EXPECT_TRUE(Eventually([&] { return TitleBand() != english; })) << "the title follows";
     const auto german = TitleBand();
     ToMeter("language 0");
