@@ -1,7 +1,6 @@
 #include "peg/resources/packed_glyphs.h"
 
 #include <algorithm>
-#include <array>
 #include <bit>
 #include <cstring>
 #include <memory>
@@ -10,11 +9,9 @@ namespace {
 
 constexpr int kPixelsPerStep = 4;
 constexpr int kStepsPerWord = 4;
+constexpr int kPixelsPerWord = kStepsPerWord * kPixelsPerStep;
 
 static_assert(std::endian::native == std::endian::little, "a word's lowest byte comes first in memory");
-
-/// What of a step remains when only its first 1 to 4 pixels count.
-constexpr std::array<std::uint16_t, kPixelsPerStep> kFirstPixels = {0x00F0, 0x00FF, 0xF0FF, 0xFFFF};
 
 /// 16 pixels of a row from any column on, the first in the upper half of the lowest byte.
 std::uint64_t PixelsAt(const std::uint8_t* row, int column) {
@@ -26,14 +23,24 @@ std::uint64_t PixelsAt(const std::uint8_t* row, int column) {
     return (word << 4 & kUpperHalves) | (next >> 4 & ~kUpperHalves);
 }
 
-/// Writes a row of a glyph in whole words, of which `steps` steps count. @return whether there is ink in it
-bool PackRow(std::uint16_t* to, const std::uint8_t* row, int column, int width, int steps) {
-    for (int step = 0; step < steps; step += kStepsPerWord) {
-        const std::uint64_t pixels = PixelsAt(row, column + step * kPixelsPerStep);
-        std::memcpy(to + step, &pixels, sizeof pixels);
+/// What of a glyph's last word of 16 pixels remains when only its first 1 to 16 pixels count.
+std::uint64_t FirstPixels(int count) {
+    std::uint64_t mask = 0;
+    for (int pixel = 0; pixel < count; ++pixel)
+        mask |= std::uint64_t{0xF} << (8 * (pixel / 2) + (pixel % 2 == 0 ? 4 : 0));
+    return mask;
+}
+
+/// Writes a row of a glyph in `words` words; of the last one, what `lastPixels` covers. @return whether there is ink
+bool PackRow(std::uint16_t* to, const std::uint8_t* row, int column, int words, std::uint64_t lastPixels) {
+    std::uint64_t ink = 0;
+    for (int word = 0; word < words; ++word, to += kStepsPerWord, column += kPixelsPerWord) {
+        std::uint64_t pixels = PixelsAt(row, column);
+        if (word + 1 == words) pixels &= lastPixels;
+        std::memcpy(to, &pixels, sizeof pixels);
+        ink |= pixels;
     }
-    if (steps > 0) to[steps - 1] &= kFirstPixels[static_cast<std::size_t>((width - 1) % kPixelsPerStep)];
-    return std::any_of(to, to + steps, [](std::uint16_t step) { return step != 0; });
+    return ink != 0;
 }
 
 int StepsFor(int width) { return (width + kPixelsPerStep - 1) / kPixelsPerStep; }
@@ -53,9 +60,11 @@ PackedGlyphs PackGlyphs(const std::uint8_t* rows, int height, int bytesPerRow, s
     for (std::size_t i = 0; i < count; ++i) {
         const int stepsPerRow = StepsFor(widthOf(i));
         PackedGlyph glyph{static_cast<std::uint32_t>(end - steps.get()), static_cast<std::uint16_t>(stepsPerRow), 0, 0};
+        const int words = (widthOf(i) + kPixelsPerWord - 1) / kPixelsPerWord;
+        const std::uint64_t lastPixels = FirstPixels(widthOf(i) - (words - 1) * kPixelsPerWord);
         std::uint16_t* to = end;
         for (int y = 0; y < height; ++y) {
-            const bool hasInk = PackRow(to, rows + y * bytesPerRow, offsets[i], widthOf(i), stepsPerRow);
+            const bool hasInk = PackRow(to, rows + y * bytesPerRow, offsets[i], words, lastPixels);
             if (!hasInk && to == end && glyph.rows == 0) {
                 glyph.top = static_cast<std::uint8_t>(y + 1);
                 continue;

@@ -40,7 +40,8 @@ bool IsBelievable(std::size_t claimed, std::size_t stored, bool compressed) {
     return compressed ? claimed / kMostExpansion <= stored : claimed == stored;
 }
 
-bool ReadPage(FieldReader& fields, LoadedPage& loaded) {
+/// @param rows  room for the page's rows, used again for the next page
+bool ReadPage(FieldReader& fields, std::vector<std::uint8_t>& rows, LoadedPage& loaded) {
     PegFont& page = loaded.page;
     page.flags = fields.U8();
     page.ascent = fields.U8();
@@ -67,7 +68,7 @@ bool ReadPage(FieldReader& fields, LoadedPage& loaded) {
     if (!std::is_sorted(loaded.offsets.begin(), loaded.offsets.end())) return false;
     if (loaded.offsets.back() > page.bytesPerRow * page.PixelsPerByte()) return false;
 
-    std::vector<std::uint8_t> rows(glyphBytes + kPackingReadsBeyond);
+    rows.resize(std::max(rows.size(), glyphBytes + kPackingReadsBeyond));
     if (!ReadData(fields, stored, compressed, std::span(rows).first(glyphBytes))) return false;
     page.flags &= static_cast<std::uint8_t>(~PegFont::kCompressed);
     page.offsets = loaded.offsets.data();
@@ -75,7 +76,7 @@ bool ReadPage(FieldReader& fields, LoadedPage& loaded) {
         loaded.packed = PackGlyphs(rows.data(), page.height, page.bytesPerRow, loaded.offsets);
         page.packed = &loaded.packed;
     } else {
-        loaded.glyphs = std::move(rows);
+        loaded.glyphs.assign(rows.begin(), rows.begin() + static_cast<std::ptrdiff_t>(glyphBytes));
         page.glyphs = loaded.glyphs.data();
     }
     return true;
@@ -87,10 +88,11 @@ bool ReadFont(FieldReader& fields, PegResourceSet& set) {
     if (!fields.Ok() || pageCount == 0) return false;
 
     LoadedFont font;
+    std::vector<std::uint8_t> rows;
     font.number = kFirstFontNumber + static_cast<std::uint32_t>(set.fonts.size());
     for (int i = 0; i < pageCount; ++i) {
         auto page = std::make_unique<LoadedPage>();
-        if (!ReadPage(fields, *page)) return false;
+        if (!ReadPage(fields, rows, *page)) return false;
         if (i > 0) font.pages.back()->page.next = &page->page;
         font.pages.push_back(std::move(page));
     }
