@@ -1,30 +1,9 @@
 #include "app/application.h"
 #include "screens/base/screen_info_table.h"
+#include "tests/bench/meter_texts.h"
 #include "tests/bench/panel_bench.h"
-#include "tests/bench/wide_texts.h"
 
 namespace {
-
-constexpr std::string_view kDataOperations[] = {
-    "PDMINTERFACE_getRegisterValue",
-    "ALARMSINTERFACE_getActiveAlarmStats",
-    "ALARMSINTERFACE_getActiveAlarms",
-    "ALARMSINTERFACE_getHistoricalAlarmStats",
-    "ALARMSINTERFACE_getHistoricalAlarms",
-    "PQINTERFACE_getPhasorData",
-    "PQINTERFACE_getHarmonicData",
-    "PQINTERFACE_getMinMaxBarData",
-    "CUSTOMSCREENINTERFACE_getNormalModeScreenData",
-    "CUSTOMSCREENINTERFACE_getCustomModeScreenData",
-    "CUSTOMSCREENINTERFACE_getTestModeScreenData",
-    "IOI_getDigitalInputCount",
-    "IOI_getDigitalOutputCount",
-    "IOI_getAnalogInputCount",
-    "IOI_getAnalogOutputCount",
-    "NAMEPLATEIF_getNameplateData",
-    "EVLIF_getEventLogEntryCount",
-    "EVLIF_getEventLogData",
-};
 
 /// Each of the 98 data screens, entered while the meter is in one state for all of them.
 class EveryDataScreen : public PanelBench {
@@ -47,7 +26,7 @@ TEST_F(EveryDataScreen, ShowsAMeterThatDoesNotAnswer) {
 }
 
 TEST_F(EveryDataScreen, ShowsAMeterThatHasNothing) {
-    for (const std::string_view operation : kDataOperations) meter().AnswerBytes(operation, {});
+    EmptyEveryReply();
     LooksAsItShould("empty");
 }
 

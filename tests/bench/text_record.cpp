@@ -77,11 +77,12 @@ void TextRecord::OnText(const PegDrawnText& text) {
                        .room = text.room,
                        .clip = text.clip,
                        .ink = Around(m_ink),
+                       .left = text.topLeft.x,
                        .width = WidthOf(text.text, &text.font),
                        .hits = {},
                        .inked = static_cast<int>(m_ink.size()),
                        .painted = 0,
-                       .left = 0,
+                       .standing = 0,
                        .lacksGlyph = !complete,
                        .isBehind = false});
 }
@@ -98,14 +99,14 @@ void TextRecord::OnTextPainted(const PegRect& area) {
         owner = index;
         m_hasInk[static_cast<std::size_t>(point.y)] = true;
         ++text.painted;
-        ++text.left;
+        ++text.standing;
     }
 }
 
 void TextRecord::Cover(int x, int y) {
     std::size_t& owner = OwnerAt(x, y);
     if (owner == kNobody) return;
-    --m_texts[owner].left;
+    --m_texts[owner].standing;
     owner = kNobody;
 }
 
@@ -118,7 +119,7 @@ void TextRecord::OnCovered(const PegRect& area) {
 
 void TextRecord::OnBitmap(const PegRect& area, PegPoint topLeft, const PegBitmap& bitmap) {
     const std::vector<bool>& opaque = OpaquePixels(bitmap);
-    if (area == RectOf(0, 0, m_screen.Width() - 1, m_screen.Height() - 1)) {
+    if (bitmap.width == m_screen.Width() && bitmap.height == m_screen.Height()) {
         for (RecordedText& text : m_texts) text.isBehind = true;
     }
     for (int y = area.top; y <= area.bottom; ++y) {

@@ -13,11 +13,12 @@ struct RecordedText {
     PegRect room;
     PegRect clip;
     PegRect ink;                    // the pixels that its glyphs touch, seen or not
+    int left;                       // where its first character begins
     int width;                      // of all its characters in pixels
     std::vector<std::size_t> hits;  // texts under its ink, by index
     int inked;                      // pixels of ink
     int painted;                    // of these, inside the clip
-    int left;                       // of these, not painted over again
+    int standing;                   // of these, not painted over again
     bool lacksGlyph;
     bool isBehind;  // a picture was laid over the whole panel afterwards, as dialogs do
 
@@ -25,13 +26,13 @@ struct RecordedText {
     bool IsElsewhere() const { return painted == 0 && !clip.Contains(room); }
 
     /// Painted over as a whole, or never to be seen.
-    bool IsGone() const { return left == 0; }
+    bool IsGone() const { return standing == 0; }
     /// Its place sticks out of its clip above or below, as that of a row at the end of a list that goes on.
     bool IsPartlyScrolled() const {
         return (room.top < clip.top || room.bottom > clip.bottom) && ink.left >= clip.left && ink.right <= clip.right;
     }
     bool IsClipped() const { return painted < inked; }
-    bool IsPaintedOver() const { return left < painted; }
+    bool IsPaintedOver() const { return standing < painted; }
     bool LeavesItsRoom() const { return ink != Intersection(ink, room); }
 };
 

@@ -6,6 +6,9 @@
 namespace {
 constexpr std::uint32_t kFirstNumber = 100;
 constexpr std::uint32_t kEndOfNumbers = 2000;
+constexpr std::size_t kShortestPart = 2;
+
+bool IsLetter(char16_t unit) { return (unit | 0x20) >= u'a' && ((unit | 0x20) <= u'z' || unit >= 0xC0); }
 }  // namespace
 
 KnownTexts::KnownTexts(std::uint32_t language) {
@@ -21,25 +24,23 @@ std::vector<std::uint32_t> KnownTexts::Find(const std::u16string& text) const {
     return found != m_numbers.end() ? found->second : std::vector<std::uint32_t>{};
 }
 
-std::u16string KnownTexts::Longer(const std::u16string& text) const {
-    const auto next = m_numbers.upper_bound(text);
-    return next != m_numbers.end() && next->first.starts_with(text) ? next->first : std::u16string{};
+KnownTexts::Part KnownTexts::FindIn(const std::u16string& text) const {
+    Part best{text, Find(text)};
+    if (!best.numbers.empty()) return best;
+    best.text.clear();
+    for (const auto& [known, numbers] : m_numbers) {
+        if (known.size() < kShortestPart || known.size() < best.text.size() || known.size() >= text.size()) continue;
+        const bool begins = text.starts_with(known) && !IsLetter(text[known.size()]);
+        const bool ends = text.ends_with(known) && !IsLetter(text[text.size() - known.size() - 1]);
+        if ((begins || ends) && IsLetter(known.front()) && IsLetter(known.back())) best = {known, numbers};
+    }
+    return best;
 }
 
-std::string Utf8(const std::u16string& text) {
-    std::string bytes;
-    for (const char16_t unit : text) {
-        const unsigned code = unit;
-        if (code < 0x80U) {
-            bytes += static_cast<char>(code);
-        } else if (code < 0x800U) {
-            bytes += static_cast<char>(0xC0U | code >> 6U);
-            bytes += static_cast<char>(0x80U | (code & 0x3FU));
-        } else {
-            bytes += static_cast<char>(0xE0U | code >> 12U);
-            bytes += static_cast<char>(0x80U | (code >> 6U & 0x3FU));
-            bytes += static_cast<char>(0x80U | (code & 0x3FU));
-        }
+std::vector<std::u16string> KnownTexts::Longer(const std::u16string& text) const {
+    std::vector<std::u16string> longer;
+    for (auto next = m_numbers.upper_bound(text); next != m_numbers.end() && next->first.starts_with(text); ++next) {
+        longer.push_back(next->first);
     }
-    return bytes;
+    return longer;
 }

@@ -14,13 +14,17 @@ public:
     /// All numbers with that text; none for a text of the meter's own, a figure or a composed text.
     std::vector<std::uint32_t> Find(const std::u16string& text) const;
 
-    /// A text of the catalogue that goes on where this one ends, or an empty one.
-    std::u16string Longer(const std::u16string& text) const;
+    /// The longest text of the catalogue that a drawn text is, or begins or ends with; without numbers when there is
+    /// none.
+    struct Part {
+        std::u16string text;
+        std::vector<std::uint32_t> numbers;
+    };
+    Part FindIn(const std::u16string& text) const;
 
-    const std::map<std::u16string, std::vector<std::uint32_t>>& All() const { return m_numbers; }
+    /// The texts of the catalogue that go on where this one ends.
+    std::vector<std::u16string> Longer(const std::u16string& text) const;
 
 private:
     std::map<std::u16string, std::vector<std::uint32_t>> m_numbers;
 };
-
-std::string Utf8(const std::u16string& text);

@@ -15,7 +15,9 @@ constexpr std::string_view kLockStatus = "SECURITYINTERFACE_getHwLockStatus";
 constexpr std::uint32_t kUnlocked = 0;
 constexpr std::uint32_t kLocked = 2;
 
-std::string NameOf(std::int32_t id) { return "screen " + std::to_string(id); }
+std::string NameOf(std::int32_t id) {
+    return (id <= MenuOfMode(DISPLAY_MODE_TEST) ? "menu " : "screen ") + std::to_string(id);
+}
 
 vertListNavClass& ListOf(PegThing& menu) {
     PegThing* child = menu.FirstChild();
@@ -71,8 +73,10 @@ void PanelTour::PressEveryKey() {
 }
 
 void PanelTour::FirstItem(std::int32_t menuId) {
-    Navigation().setDisplayMode(menuId - MenuOfMode(DISPLAY_MODE_NORMAL));  // resets its menu
-    GoTo(menuId == kNeutral ? MenuOfMode(DISPLAY_MODE_ALT) : menuId);
+    const std::int32_t mode = menuId - MenuOfMode(DISPLAY_MODE_NORMAL);
+    Navigation().setDisplayMode(mode == DISPLAY_MODE_NORMAL ? DISPLAY_MODE_ALT : DISPLAY_MODE_NORMAL);
+    Navigation().setDisplayMode(mode);  // resets its menu
+    Show(kNeutral);
     Show(menuId);
 }
 

@@ -1,4 +1,4 @@
-#include "tests/bench/wide_texts.h"
+#include "tests/bench/meter_texts.h"
 
 #include <algorithm>
 #include <cstring>
@@ -9,6 +9,27 @@
 #include "tests/bench/scripted_meter.h"
 
 namespace {
+
+constexpr std::string_view kDataOperations[] = {
+    "PDMINTERFACE_getRegisterValue",
+    "ALARMSINTERFACE_getActiveAlarmStats",
+    "ALARMSINTERFACE_getActiveAlarms",
+    "ALARMSINTERFACE_getHistoricalAlarmStats",
+    "ALARMSINTERFACE_getHistoricalAlarms",
+    "PQINTERFACE_getPhasorData",
+    "PQINTERFACE_getHarmonicData",
+    "PQINTERFACE_getMinMaxBarData",
+    "CUSTOMSCREENINTERFACE_getNormalModeScreenData",
+    "CUSTOMSCREENINTERFACE_getCustomModeScreenData",
+    "CUSTOMSCREENINTERFACE_getTestModeScreenData",
+    "IOI_getDigitalInputCount",
+    "IOI_getDigitalOutputCount",
+    "IOI_getAnalogInputCount",
+    "IOI_getAnalogOutputCount",
+    "NAMEPLATEIF_getNameplateData",
+    "EVLIF_getEventLogEntryCount",
+    "EVLIF_getEventLogData",
+};
 
 /// How the three kinds of texts in a record are changed.
 struct Widening {
@@ -127,6 +148,10 @@ void WidenNumber(std::span<char> field) {
 }
 
 }  // namespace
+
+void EmptyEveryReply() {
+    for (const std::string_view operation : kDataOperations) ScriptedMeter::Instance().AnswerBytes(operation, {});
+}
 
 void FillEveryText() {
     constexpr auto letters = [](std::span<char> field) { std::ranges::fill(field, 'W'); };

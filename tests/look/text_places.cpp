@@ -1,0 +1,78 @@
+#include "tests/look/text_places.h"
+
+#include <algorithm>
+#include <fstream>
+
+#include "navigation/entry/keyboard_layout.h"
+#include "peg/resources/resources.h"
+#include "tools/formats/utf.h"
+
+namespace {
+
+constexpr std::uint32_t kFirstFont = 32;
+constexpr std::uint32_t kLastFont = 48;
+constexpr std::uint32_t kTitleFont = 39;
+constexpr int kTitleTop = 25;
+constexpr int kTitleBottom = 55;
+constexpr int kWidestMargin = 5;
+constexpr int kKeyWidth = PlaceOf(kKeyboard[0]).Width();
+
+std::uint32_t NumberOf(const PegFont* font) {
+    for (std::uint32_t number = kFirstFont; number <= kLastFont; ++number) {
+        if (PegResources::GetFont(number) == font) return number;
+    }
+    return 0;
+}
+
+/// The pixels that a text may take at its place: all but the margin at the side that it is aligned to.
+int RoomOf(const RecordedText& text) {
+    const int before = text.left - text.room.left;
+    const int behind = text.room.right - (text.left + text.width - 1);
+    const int margin = std::min(before, behind);
+    return text.room.Width() - (margin > kWidestMargin ? 0 : std::max(margin, 0));
+}
+
+bool IsKeyLabel(std::uint32_t number) {
+    return number >= kFirstCharacterString && number < kFirstCharacterString + 0x80U;
+}
+
+bool IsTitle(const RecordedText& text) {
+    return text.room.top >= kTitleTop && text.room.bottom <= kTitleBottom && NumberOf(text.font) == kTitleFont;
+}
+
+}  // namespace
+
+void TextPlaces::Add(const TextRecord& record, const std::string& place) {
+    for (const RecordedText& text : record.Texts()) {
+        if (text.IsGone() || text.isBehind) continue;
+        if (IsTitle(text)) m_titles.try_emplace(place, ToUtf8(m_known.FindIn(text.text).text));
+        const Spot spot{place, text.room.left, text.room.top, text.room.right, text.room.bottom};
+        const std::uint32_t font = NumberOf(text.font);
+        const auto [smallest, fresh] = m_smallest.try_emplace(spot, font);
+        smallest->second = std::min(smallest->second, font);
+        const KnownTexts::Part part = m_known.FindIn(text.text);
+        const int others = text.width - WidthOf(part.text, text.font);
+        for (const std::uint32_t number : part.numbers) {
+            if (IsKeyLabel(number) && text.room.Width() != kKeyWidth) continue;  // a figure of one digit
+            m_uses.insert({number, font, RoomOf(text) - others, spot});
+        }
+    }
+}
+
+bool TextPlaces::Write(const std::string& path) const {
+    std::map<std::tuple<std::uint32_t, std::uint32_t, std::uint32_t, int>, std::set<std::string>> lines;
+    for (const Use& use : m_uses) {
+        const std::string& place = std::get<0>(use.spot);
+        const auto title = m_titles.find(place);
+        lines[{use.number, use.font, m_smallest.at(use.spot), use.room}].insert(
+            title != m_titles.end() ? place + " \"" + title->second + "\"" : place);
+    }
+    std::ofstream file(path);
+    for (const auto& [line, places] : lines) {
+        const auto& [number, font, smallest, room] = line;
+        file << number << '\t' << font << '\t' << smallest << '\t' << room;
+        for (const std::string& place : places) file << '\t' << place;
+        file << '\n';
+    }
+    return file.good();
+}
