@@ -30,9 +30,7 @@ KnownTexts::Part KnownTexts::FindIn(const std::u16string& text) const {
     best.text.clear();
     for (const auto& [known, numbers] : m_numbers) {
         if (known.size() < kShortestPart || known.size() < best.text.size() || known.size() >= text.size()) continue;
-        const bool begins = text.starts_with(known) && !IsLetter(text[known.size()]);
-        const bool ends = text.ends_with(known) && !IsLetter(text[text.size() - known.size() - 1]);
-        if ((begins || ends) && IsLetter(known.front()) && IsLetter(known.back())) best = {known, numbers};
+        if (text.starts_with(known) && IsLetter(known.back()) && !IsLetter(text[known.size()])) best = {known, numbers};
     }
     return best;
 }

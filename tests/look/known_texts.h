@@ -14,7 +14,7 @@ public:
     /// All numbers with that text; none for a text of the meter's own, a figure or a composed text.
     std::vector<std::uint32_t> Find(const std::u16string& text) const;
 
-    /// The longest text of the catalogue that a drawn text is, or begins or ends with; without numbers when there is
+    /// The longest text of the catalogue that a drawn text is, or begins with; without numbers when there is
     /// none.
     struct Part {
         std::u16string text;

@@ -32,6 +32,10 @@ int RoomOf(const RecordedText& text) {
     return text.room.Width() - (margin > kWidestMargin ? 0 : std::max(margin, 0));
 }
 
+std::tuple<std::int16_t, std::int16_t, std::int16_t, std::int16_t> SpotOf(const RecordedText& text) {
+    return {text.room.left, text.room.top, text.room.right, text.room.bottom};
+}
+
 bool IsKeyLabel(std::uint32_t number) {
     return number >= kFirstCharacterString && number < kFirstCharacterString + 0x80U;
 }
@@ -42,19 +46,24 @@ bool IsTitle(const RecordedText& text) {
 
 }  // namespace
 
+void TextPlaces::AddFonts(const TextRecord& record) {
+    for (const RecordedText& text : record.Texts()) {
+        const std::uint32_t font = NumberOf(text.font);
+        const auto [smallest, fresh] = m_smallest.try_emplace(SpotOf(text), font);
+        smallest->second = std::min(smallest->second, font);
+    }
+}
+
 void TextPlaces::Add(const TextRecord& record, const std::string& place) {
+    AddFonts(record);
     for (const RecordedText& text : record.Texts()) {
         if (text.IsGone() || text.isBehind) continue;
         if (IsTitle(text)) m_titles.try_emplace(place, ToUtf8(m_known.FindIn(text.text).text));
-        const Spot spot{place, text.room.left, text.room.top, text.room.right, text.room.bottom};
-        const std::uint32_t font = NumberOf(text.font);
-        const auto [smallest, fresh] = m_smallest.try_emplace(spot, font);
-        smallest->second = std::min(smallest->second, font);
         const KnownTexts::Part part = m_known.FindIn(text.text);
         const int others = text.width - WidthOf(part.text, text.font);
         for (const std::uint32_t number : part.numbers) {
             if (IsKeyLabel(number) && text.room.Width() != kKeyWidth) continue;  // a figure of one digit
-            m_uses.insert({number, font, RoomOf(text) - others, spot});
+            m_uses.insert({number, NumberOf(text.font), RoomOf(text) - others, SpotOf(text), place});
         }
     }
 }
@@ -62,10 +71,9 @@ void TextPlaces::Add(const TextRecord& record, const std::string& place) {
 bool TextPlaces::Write(const std::string& path) const {
     std::map<std::tuple<std::uint32_t, std::uint32_t, std::uint32_t, int>, std::set<std::string>> lines;
     for (const Use& use : m_uses) {
-        const std::string& place = std::get<0>(use.spot);
-        const auto title = m_titles.find(place);
+        const auto title = m_titles.find(use.place);
         lines[{use.number, use.font, m_smallest.at(use.spot), use.room}].insert(
-            title != m_titles.end() ? place + " \"" + title->second + "\"" : place);
+            title != m_titles.end() ? use.place + " \"" + title->second + "\"" : use.place);
     }
     std::ofstream file(path);
     for (const auto& [line, places] : lines) {

@@ -13,6 +13,9 @@ class TextPlaces {
 public:
     explicit TextPlaces(const KnownTexts& known) : m_known(known) {}
 
+    /// Notes the fonts of one picture in any language.
+    void AddFonts(const TextRecord& record);
+
     /// Adds the texts of one picture.
     void Add(const TextRecord& record, const std::string& place);
 
@@ -21,13 +24,14 @@ public:
     bool Write(const std::string& path) const;
 
 private:
-    /// A rectangle of a picture; what is drawn there gets smaller as it gets wider.
-    using Spot = std::tuple<std::string, std::int16_t, std::int16_t, std::int16_t, std::int16_t>;
+    /// The edges of a text's room; what is drawn there gets smaller as it gets wider.
+    using Spot = std::tuple<std::int16_t, std::int16_t, std::int16_t, std::int16_t>;
     struct Use {
         std::uint32_t number;
         std::uint32_t font;
         int room;
         Spot spot;
+        std::string place;
 
         auto operator<=>(const Use&) const = default;
     };
