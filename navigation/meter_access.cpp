@@ -102,6 +102,13 @@ int meterAccessClass::readSelection(std::uint32_t registerId, std::uint32_t& sel
     return 0;
 }
 
+int meterAccessClass::readEnumeration(std::uint32_t registerId, EnumerationData& out) {
+    return Fetch(out, [registerId](EnumerationData& record) {
+        if (PDMINTERFACE_getEnumerationData(registerId, record) != 0) return -1;
+        return record.result.Get() == 0 ? 0 : -1;
+    });
+}
+
 int meterAccessClass::readPhasors(std::span<PhasorDisplay, kPhasors> out) {
     std::ranges::fill(out, PhasorDisplay{});
     std::array<PhasorEntry, kPhasors> phasors{};

@@ -51,6 +51,9 @@ public:
     /// The item that a register selects. @return 0, or -1 when the meter could not read it either
     int readSelection(std::uint32_t registerId, std::uint32_t& selected);
 
+    /// All items of a register and the one that it selects. @return 0, or -1 when the meter could not read it either
+    int readEnumeration(std::uint32_t registerId, EnumerationData& out);
+
     static constexpr std::size_t kPhasors = 10;
 
     /// The phasors of voltages and currents. @return 0, or -1

@@ -78,7 +78,7 @@ void PasswordDialog::Refuse(std::uint32_t textNumber) {
 }
 
 void PasswordDialog::Close() {
-    if (IsEntry() && m_keyboard.Parent() == &m_screen) m_screen.RemoveChild(m_keyboard);
+    if (IsEntryOpen() && m_keyboard.Parent() == &m_screen) m_screen.RemoveChild(m_keyboard);
     Wipe(m_first);
     m_message.TakeOff();
     m_frame.Close();
@@ -88,7 +88,7 @@ void PasswordDialog::Close() {
 
 void PasswordDialog::KeyDown(int keyCode) {
     const std::size_t key = SoftKeyOf(keyCode);
-    if (!IsEntry() || key == kSoftKeys) return;
+    if (!IsEntryOpen() || key == kSoftKeys) return;
     if (key == kConfirmKey) {
         m_keyboardResult = m_keyboard.selectFocused();
     } else {
@@ -140,7 +140,7 @@ void PasswordDialog::Relabel() {
 }
 
 void PasswordDialog::Draw(const PegRect& invalid) {
-    if (IsEntry()) {
+    if (IsEntryOpen()) {
         m_frame.Draw(m_look.entryBackdrop, invalid);
         m_keyboard.Draw(invalid);
     } else if (m_state == State::Message) {

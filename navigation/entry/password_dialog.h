@@ -14,6 +14,7 @@ public:
     PasswordDialog(PegThing& screen, SoftKeys& keys, const DialogLook& look);
 
     bool IsOpen() const { return m_state != State::Closed; }
+    bool IsEntryOpen() const { return m_state == State::FirstEntry || m_state == State::SecondEntry; }
 
     /// Opens the first entry, that of the user name.
     void Ask();
@@ -37,7 +38,6 @@ public:
 private:
     enum class State { Closed, FirstEntry, SecondEntry, Message };
 
-    bool IsEntry() const { return m_state == State::FirstEntry || m_state == State::SecondEntry; }
     void OpenEntry(State entry, std::uint32_t title);
     void FinishFirst();
     bool FinishSecond();

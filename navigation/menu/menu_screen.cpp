@@ -66,8 +66,7 @@ constexpr bool NamesMode(std::int32_t target) {
 }  // namespace
 
 menuScrnClass::menuScrnClass(std::int32_t menuId)
-    : PegWindow(kWholePanel, 0, kStyleBorderNone),
-      m_menuId(menuId),
+    : m_menuId(menuId),
       m_tree(TreeOf(menuId)),
       m_list(AddNew<vertListNavClass>(*this, kListPlace, std::uint16_t{0}, kListStyle)),
       m_dialog(*this, m_keys, kDialogLook) {
@@ -165,13 +164,7 @@ void menuScrnClass::OnKeyDown(int keyCode) {
 void menuScrnClass::OnKeyUp(const PegMessage& message) {
     m_inactivity = kInactivityTicks;
     m_keys.Release(message, message.param);
-    switch (message.param) {
-        case KEY_SOFT_1: SoftKey1Action(); break;
-        case KEY_SOFT_2: SoftKey2Action(); break;
-        case KEY_SOFT_3: SoftKey3Action(); break;
-        case KEY_SOFT_4: SoftKey4Action(); break;
-        case KEY_HOME: HomeKeyAction(); break;
-    }
+    RunKeyAction(message.param);
 }
 
 void menuScrnClass::SoftKey1Action() {

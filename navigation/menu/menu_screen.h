@@ -3,13 +3,12 @@
 #include <deque>
 
 #include "navigation/entry/password_dialog.h"
+#include "navigation/keyed_screen.h"
 #include "navigation/menu/menu_item.h"
 #include "navigation/mode_menu.h"
 #include "navigation/widgets/draw_screen.h"
-#include "navigation/widgets/soft_keys.h"
 #include "navigation/widgets/vert_list_nav.h"
 #include "peg/core/holder.h"
-#include "peg/core/window.h"
 
 /// The menu of a display mode: the items of the mode's tree, whose groups open and close, moved through by the soft
 /// keys.
@@ -17,7 +16,7 @@
 /// An item leads to its screen; one that names another menu also changes the display mode. The way into and out of test
 /// mode is refused while the meter's hardware lock is set, or cannot be asked, and else asks for the password. Ten
 /// seconds without a key lead home and end the front-panel login. Toolkit task only; lives as long as the process.
-class menuScrnClass : public PegWindow, public ModeMenu {
+class menuScrnClass : public KeyedScreen, public ModeMenu {
 public:
     /// @param menuId  1 normal, 2 alternate, 3 test mode
     explicit menuScrnClass(std::int32_t menuId);
@@ -25,11 +24,11 @@ public:
     void Draw(const PegRect& invalid) override;
     std::int32_t Message(const PegMessage& message) override;
 
-    virtual void SoftKey1Action();
-    virtual void SoftKey2Action();
-    virtual void SoftKey3Action();
-    virtual void SoftKey4Action();
-    virtual void HomeKeyAction();
+    void SoftKey1Action() override;
+    void SoftKey2Action() override;
+    void SoftKey3Action() override;
+    void SoftKey4Action() override;
+    void HomeKeyAction() override;
 
     /// Closes groups and dialog and selects the first item.
     void reset() override;
@@ -54,7 +53,6 @@ private:
     const MenuTree& m_tree;
     vertListNavClass& m_list;
     std::deque<PegHolder<menuBitmapButtonClass>> m_items;  // in the order of the tree
-    SoftKeys m_keys;                                       // back, up, down, select
     PasswordDialog m_dialog;
     int m_remembered = 0;  // index in the list
     int m_inactivity = 0;  // ticks until the way home

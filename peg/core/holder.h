@@ -1,5 +1,6 @@
 #pragma once
 
+#include <memory>
 #include <utility>
 
 #include "peg/core/thing.h"
@@ -11,6 +12,7 @@ class PegHolder {
 public:
     template <typename... Arguments>
     explicit PegHolder(Arguments&&... arguments) : m_thing(new Thing(std::forward<Arguments>(arguments)...)) {}
+    explicit PegHolder(std::unique_ptr<Thing> thing) : m_thing(thing.release()) {}
     PegHolder(const PegHolder&) = delete;
     PegHolder& operator=(const PegHolder&) = delete;
     ~PegHolder() {

@@ -68,6 +68,7 @@ public:
     void SetUserMessageCallback(UserMessageCallback callback) { m_userMessageCallback = callback; }
 
     void AddChild(PegThing& window, bool draw = true) override;
+    void Draw(const PegRect& invalid) override;
     std::int32_t Message(const PegMessage& message) override;
 
 private:

@@ -1,6 +1,7 @@
 #include <algorithm>
 
 #include "peg/core/presentation_manager.h"
+#include "peg/core/screen.h"
 #include "peg/core/toolkit.h"
 
 // What is to be drawn, and where: invalid areas and viewports.
@@ -25,6 +26,18 @@ PegRect WithoutCoveredEdge(PegRect rect, const PegRect& cover) {
 }
 
 }  // namespace
+
+/// Paints the panel only where windows leave it open.
+void PegPresentationManager::Draw(const PegRect& invalid) {
+    for (PegThing* window = FirstChild(); window != nullptr; window = window->Next()) {
+        const bool covers = window->HasStatus(STAT_VIEWPORT) && window->IsVisible();
+        if (!covers || !window->Clip().Contains(invalid)) continue;
+        DrawingPass pass(*this, invalid);
+        DrawChildren(invalid);
+        return;
+    }
+    PegWindow::Draw(invalid);
+}
 
 PegArea& PegPresentationManager::NewArea(PegThing& thing, const PegRect& rect) {
     if (m_freeAreas == nullptr) {

@@ -73,22 +73,6 @@ void PegScreen::ForgetOwner(const PegThing& thing) {
     }
 }
 
-template <typename Operation>
-void PegScreen::ForEachVisible(const PegRect& bounds, Operation operation) {
-    if (m_nesting == 0 || m_nesting >= kClipStackSize) return;
-    const Clip& clip = m_clips[static_cast<std::size_t>(m_nesting)];
-    const PegRect area = Intersection(bounds, clip.rect);
-    if (area.IsEmpty()) return;
-    if (!clip.inWindow) {
-        operation(area);
-        return;
-    }
-    for (const PegArea* viewport = clip.viewports; viewport != nullptr; viewport = viewport->next) {
-        const PegRect visible = Intersection(area, viewport->rect);
-        if (!visible.IsEmpty()) operation(visible);
-    }
-}
-
 void PegScreen::Fill(const PegRect& rect, std::uint16_t color) {
     ForEachVisible(rect, [&](const PegRect& area) { FillArea(area, color); });
 }
@@ -151,7 +135,7 @@ std::unique_ptr<LoadedBitmap> PegScreen::CreateBitmap(int width, int height, std
     bitmap.flags = flags;
     const bool alpha = bitmap.Has(PegBitmap::kAlpha);
     const std::size_t words = static_cast<std::size_t>(width) * static_cast<std::size_t>(height) * (alpha ? 2U : 1U);
-    created->pixels = std::make_unique<std::uint16_t[]>(words);
+    created->pixels = MakePixels(words);
     bitmap.bitsPerPixel = alpha ? 32 : 16;
     bitmap.width = static_cast<std::uint16_t>(width);
     bitmap.height = static_cast<std::uint16_t>(height);

@@ -96,8 +96,15 @@ private:
     };
     static constexpr int kClipStackSize = 20;  // the bottom entry stands for no pass
 
+    /// Runs an operation for each part of `bounds` where the pass may draw.
     template <typename Operation>
     void ForEachVisible(const PegRect& bounds, Operation operation);
+    /// Fills what of a rectangle, which may reach far outside the screen, lies in `area`, which is visible.
+    void FillVisible(int left, int top, int right, int bottom, const PegRect& area, std::uint16_t color) {
+        const PegRect part = RectOf(std::max<int>(left, area.left), std::max<int>(top, area.top),
+                                    std::min<int>(right, area.right), std::min<int>(bottom, area.bottom));
+        if (left <= right && top <= bottom && !part.IsEmpty()) FillArea(part, color);
+    }
     void FillOrTile(const PegRect& rect, const PegBrush& brush);
     void DrawSlopedLine(int x1, int y1, int x2, int y2, const PegBrush& brush);
     void TellCanvasOwners();
@@ -109,6 +116,22 @@ private:
     std::vector<Canvas> m_canvases;
     PegTextObserver* m_textObserver = nullptr;
 };
+
+template <typename Operation>
+void PegScreen::ForEachVisible(const PegRect& bounds, Operation operation) {
+    if (m_nesting == 0 || m_nesting >= kClipStackSize) return;
+    const Clip& clip = m_clips[static_cast<std::size_t>(m_nesting)];
+    const PegRect area = Intersection(bounds, clip.rect);
+    if (area.IsEmpty()) return;
+    if (!clip.inWindow) {
+        operation(area);
+        return;
+    }
+    for (const PegArea* viewport = clip.viewports; viewport != nullptr; viewport = viewport->next) {
+        const PegRect visible = Intersection(area, viewport->rect);
+        if (!visible.IsEmpty()) operation(visible);
+    }
+}
 
 /// A drawing pass of one thing, from here to the end of the block.
 class DrawingPass {

@@ -13,27 +13,63 @@ namespace {
 
 constexpr int kLargestRadius = 0x3FFF;
 
-/// The largest whole number whose square is at most `square`.
-std::int64_t Root(std::int64_t square) {
-    auto root = static_cast<std::int64_t>(std::sqrt(static_cast<double>(square)));
-    while (root * root > square) --root;
-    while ((root + 1) * (root + 1) <= square) ++root;
-    return root;
-}
-
-/// An ellipse whose edge runs half a pixel outside its radii, so that a radius of 0 is one pixel.
-struct Ellipse {
-    int radiusX;
-    int radiusY;
-
-    /// How far row `dy` reaches to either side of the centre; -1 where the ellipse does not reach.
-    int HalfWidth(int dy) const {
-        if (radiusX < 0 || radiusY < 0 || std::abs(dy) > radiusY) return -1;
-        const std::int64_t a = 2 * radiusX + 1;
-        const std::int64_t b = 2 * radiusY + 1;
-        const std::int64_t rest = b * b - 4LL * dy * dy;
-        return static_cast<int>(Root(a * a * rest / (b * b)) / 2);
+/// The rows of an ellipse from the top. Its edge runs half a pixel outside its radii, so that a radius of 0 is one
+/// pixel.
+class EllipseRows {
+public:
+    EllipseRows(int radiusX, int radiusY)
+        : m_row(-radiusY), m_stepX(4 * Squared(2 * radiusY + 1)), m_stepY(4 * Squared(2 * radiusX + 1)) {
+        m_excess = m_stepY * Squared(radiusY) - m_stepX * m_stepY / 16;
     }
+
+    /// How far the next row reaches to either side of the centre.
+    int Next() {
+        while (m_excess + m_stepX * (2 * m_half + 1) <= 0) m_excess += m_stepX * (2 * m_half++ + 1);
+        while (m_excess > 0) m_excess -= m_stepX * (2 * --m_half + 1);
+        m_excess += m_stepY * (2 * m_row++ + 1);
+        return m_half;
+    }
+
+private:
+    static std::int64_t Squared(std::int64_t value) { return value * value; }
+
+    int m_row;
+    int m_half = 0;
+    std::int64_t m_stepX;
+    std::int64_t m_stepY;
+    std::int64_t m_excess;  // above 0: the point in row m_row and column m_half lies outside
+};
+
+/// The rows of the band of a pen's width between an ellipse and a smaller one, from the top.
+class RingRows {
+public:
+    struct Row {
+        int reach;   // of the outer edge, to either side of the centre
+        int hollow;  // of what the pen leaves empty; -1 where it leaves nothing
+
+        bool operator==(const Row&) const = default;
+    };
+
+    RingRows(int radiusX, int radiusY, int penWidth)
+        : m_outer(radiusX, radiusY),
+          m_inner(radiusX - penWidth, radiusY - penWidth),
+          m_hasPen(penWidth > 0),
+          m_innerRadius(radiusX >= penWidth ? radiusY - penWidth : -1),
+          m_row(-radiusY) {}
+
+    Row Next() {
+        const int reach = m_outer.Next();
+        const bool isHollow = std::abs(m_row++) <= m_innerRadius;
+        if (!m_hasPen) return {reach, reach};
+        return {reach, isHollow ? m_inner.Next() : -1};
+    }
+
+private:
+    EllipseRows m_outer;
+    EllipseRows m_inner;
+    bool m_hasPen;
+    int m_innerRadius;  // below 0: the pen covers all
+    int m_row;
 };
 
 /// The part of the plane between two directions, counter-clockwise from the first.
@@ -112,17 +148,24 @@ void PegScreen::DrawSlopedLine(int x1, int y1, int x2, int y2, const PegBrush& b
     const int length = x2 - x1;
     const int rise = std::abs(y2 - y1);
     const int step = y1 < y2 ? 1 : -1;
-    int error = length / 2;
-    for (int x = x1, y = y1, start = x1; x <= x2; ++x) {
-        error -= rise;
-        if (error >= 0 && x < x2) continue;
-        const int low = y - before;
-        const int high = low + width - 1;
-        Fill(steep ? ClampedRect(low, start, high, x) : ClampedRect(start, low, x, high), brush.foreground);
-        start = x + 1;
-        y += step;
-        error += length;
-    }
+    const int lowest = std::min(y1, y2) - before;
+    const int highest = lowest + rise + width - 1;
+    const PegRect bounds = steep ? ClampedRect(lowest, x1, highest, x2) : ClampedRect(x1, lowest, x2, highest);
+    ForEachVisible(bounds, [&](const PegRect& area) {
+        int error = length / 2;
+        for (int x = x1, y = y1 - before, start = x1; x <= x2; ++x) {
+            error -= rise;
+            if (error >= 0 && x < x2) continue;
+            if (steep) {
+                FillVisible(y, start, y + width - 1, x, area, brush.foreground);
+            } else {
+                FillVisible(start, y, x, y + width - 1, area, brush.foreground);
+            }
+            start = x + 1;
+            y += step;
+            error += length;
+        }
+    });
 }
 
 void PegScreen::DrawCircle(int centerX, int centerY, int radius, const PegBrush& brush) {
@@ -133,24 +176,36 @@ void PegScreen::DrawArc(int centerX, int centerY, int startAngle, int endAngle, 
                         const PegBrush& brush) {
     if (radiusX < 0 || radiusY < 0 || radiusX > kLargestRadius || radiusY > kLargestRadius) return;
     const Sector sector(startAngle, endAngle);
-    const Ellipse outer{radiusX, radiusY};
-    const Ellipse inner{radiusX - brush.width, radiusY - brush.width};
-    const auto run = [&](int dy, int from, int to, std::uint16_t color) {
-        for (int dx = from; dx <= to; ++dx) {
-            const int start = dx;
-            while (dx <= to && (sector.IsWhole() || sector.Holds(dx, dy))) dx = sector.IsWhole() ? to + 1 : dx + 1;
-            if (dx > start) {
-                Fill(ClampedRect(centerX + start, centerY + dy, centerX + dx - 1, centerY + dy), color);
+    const PegRect bounds = ClampedRect(centerX - radiusX, centerY - radiusY, centerX + radiusX, centerY + radiusY);
+    ForEachVisible(bounds, [&](const PegRect& area) {
+        // Columns `from` to `to` of the rows `top` to `bottom`; of a sector, of the one row that they are.
+        const auto run = [&](int from, int to, int top, int bottom, std::uint16_t color) {
+            const auto fill = [&](int first, int last) {
+                FillVisible(centerX + first, centerY + top, centerX + last, centerY + bottom, area, color);
+            };
+            if (sector.IsWhole()) fill(from, to);
+            for (int dx = from; dx <= to && !sector.IsWhole(); ++dx) {
+                const int start = dx;
+                while (dx <= to && sector.Holds(dx, top)) ++dx;
+                fill(start, dx - 1);
+            }
+        };
+        RingRows rows(radiusX, radiusY, brush.width);
+        RingRows::Row next = rows.Next();
+        for (int top = -radiusY, bottom; top <= radiusY; top = bottom + 1) {
+            const RingRows::Row row = next;
+            // Rows of a whole ring that reach as far as each other are drawn as one.
+            for (bottom = top; bottom < radiusY; ++bottom) {
+                next = rows.Next();
+                if (next != row || !sector.IsWhole()) break;
+            }
+            if (row.hollow < row.reach) {
+                run(-row.reach, row.hollow < 0 ? row.reach : -row.hollow - 1, top, bottom, brush.foreground);
+                if (row.hollow >= 0) run(row.hollow + 1, row.reach, top, bottom, brush.foreground);
+            }
+            if (row.hollow >= 0 && brush.Has(PegBrush::kFill)) {
+                run(-row.hollow, row.hollow, top, bottom, brush.background);
             }
         }
-    };
-    for (int dy = -radiusY; dy <= radiusY; ++dy) {
-        const int reach = outer.HalfWidth(dy);
-        const int hollow = brush.width > 0 ? inner.HalfWidth(dy) : reach;
-        if (hollow < reach) {
-            run(dy, -reach, hollow < 0 ? reach : -hollow - 1, brush.foreground);
-            if (hollow >= 0) run(dy, hollow + 1, reach, brush.foreground);
-        }
-        if (hollow >= 0 && brush.Has(PegBrush::kFill)) run(dy, -hollow, hollow, brush.background);
-    }
+    });
 }

@@ -2,7 +2,7 @@
 #include <cstring>
 
 #include "peg/port/l16_screen.h"
-#include "peg/port/pixel.h"
+#include "peg/port/pixel_rows.h"
 #include "peg/resources/resources.h"
 
 // Bitmaps of every format, cut to the visible area.
@@ -15,8 +15,7 @@ public:
     explicit Painter(const PegBitmap& bitmap)
         : m_transparent(bitmap.transparent),
           m_skips(bitmap.Has(PegBitmap::kTransparent)),
-          m_color(bitmap.Has(PegBitmap::kAlphaFirst) ? 1 : 0),
-          m_alpha(1 - m_color) {}
+          m_alphaFirst(bitmap.Has(PegBitmap::kAlphaFirst)) {}
 
     void Copy(std::uint16_t* to, const std::uint8_t* from, int count) const {
         const auto& colors = PegResources::IndexedColors();
@@ -25,7 +24,7 @@ public:
         }
     }
     void Repeat(std::uint16_t* to, const std::uint8_t* from, int count) const {
-        if (!m_skips || *from != m_transparent) std::fill_n(to, count, PegResources::IndexedColors()[*from]);
+        if (!m_skips || *from != m_transparent) FillPixels(to, count, PegResources::IndexedColors()[*from]);
     }
 
     void Copy(std::uint16_t* to, const std::uint16_t* from, int count) const {
@@ -38,29 +37,24 @@ public:
         }
     }
     void Repeat(std::uint16_t* to, const std::uint16_t* from, int count) const {
-        if (!m_skips || *from != m_transparent) std::fill_n(to, count, *from);
+        if (!m_skips || *from != m_transparent) FillPixels(to, count, *from);
     }
 
     void Blend(std::uint16_t* to, const std::uint16_t* from, int count) const {
-        for (int i = 0; i < count; ++i, from += 2) to[i] = Mix(from, to[i]);
+        if (m_alphaFirst) {
+            BlendPixels<1>(to, from, count, m_skips, kTransparentPixel);
+        } else {
+            BlendPixels<0>(to, from, count, m_skips, kTransparentPixel);
+        }
     }
     void BlendRepeat(std::uint16_t* to, const std::uint16_t* from, int count) const {
-        for (int i = 0; i < count; ++i) to[i] = Mix(from, to[i]);
+        for (int i = 0; i < count; ++i) Blend(to + i, from, 1);
     }
 
 private:
-    std::uint16_t Mix(const std::uint16_t* pixel, std::uint16_t below) const {
-        constexpr std::uint16_t kOpaque = 255;
-        const std::uint16_t color = pixel[m_color];
-        const std::uint16_t alpha = std::min(pixel[m_alpha], kOpaque);
-        if (alpha == 0 || (m_skips && color == kTransparentPixel)) return below;
-        return alpha == kOpaque ? color : BlendPixel(color, below, alpha);
-    }
-
     std::uint32_t m_transparent;
     bool m_skips;
-    int m_color;  // which word of a pixel with alpha is its colour, and which its alpha
-    int m_alpha;
+    bool m_alphaFirst;
 };
 
 /// Walks the runs of a run-length bitmap from its first row and hands each run that meets the columns `left` to `right`

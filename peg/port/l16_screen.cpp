@@ -1,11 +1,10 @@
 #include "peg/port/l16_screen.h"
 
-#include <algorithm>
+#include "peg/port/pixel_rows.h"
 
 L16Screen::L16Screen(int width, int height)
     : PegScreen(width, height),
-      m_frame(new (kFrameAlignment)
-                  std::uint16_t[static_cast<std::size_t>(width) * static_cast<std::size_t>(height)]()) {}
+      m_frame(MakePixels(static_cast<std::size_t>(width) * static_cast<std::size_t>(height) + kSparePixels)) {}
 
 std::size_t L16Screen::FrameBytes() const {
     return static_cast<std::size_t>(Width()) * static_cast<std::size_t>(Height()) * sizeof(std::uint16_t);
@@ -17,10 +16,12 @@ PegBitmap L16Screen::ScreenBitmap(int width, int height) {
 }
 
 void L16Screen::FillArea(const PegRect& area, std::uint16_t color) {
+    std::uint16_t* to = RowAt(area.top) + area.left;
+    const int width = area.Width();
     // Rows as wide as the frame follow each other without a gap.
-    if (area.Width() == Width()) {
-        std::fill_n(RowAt(area.top), area.Height() * Width(), color);
+    if (width == Width()) {
+        FillPixels(to, area.Height() * width, color);
         return;
     }
-    for (int y = area.top; y <= area.bottom; ++y) std::fill_n(RowAt(y) + area.left, area.Width(), color);
+    for (int rows = area.Height(); rows > 0; --rows, to += Width()) FillPixels(to, width, color);
 }

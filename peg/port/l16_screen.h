@@ -1,10 +1,10 @@
 #pragma once
 
-#include <memory>
-#include <new>
+#include <array>
 
 #include "peg/core/screen.h"
 #include "peg/port/pixel.h"
+#include "peg/resources/pixels.h"
 
 /// A screen whose frame is a block of 16-bit RGB565 pixels in memory, row after row from the top.
 class L16Screen : public PegScreen {
@@ -25,16 +25,14 @@ protected:
 
 private:
     std::uint16_t* RowAt(int y) { return m_frame.get() + y * Width(); }
-    const ColorRamp& RampOf(const PegBrush& brush);
+    const GlyphColors& ColorsOf(const PegBrush& brush);
+    void PaintPacked(const PegRect& visible, const PegRect& cell, const PegFont& page, char16_t code,
+                     const PegBrush& brush);
     void PaintRunLength(const PegRect& area, PegPoint topLeft, const PegBitmap& bitmap);
 
-    // The frame begins with a cache line: drawing is not split at its rows, and the device takes it in faster.
-    static constexpr std::align_val_t kFrameAlignment{64};
-    struct FreeFrame {
-        void operator()(std::uint16_t* frame) const { ::operator delete[](frame, kFrameAlignment); }
-    };
-
-    std::unique_ptr<std::uint16_t[], FreeFrame> m_frame;
-    ColorRamp m_ramp{};  // of the text drawn last, and what follows from it
-    PixelPairs m_pairs{m_ramp};
+    static constexpr std::size_t kSparePixels = 4;  // behind the frame: a glyph's last step may reach beyond its end
+    PixelBlock m_frame;
+    // Of the texts drawn last: most are of a few colours on a few backgrounds.
+    std::array<GlyphColors, 4> m_glyphColors{};
+    std::size_t m_oldestColors = 0;
 };

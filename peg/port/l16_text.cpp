@@ -8,75 +8,87 @@
 
 namespace {
 
-/// The columns of one glyph that are to be drawn, and where.
-struct GlyphSpan {
-    int firstColumn;  // in the page's rows
-    int endColumn;
-    int x;  // of the first column on the screen
-};
+constexpr int kPixelsPerStep = 4;
 
-void PaintPixel(std::uint16_t* to, unsigned coverage, const ColorRamp& ramp) {
-    if (coverage != 0) *to = ramp[coverage];
-}
-
-/// Two pixels a step; a glyph may begin and end in the middle of a byte.
-void PaintFourBitRow(std::uint16_t* to, const std::uint8_t* row, const GlyphSpan& span, const ColorRamp& ramp,
-                     const PixelPairs& pairs) {
-    int column = span.firstColumn;
-    if ((column & 1) != 0) PaintPixel(to++, row[column++ >> 1] & 0xFU, ramp);
-    const std::uint8_t* pair = row + (column >> 1);
-    for (; column + 1 < span.endColumn; column += 2, to += 2, ++pair) {
-        if (*pair == 0) continue;
-        std::uint32_t pixels;
-        std::memcpy(&pixels, to, sizeof pixels);
-        pixels = (pixels & kKeptOfPair[*pair]) | pairs.colors[*pair];
-        std::memcpy(to, &pixels, sizeof pixels);
+/// Draws a row of a glyph in whole steps. Pixels without coverage are written as they are, also those of the last step
+/// that lie right of the glyph.
+void PaintSteps(std::uint16_t* to, const std::uint16_t* steps, int count, const GlyphColors& colors) {
+    for (int i = 0; i < count; ++i, to += kPixelsPerStep) {
+        const GlyphColors::Pair& left = colors.pairs[steps[i] & 0xFFU];
+        const GlyphColors::Pair& right = colors.pairs[steps[i] >> 8U];
+        std::array<std::uint32_t, 2> pixels;
+        std::memcpy(pixels.data(), to, sizeof pixels);
+        pixels = {(pixels[0] & left.kept) | left.color, (pixels[1] & right.kept) | right.color};
+        std::memcpy(to, pixels.data(), sizeof pixels);
     }
-    if (column < span.endColumn) PaintPixel(to, *pair >> 4U, ramp);
 }
 
-void PaintOneBitRow(std::uint16_t* to, const std::uint8_t* row, const GlyphSpan& span, std::uint16_t color) {
-    for (int column = span.firstColumn; column < span.endColumn; ++column, ++to) {
-        if ((row[column >> 3] << (column & 7) & 0x80) != 0) *to = color;
+/// Draws the pixels `first` to `last` of a row of a glyph.
+void PaintPixels(std::uint16_t* to, const std::uint16_t* steps, int first, int last, const ColorRamp& ramp) {
+    constexpr int kShifts[kPixelsPerStep] = {4, 0, 12, 8};
+    for (int x = first; x <= last; ++x) {
+        const unsigned coverage = steps[x / kPixelsPerStep] >> kShifts[x % kPixelsPerStep] & 0xFU;
+        if (coverage != 0) to[x] = ramp[coverage];
+    }
+}
+
+/// Draws the bits `first` to `last` of a row.
+void PaintBits(std::uint16_t* to, const std::uint8_t* row, int first, int last, std::uint16_t color) {
+    for (int bit = first; bit <= last; ++bit, ++to) {
+        if ((row[bit >> 3] << (bit & 7) & 0x80) != 0) *to = color;
     }
 }
 
 }  // namespace
 
-/// The ramp of a brush; that of the last brush is kept, for most texts are of one colour on one background.
-const ColorRamp& L16Screen::RampOf(const PegBrush& brush) {
-    if (brush.background != m_ramp[0] || brush.foreground != m_ramp[15]) {
-        m_ramp = RampBetween(brush.background, brush.foreground);
-        m_pairs = PixelPairs(m_ramp);
+const GlyphColors& L16Screen::ColorsOf(const PegBrush& brush) {
+    for (const GlyphColors& colors : m_glyphColors) {
+        if (colors.AreOf(brush.background, brush.foreground)) return colors;
     }
-    return m_ramp;
+    GlyphColors& oldest = m_glyphColors[m_oldestColors];
+    m_oldestColors = (m_oldestColors + 1) % m_glyphColors.size();
+    return oldest = GlyphColors(brush.background, brush.foreground);
 }
 
 void L16Screen::PaintText(const PegRect& area, PegPoint topLeft, std::u16string_view text, const PegBrush& brush,
                           const PegFont& font) {
-    const ColorRamp& ramp = RampOf(brush);
     int x = topLeft.x;
     for (const char16_t code : text) {
         if (x > area.right) break;
         const PegFont* page = PageOf(&font, code);
         if (page == nullptr) continue;
-        const int left = std::max<int>(x, area.left);
-        const int right = std::min<int>(x + page->Width(code) - 1, area.right);
-        const int top = std::max<int>(topLeft.y, area.top);
-        const int bottom = std::min<int>(topLeft.y + page->height - 1, area.bottom);
-        const int firstColumn = page->Column(code) + left - x;
-        const GlyphSpan span{firstColumn, firstColumn + right - left + 1, left};
+        const PegRect cell = RectOf(x, topLeft.y, x + page->Width(code) - 1, topLeft.y + page->height - 1);
         x += page->Width(code);
-        if (left > right || top > bottom) continue;
-        if (brush.Has(PegBrush::kFill)) FillArea(RectOf(left, top, right, bottom), brush.background);
-        const bool fourBits = (page->flags & PegFont::kFourBits) != 0;
-        const std::uint8_t* row = page->glyphs + (top - topLeft.y) * page->bytesPerRow;
-        for (int y = top; y <= bottom; ++y, row += page->bytesPerRow) {
-            if (fourBits) {
-                PaintFourBitRow(RowAt(y) + span.x, row, span, ramp, m_pairs);
-            } else {
-                PaintOneBitRow(RowAt(y) + span.x, row, span, brush.foreground);
+        const PegRect visible = Intersection(cell, area);
+        if (visible.IsEmpty()) continue;
+        if (brush.Has(PegBrush::kFill)) FillArea(visible, brush.background);
+        if (page->packed != nullptr) {
+            PaintPacked(visible, cell, *page, code, brush);
+        } else if (page->glyphs != nullptr) {
+            const int first = page->Column(code) + visible.left - cell.left;
+            const std::uint8_t* row = page->glyphs + (visible.top - cell.top) * page->bytesPerRow;
+            for (int y = visible.top; y <= visible.bottom; ++y, row += page->bytesPerRow) {
+                PaintBits(RowAt(y) + visible.left, row, first, first + visible.Width() - 1, brush.foreground);
             }
+        }
+    }
+}
+
+void L16Screen::PaintPacked(const PegRect& visible, const PegRect& cell, const PegFont& page, char16_t code,
+                            const PegBrush& brush) {
+    const GlyphColors& colors = ColorsOf(brush);
+    const PackedGlyph& glyph = page.packed->glyphs[code - page.firstChar];
+    const int inkTop = cell.top + glyph.top;
+    const int top = std::max<int>(inkTop, visible.top);
+    const int bottom = std::min<int>(inkTop + glyph.rows - 1, visible.bottom);
+    const std::uint16_t* steps = page.packed->steps.data() + glyph.firstStep + (top - inkTop) * glyph.stepsPerRow;
+    const bool whole = visible.Width() == cell.Width();
+    for (int y = top; y <= bottom; ++y, steps += glyph.stepsPerRow) {
+        std::uint16_t* to = RowAt(y) + cell.left;
+        if (whole) {
+            PaintSteps(to, steps, glyph.stepsPerRow, colors);
+        } else {
+            PaintPixels(to, steps, visible.left - cell.left, visible.right - cell.left, colors.ramp);
         }
     }
 }

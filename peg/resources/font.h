@@ -3,8 +3,9 @@
 #include <cstdint>
 #include <string_view>
 
-/// One page of a font: the glyphs of a run of character codes, side by side in one wide picture. Pages are chained; a
-/// font is named by its first page.
+#include "peg/resources/packed_glyphs.h"
+
+/// One page of a font: the glyphs of a run of character codes. Pages are chained; a font is named by its first page.
 struct PegFont {
     static constexpr std::uint8_t kBuiltIn = 0x01;
     static constexpr std::uint8_t kFourBits = 0x04;    // 16 levels of coverage a pixel; clear: one bit a pixel
@@ -16,12 +17,14 @@ struct PegFont {
     std::uint8_t height;   // rows of every glyph
     std::uint8_t kept[2];
     std::uint8_t underline;  // thickness of an underline is 1 + (underline >> 5) pixels
-    std::uint16_t bytesPerRow;
+    std::uint16_t
+        bytesPerRow;  // of a page in a file, or of one bit a pixel: the glyphs side by side in one wide picture
     std::uint16_t firstChar;
     std::uint16_t lastChar;
     const std::uint16_t* offsets;  // lastChar - firstChar + 2 pixel columns, never falling
     const PegFont* next;
-    const std::uint8_t* glyphs;  // height rows of bytesPerRow bytes, top row first
+    const std::uint8_t* glyphs;  // one bit a pixel: height rows of bytesPerRow bytes, top row first
+    const PackedGlyphs* packed;  // four bits a pixel
 
     bool Holds(char16_t code) const { return code >= firstChar && code <= lastChar; }
     int Column(char16_t code) const { return offsets[code - firstChar]; }

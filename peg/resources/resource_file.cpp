@@ -67,11 +67,17 @@ bool ReadPage(FieldReader& fields, LoadedPage& loaded) {
     if (!std::is_sorted(loaded.offsets.begin(), loaded.offsets.end())) return false;
     if (loaded.offsets.back() > page.bytesPerRow * page.PixelsPerByte()) return false;
 
-    loaded.glyphs.resize(glyphBytes);
-    if (!ReadData(fields, stored, compressed, loaded.glyphs)) return false;
+    std::vector<std::uint8_t> rows(glyphBytes + kPackingReadsBeyond);
+    if (!ReadData(fields, stored, compressed, std::span(rows).first(glyphBytes))) return false;
     page.flags &= static_cast<std::uint8_t>(~PegFont::kCompressed);
     page.offsets = loaded.offsets.data();
-    page.glyphs = loaded.glyphs.data();
+    if ((page.flags & PegFont::kFourBits) != 0) {
+        loaded.packed = PackGlyphs(rows.data(), page.height, page.bytesPerRow, loaded.offsets);
+        page.packed = &loaded.packed;
+    } else {
+        loaded.glyphs = std::move(rows);
+        page.glyphs = loaded.glyphs.data();
+    }
     return true;
 }
 
@@ -111,7 +117,7 @@ bool ReadBitmap(FieldReader& fields, bool compressed, LoadedBitmap& loaded) {
     if (!known || !fields.Ok() || there > fields.Remaining()) return false;
     if (!IsBelievable(pixelBytes, there, compressed)) return false;
 
-    loaded.pixels = std::make_unique<std::uint16_t[]>((pixelBytes + 1) / sizeof(std::uint16_t));
+    loaded.pixels = MakePixels((pixelBytes + 1) / sizeof(std::uint16_t));
     bitmap.data = loaded.pixels.get();
     loaded.bytes = pixelBytes;
     const std::span<std::uint8_t> bytes{reinterpret_cast<std::uint8_t*>(bitmap.data), pixelBytes};

@@ -8,12 +8,14 @@
 
 #include "peg/resources/bitmap.h"
 #include "peg/resources/font.h"
+#include "peg/resources/pixels.h"
 
 /// One page of a loaded font with the memory it stands in.
 struct LoadedPage {
     PegFont page{};
     std::vector<std::uint16_t> offsets;
-    std::vector<std::uint8_t> glyphs;
+    std::vector<std::uint8_t> glyphs;  // one bit a pixel
+    PackedGlyphs packed;               // four bits
 };
 
 struct LoadedFont {
@@ -24,7 +26,7 @@ struct LoadedFont {
 struct LoadedBitmap {
     std::uint32_t number = 0;
     PegBitmap bitmap{};
-    std::unique_ptr<std::uint16_t[]> pixels;
+    PixelBlock pixels;
     std::size_t bytes = 0;  // of pixels, or of the runs that make them
 };
 

@@ -3,9 +3,9 @@
 #include <cstdio>
 
 #include "localization/localization.h"
+#include "navigation/font_for_size.h"
 #include "navigation/table_proofs.h"
 #include "platform/panel.h"
-#include "screens/base/font_for_size.h"
 #include "screens/base/line_place.h"
 
 namespace {

@@ -1,9 +1,9 @@
 #include "screens/alarms/alarm_list_screen.h"
 
 #include "localization/localization.h"
+#include "navigation/font_for_size.h"
 #include "navigation/geometry.h"
 #include "screens/alarms/alarm_detail_screen.h"
-#include "screens/base/font_for_size.h"
 #include "screens/base/line_place.h"
 
 namespace {

@@ -1,7 +1,7 @@
 #pragma once
 
+#include "navigation/widgets/composed_text.h"
 #include "screens/alarms/alarm_list_controller.h"
-#include "screens/base/composed_text.h"
 #include "screens/lists/list_screen.h"
 
 class almDetailScrnClass;

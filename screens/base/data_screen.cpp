@@ -26,8 +26,7 @@ constexpr int kConnectionTicks = 10 * kTicksPerSecond;
 }  // namespace
 
 DSBC_dataScrnBaseClass::DSBC_dataScrnBaseClass(std::int32_t screenId)
-    : PegWindow(kWholePanel, 0, kStyleBorderNone),
-      m_screenId(screenId),
+    : m_screenId(screenId),
       m_infoRow(FindRow(kScreenInfoRows, &ScreenInfoRow::screen, screenId)),
       m_keyRow(FindRow(kSoftKeyRows, &SoftKeyRow::screen, screenId)),
       m_scheme(screenId == kTestModeScreen ? Scheme::TestMode : Scheme::Data),
@@ -143,17 +142,6 @@ void DSBC_dataScrnBaseClass::OnKeyUp(const PegMessage& message) {
         m_menu.Keys().Release(message, key);
     }
     RunKeyAction(key);
-}
-
-void DSBC_dataScrnBaseClass::RunKeyAction(int keyCode) {
-    switch (keyCode) {
-        case KEY_SOFT_1: SoftKey1Action(); break;
-        case KEY_SOFT_2: SoftKey2Action(); break;
-        case KEY_SOFT_3: SoftKey3Action(); break;
-        case KEY_SOFT_4: SoftKey4Action(); break;
-        case KEY_HOME: HomeKeyAction(); break;
-        case KEY_SOFT_2_3: SoftKey23Action(); break;
-    }
 }
 
 void DSBC_dataScrnBaseClass::SoftKey1Action() {

@@ -5,9 +5,8 @@
 #include <string_view>
 
 #include "navigation/header.h"
+#include "navigation/keyed_screen.h"
 #include "navigation/widgets/draw_screen.h"
-#include "navigation/widgets/soft_keys.h"
-#include "peg/core/window.h"
 #include "screens/base/options_menu.h"
 #include "screens/base/screen_info_table.h"
 #include "screens/base/soft_key_table.h"
@@ -18,7 +17,7 @@
 /// between header and soft keys and reads its data in `UpdateScreenData`, which runs on show and then every second
 /// while the options menu is closed. Showing a data screen ends an open front-panel login. Toolkit task only; lives as
 /// long as the process.
-class DSBC_dataScrnBaseClass : public PegWindow {
+class DSBC_dataScrnBaseClass : public KeyedScreen {
 public:
     explicit DSBC_dataScrnBaseClass(std::int32_t screenId);
 
@@ -29,12 +28,11 @@ public:
 
     /// Runs on show and when the language changes, after the texts were translated again.
     virtual void InitScreenData() {}
-    virtual void SoftKey1Action();
-    virtual void SoftKey2Action();
-    virtual void SoftKey3Action();
-    virtual void SoftKey4Action();
-    virtual void HomeKeyAction();
-    virtual void SoftKey23Action() {}
+    void SoftKey1Action() override;
+    void SoftKey2Action() override;
+    void SoftKey3Action() override;
+    void SoftKey4Action() override;
+    void HomeKeyAction() override;
 
     /// The title of a data screen. @return false, and -1, for any other id
     static bool GetScreenTitleId(std::int32_t screenId, std::int32_t& titleId);
@@ -70,7 +68,6 @@ private:
     void OnHide(const PegMessage& message);
     void OnTimer(const PegMessage& message);
     void OnKeyUp(const PegMessage& message);
-    void RunKeyAction(int keyCode);
 
     std::int32_t m_screenId;
     const ScreenInfoRow* m_infoRow;
@@ -79,6 +76,5 @@ private:
     const char16_t* m_title = nullptr;       // in the base language
     std::array<char16_t, 30> m_titleText{};  // as it is shown
     scrnHeader* m_header = nullptr;          // null on a screen that is in no table
-    SoftKeys m_keys;
     OptionsMenu m_menu;
 };

@@ -1,11 +1,11 @@
 #include "screens/base/options_menu.h"
 
 #include "localization/localization.h"
+#include "navigation/font_for_size.h"
 #include "navigation/geometry.h"
 #include "peg/core/screen.h"
 #include "peg/core/toolkit.h"
 #include "peg/resources/resources.h"
-#include "screens/base/font_for_size.h"
 #include "screens/base/soft_key_table.h"
 
 namespace {

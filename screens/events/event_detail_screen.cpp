@@ -2,8 +2,8 @@
 
 #include <cstdio>
 
+#include "navigation/font_for_size.h"
 #include "platform/panel.h"
-#include "screens/base/font_for_size.h"
 #include "screens/events/event_list_screen.h"
 #include "screens/events/event_log_list_controller.h"
 

@@ -1,7 +1,7 @@
 #include "screens/events/event_list_screen.h"
 
+#include "navigation/font_for_size.h"
 #include "navigation/geometry.h"
-#include "screens/base/font_for_size.h"
 #include "screens/events/event_detail_screen.h"
 
 namespace {

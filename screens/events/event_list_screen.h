@@ -1,6 +1,6 @@
 #pragma once
 
-#include "screens/base/composed_text.h"
+#include "navigation/widgets/composed_text.h"
 #include "screens/events/event_log_list_controller.h"
 #include "screens/events/event_page.h"
 #include "screens/lists/list_screen.h"

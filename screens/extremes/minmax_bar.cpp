@@ -4,11 +4,11 @@
 
 #include "localization/localization.h"
 #include "navigation/geometry.h"
+#include "navigation/widgets/composed_text.h"
+#include "navigation/widgets/show_text.h"
 #include "peg/core/screen.h"
 #include "peg/core/toolkit.h"
 #include "peg/resources/resources.h"
-#include "screens/base/composed_text.h"
-#include "screens/base/show_text.h"
 #include "screens/parameters/parameter_row.h"
 
 namespace {

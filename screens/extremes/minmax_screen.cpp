@@ -2,8 +2,8 @@
 
 #include "navigation/meter_access.h"
 #include "navigation/navigation_handler.h"
-#include "screens/base/composed_text.h"
-#include "screens/base/show_text.h"
+#include "navigation/widgets/composed_text.h"
+#include "navigation/widgets/show_text.h"
 
 namespace {
 

@@ -1,10 +1,10 @@
 #include "screens/harmonics/harmonic_chart.h"
 
+#include "navigation/widgets/composed_text.h"
 #include "navigation/widgets/custom_prompt.h"
 #include "peg/core/screen.h"
 #include "peg/core/toolkit.h"
 #include "peg/resources/resources.h"
-#include "screens/base/composed_text.h"
 
 namespace {
 

@@ -6,12 +6,12 @@
 #include "localization/localization.h"
 #include "navigation/meter_access.h"
 #include "navigation/navigation_handler.h"
+#include "navigation/widgets/composed_text.h"
 #include "navigation/widgets/rule.h"
+#include "navigation/widgets/show_text.h"
 #include "peg/core/screen.h"
 #include "peg/resources/resources.h"
 #include "screens/base/column_span.h"
-#include "screens/base/composed_text.h"
-#include "screens/base/show_text.h"
 
 namespace {
 

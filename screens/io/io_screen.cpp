@@ -1,9 +1,9 @@
 #include "screens/io/io_screen.h"
 
 #include "localization/localization.h"
+#include "navigation/font_for_size.h"
 #include "navigation/navigation_handler.h"
-#include "screens/base/font_for_size.h"
-#include "screens/base/show_text.h"
+#include "navigation/widgets/show_text.h"
 
 namespace {
 

@@ -1,7 +1,7 @@
 #pragma once
 
+#include "navigation/widgets/composed_text.h"
 #include "peg/widgets/prompt.h"
-#include "screens/base/composed_text.h"
 
 /// Where labels and values of a detail screen stand, all inclusive.
 struct DetailColumns {

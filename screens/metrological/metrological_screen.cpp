@@ -2,12 +2,12 @@
 
 #include <span>
 
+#include "navigation/font_for_size.h"
 #include "navigation/geometry.h"
 #include "navigation/meter_access.h"
 #include "navigation/navigation_handler.h"
-#include "screens/base/font_for_size.h"
+#include "navigation/widgets/show_text.h"
 #include "screens/base/line_place.h"
-#include "screens/base/show_text.h"
 
 namespace {
 

@@ -1,12 +1,12 @@
 #include "screens/nameplate/nameplate_screen.h"
 
 #include "localization/localization.h"
+#include "navigation/font_for_size.h"
 #include "navigation/geometry.h"
 #include "navigation/navigation_handler.h"
 #include "peg/resources/resources.h"
 #include "peg/widgets/bitmap_prompt.h"
 #include "rda/meter_operations.h"
-#include "screens/base/font_for_size.h"
 
 namespace {
 

@@ -2,9 +2,9 @@
 
 #include <array>
 
+#include "navigation/widgets/composed_text.h"
 #include "navigation/widgets/data_prompt.h"
 #include "peg/widgets/prompt.h"
-#include "screens/base/composed_text.h"
 #include "screens/base/data_screen.h"
 #include "screens/nameplate/nameplate_pages.h"
 

@@ -3,13 +3,13 @@
 #include <charconv>
 
 #include "localization/localization.h"
+#include "navigation/font_for_size.h"
 #include "navigation/meter_access.h"
 #include "navigation/navigation_handler.h"
 #include "peg/core/screen.h"
 #include "peg/core/timer_list.h"
 #include "peg/resources/resources.h"
 #include "platform/panel.h"
-#include "screens/base/font_for_size.h"
 
 /// A screen whose pages the meter composes: what it says without one, how it asks for one, and which of the meter's
 /// settings turns its pages.

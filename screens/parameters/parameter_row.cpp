@@ -1,7 +1,7 @@
 #include "screens/parameters/parameter_row.h"
 
+#include "navigation/widgets/show_text.h"
 #include "screens/base/line_place.h"
-#include "screens/base/show_text.h"
 
 namespace {
 

@@ -3,9 +3,9 @@
 #include "localization/localization.h"
 #include "navigation/navigation_handler.h"
 #include "navigation/widgets/rule.h"
+#include "navigation/widgets/show_text.h"
 #include "peg/core/screen.h"
 #include "peg/resources/resources.h"
-#include "screens/base/show_text.h"
 
 namespace {
 

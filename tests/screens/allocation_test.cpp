@@ -1,8 +1,5 @@
 #include "tests/bench/allocation_count.h"
 
-#include <cstdlib>
-#include <new>
-
 #include "localization/display_config.h"
 #include "screens/alarms/alarm_screens.h"
 #include "screens/events/event_screens.h"
@@ -16,18 +13,6 @@
 #include "screens/parameters/parameter_screen.h"
 #include "screens/phasor/phasor_screen.h"
 #include "tests/bench/panel_bench.h"
-
-void* operator new(std::size_t size) {
-    if (AllocationCount::paused == 0) ++AllocationCount::taken;
-    if (void* memory = std::malloc(size)) return memory;
-    std::abort();
-}
-void* operator new(std::size_t size, const std::nothrow_t&) noexcept {
-    if (AllocationCount::paused == 0) ++AllocationCount::taken;
-    return std::malloc(size);
-}
-void operator delete(void* memory) noexcept { std::free(memory); }
-void operator delete(void* memory, std::size_t) noexcept { std::free(memory); }
 
 namespace {
 

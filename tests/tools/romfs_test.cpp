@@ -3,10 +3,10 @@
 #include <cmath>
 #include <set>
 
+#include "navigation/font_for_size.h"
 #include "navigation/menu_trees.h"
 #include "navigation/widgets/draw_screen.h"
 #include "peg/resources/resources.h"
-#include "screens/base/font_for_size.h"
 #include "screens/parameters/row_layout.h"
 #include "tests/tools/workshop.h"
 

@@ -1,0 +1,35 @@
+#include "navigation/widgets/setup_vertical_list.h"
+
+#include <gtest/gtest.h>
+
+#include "tests/bench/panel_bench.h"
+
+namespace {
+
+constexpr std::uint32_t kIcon = 224;
+
+class SetupVerticalList : public PanelBench {};
+
+TEST_F(SetupVerticalList, StandsInTheMiddleBetweenTitleBandAndSoftKeys) {
+    const setupVerticalList five({5, 0, {}}, SetupItemLook::Plain);
+    EXPECT_EQ(five.Real(), (PegRect{8, 68, 312, 200}));
+    const setupVerticalList tooMany({9, 0, {}}, SetupItemLook::Plain);
+    EXPECT_EQ(tooMany.Real().Height(), 6 * 23 + 18) << "six rows fit";
+}
+
+TEST_F(SetupVerticalList, PassesOverWhatIsHiddenAndStopsAtTheEnds) {
+    setupVerticalList list({5, 0, {0, 102, 121}}, SetupItemLook::ShowSelected);
+    for (const std::uint32_t label : {325U, 328U, 326U}) list.addItem(label, 0, kIcon);
+    list.item(1)->SetStatusBits(STAT_NO_CLIENT_CLIP);
+    EXPECT_EQ(list.visibleCount(), 2);
+    list.select(0);
+    EXPECT_TRUE(list.selectNext());
+    EXPECT_EQ(list.selectedIndex(), 1);
+    EXPECT_FALSE(list.selectNext());
+    EXPECT_TRUE(list.selectPrevious());
+    EXPECT_FALSE(list.selectPrevious());
+    EXPECT_EQ(list.selectedIndex(), 0);
+    EXPECT_EQ(list.item(2), nullptr);
+}
+
+}  // namespace

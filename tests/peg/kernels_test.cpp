@@ -1,0 +1,222 @@
+#include <cmath>
+#include <random>
+
+#include "peg/core/screen.h"
+#include "peg/port/pixel.h"
+#include "tests/bench/toolkit_bench.h"
+#include "tests/peg/recorder.h"
+
+// The drawing kernels against what they mean, pixel by pixel, over random places and clips.
+
+namespace {
+
+constexpr int kRounds = 300;
+constexpr PegRect kArea = RectOf(0, 0, 79, 59);
+
+/// A frame that is drawn on one pixel at a time.
+class Reference {
+public:
+    explicit Reference(const BenchScreen& screen) {
+        for (int y = 0; y <= kArea.bottom; ++y) m_rows.emplace_back(screen.Row(y), screen.Row(y) + kArea.Width());
+    }
+    std::uint16_t At(int x, int y) const { return m_rows[static_cast<std::size_t>(y)][static_cast<std::size_t>(x)]; }
+    void Put(int x, int y, std::uint16_t color, const PegRect& clip) {
+        if (!Intersection(clip, kArea).Contains(PointOf(x, y))) return;
+        m_rows[static_cast<std::size_t>(y)][static_cast<std::size_t>(x)] = color;
+    }
+
+private:
+    std::vector<std::vector<std::uint16_t>> m_rows;
+};
+
+class Kernels : public ToolkitBench {
+protected:
+    Kernels() {
+        Draw(kArea, [&](PegScreen& screen) {
+            for (int y = 0; y <= kArea.bottom; ++y) {
+                for (int x = 0; x <= kArea.right; ++x) screen.PutPixel(x, y, Any<std::uint16_t>(0, 0xFFFF));
+            }
+        });
+    }
+    template <typename Number>
+    Number Any(int low, int high) {
+        return static_cast<Number>(std::uniform_int_distribution(low, high)(m_random));
+    }
+    int AnyInt(int low, int high) { return Any<int>(low, high); }
+    PegRect AnyClip() {
+        const int left = AnyInt(0, 79);
+        const int top = AnyInt(0, 59);
+        return RectOf(left, top, AnyInt(left, 90), AnyInt(top, 70));
+    }
+    template <typename Operation>
+    void Draw(const PegRect& clip, Operation draw) {
+        const DrawingPass pass(m_canvas, clip);
+        draw(*toolkit.screen);
+    }
+    /// Both frames are the same, also around what was drawn.
+    ::testing::AssertionResult Equal(const Reference& reference) {
+        for (int y = 0; y <= kArea.bottom; ++y) {
+            for (int x = 0; x <= kArea.right; ++x) {
+                if (Pixel(x, y) == reference.At(x, y)) continue;
+                return ::testing::AssertionFailure() << "pixel " << x << ", " << y << ": " << std::hex << Pixel(x, y)
+                                                     << " instead of " << reference.At(x, y);
+            }
+        }
+        return ::testing::AssertionSuccess();
+    }
+
+private:
+    std::mt19937 m_random{11};
+    Recorder m_canvas{kArea};
+};
+
+TEST_F(Kernels, FillWhatLiesInTheClip) {
+    for (int round = 0; round < kRounds; ++round) {
+        const PegRect clip = AnyClip();
+        const PegRect rect = RectOf(AnyInt(-9, 79), AnyInt(-9, 59), AnyInt(0, 99), AnyInt(0, 99));
+        Reference reference(Screen());
+        const auto color = Any<std::uint16_t>(0, 0xFFFF);
+        for (int y = rect.top; y <= rect.bottom; ++y) {
+            for (int x = rect.left; x <= rect.right; ++x) reference.Put(x, y, color, clip);
+        }
+        Draw(clip, [&](PegScreen& screen) { screen.Fill(rect, color); });
+        ASSERT_TRUE(Equal(reference)) << "round " << round;
+    }
+}
+
+TEST_F(Kernels, BlendEachChannelForItself) {
+    constexpr int kWidth = 21;
+    constexpr int kHeight = 5;
+    const auto blend = [](std::uint16_t over, std::uint16_t below, unsigned alpha) {
+        const auto channel = [&](int shift, unsigned mask) {
+            const unsigned mixed = (over >> shift & mask) * alpha + (below >> shift & mask) * (256 - alpha);
+            return (mixed >> 8) << shift;
+        };
+        return static_cast<std::uint16_t>(channel(11, 0x1F) | channel(5, 0x3F) | channel(0, 0x1F));
+    };
+    for (int round = 0; round < kRounds; ++round) {
+        const bool alphaFirst = round % 2 == 0;
+        const bool keyed = round % 3 == 0;
+        const auto bitmap = PegScreen::CreateBitmap(kWidth, kHeight, PegBitmap::kAlpha);
+        if (alphaFirst) bitmap->bitmap.flags |= PegBitmap::kAlphaFirst;
+        if (keyed) bitmap->bitmap.flags |= PegBitmap::kTransparent;
+        const PegRect clip = AnyClip();
+        const PegPoint place = PointOf(AnyInt(-20, 79), AnyInt(-4, 59));
+        Reference reference(Screen());
+        for (int i = 0; i < kWidth * kHeight; ++i) {
+            const auto color = AnyInt(0, 9) == 0 ? kTransparentPixel : Any<std::uint16_t>(0, 0xFFFF);
+            const unsigned alpha = Any<unsigned>(0, 300);
+            std::uint16_t* pixel = bitmap->bitmap.data + 2 * i;
+            pixel[alphaFirst ? 1 : 0] = color;
+            pixel[alphaFirst ? 0 : 1] = static_cast<std::uint16_t>(alpha);
+            const int x = place.x + i % kWidth;
+            const int y = place.y + i / kWidth;
+            if (!kArea.Contains(PointOf(x, y)) || (keyed && color == kTransparentPixel)) continue;
+            reference.Put(x, y, blend(color, reference.At(x, y), alpha >= 255 ? 256 : alpha), clip);
+        }
+        Draw(clip, [&](PegScreen& screen) { screen.DrawBitmap(place, &bitmap->bitmap); });
+        ASSERT_TRUE(Equal(reference)) << "round " << round;
+    }
+}
+
+/// A font page of random glyphs, up to 40 pixels wide, with rows and columns without ink.
+struct RandomPage {
+    static constexpr int kHeight = 11;
+    static constexpr int kGlyphs = 6;
+
+    template <typename AnyInt>
+    explicit RandomPage(AnyInt anyInt) {
+        for (int i = 0; i < kGlyphs; ++i) {
+            offsets.push_back(static_cast<std::uint16_t>(offsets.back() + anyInt(0, 40)));
+        }
+        const int bytes = (offsets.back() + 1) / 2;
+        rows.resize(static_cast<std::size_t>(kHeight * bytes) + kPackingReadsBeyond, 0xFF);
+        for (int i = 0; i < kHeight * bytes; ++i) {
+            const bool inked = i / bytes > anyInt(0, 3) && i / bytes < anyInt(6, kHeight) && anyInt(0, 2) > 0;
+            rows[static_cast<std::size_t>(i)] = static_cast<std::uint8_t>(inked ? anyInt(0, 255) : 0);
+        }
+        packed = PackGlyphs(rows.data(), kHeight, bytes, offsets);
+        font = {PegFont::kFourBits,
+                kHeight,
+                0,
+                kHeight,
+                {},
+                0,
+                static_cast<std::uint16_t>(bytes),
+                u'A',
+                static_cast<std::uint16_t>(u'A' + kGlyphs - 1),
+                offsets.data(),
+                nullptr,
+                nullptr,
+                &packed};
+    }
+    unsigned Coverage(int column, int row) const {
+        const std::uint8_t byte = rows[static_cast<std::size_t>(row * font.bytesPerRow + column / 2)];
+        return column % 2 == 0 ? byte >> 4U : byte & 0xFU;
+    }
+
+    std::vector<std::uint16_t> offsets{0};
+    std::vector<std::uint8_t> rows;
+    PackedGlyphs packed;
+    PegFont font{};
+};
+
+TEST_F(Kernels, DrawTextByTheCoverageOfItsGlyphs) {
+    for (int round = 0; round < kRounds; ++round) {
+        const RandomPage page([this](int low, int high) { return AnyInt(low, high); });
+        std::u16string text;
+        for (int i = AnyInt(1, 5); i > 0; --i) text += static_cast<char16_t>(u'A' + AnyInt(0, RandomPage::kGlyphs - 1));
+        const PegBrush brush(Any<std::uint16_t>(0, 0xFFFF), Any<std::uint16_t>(0, 0xFFFF),
+                             round % 4 == 0 ? PegBrush::kFill : 0);
+        const ColorRamp ramp = RampBetween(brush.background, brush.foreground);
+        const PegRect clip = AnyClip();
+        const PegPoint place = PointOf(AnyInt(-30, 79), AnyInt(-9, 59));
+        Reference reference(Screen());
+        int x = place.x;
+        for (const char16_t code : text) {
+            for (int i = 0; i < page.font.Width(code) * RandomPage::kHeight; ++i) {
+                const int column = i / RandomPage::kHeight;
+                const int row = i % RandomPage::kHeight;
+                const unsigned coverage = page.Coverage(page.font.Column(code) + column, row);
+                if (brush.Has(PegBrush::kFill)) reference.Put(x + column, place.y + row, brush.background, clip);
+                if (coverage != 0) reference.Put(x + column, place.y + row, ramp[coverage], clip);
+            }
+            x += page.font.Width(code);
+        }
+        Draw(clip, [&](PegScreen& screen) { screen.DrawText(place, text.c_str(), brush, &page.font); });
+        ASSERT_TRUE(Equal(reference)) << "round " << round;
+    }
+}
+
+TEST_F(Kernels, MakeEllipsesOfWhatLiesWithinHalfAPixel) {
+    const auto isInside = [](int dx, int dy, int radiusX, int radiusY) {
+        const double a = radiusX + 0.5;
+        const double b = radiusY + 0.5;
+        return radiusX >= 0 && radiusY >= 0 && dx * dx / (a * a) + dy * dy / (b * b) <= 1.0;
+    };
+    for (int round = 0; round < kRounds; ++round) {
+        const int x = AnyInt(-10, 90);
+        const int y = AnyInt(-10, 70);
+        const int radiusX = AnyInt(0, 40);
+        const int radiusY = round % 2 == 0 ? radiusX : AnyInt(0, 40);
+        const int pen = AnyInt(0, 6);
+        const PegBrush brush(Any<std::uint16_t>(0, 0xFFFF), Any<std::uint16_t>(0, 0xFFFF),
+                             round % 3 == 0 ? PegBrush::kFill : 0, pen);
+        const PegRect clip = AnyClip();
+        Reference reference(Screen());
+        for (int dy = -radiusY; dy <= radiusY; ++dy) {
+            for (int dx = -radiusX; dx <= radiusX; ++dx) {
+                if (!isInside(dx, dy, radiusX, radiusY)) continue;
+                if (pen > 0 && !isInside(dx, dy, radiusX - pen, radiusY - pen)) {
+                    reference.Put(x + dx, y + dy, brush.foreground, clip);
+                } else if (brush.Has(PegBrush::kFill)) {
+                    reference.Put(x + dx, y + dy, brush.background, clip);
+                }
+            }
+        }
+        Draw(clip, [&](PegScreen& screen) { screen.DrawArc(x, y, 0, 0, radiusX, radiusY, brush); });
+        ASSERT_TRUE(Equal(reference)) << "round " << round;
+    }
+}
+
+}  // namespace

@@ -1,0 +1,183 @@
+#include "localization/display_config.h"
+#include "peg/resources/resources.h"
+#include "tests/setup/setup_edit_bench.h"
+
+namespace {
+
+constexpr std::string_view kItems = "PDMINTERFACE_getEnumerationData";
+constexpr std::string_view kCurrent = "PDMINTERFACE_getEnumerationValue";
+constexpr std::int32_t kWiring = 101;
+constexpr std::int32_t kScreenOfDecimals = 176;
+
+class ChoiceScreen : public SetupEditBench {
+protected:
+    static EnumerationData Items(std::uint32_t count, std::uint32_t current) {
+        EnumerationData data{};
+        data.count.Set(count);
+        data.current.Set(current);
+        for (std::size_t i = 0; i < data.items.size(); ++i) {
+            data.items[i].fill('x');  // unterminated
+            data.items[i][0] = static_cast<char>('A' + i % 26);
+        }
+        return data;
+    }
+    static ChoiceList& List() { return ChoiceList::getInstance(); }
+};
+
+TEST_F(ChoiceScreen, WritesEveryRegisterInTheMetersOwnWordsAndReadsItBack) {
+    DISPCFG_setLanguage(1);
+    for (const ChoiceRow& row : kChoiceRows) {
+        EnumerationData data{};
+        ASSERT_EQ(PDMINTERFACE_getEnumerationData(row.registerId, data), 0);
+        const auto count = data.count.Get();
+        ASSERT_GE(count, 2U) << "register " << row.registerId;
+        const std::uint32_t target = data.current.Get() + 1 < count ? data.current.Get() + 1 : data.current.Get() - 1;
+        Open(row.screen);
+        ASSERT_EQ(Shown(), row.screen);
+        ASSERT_EQ(List().visibleCount(), static_cast<int>(count)) << row.screen;
+        EXPECT_EQ(List().selectedIndex(), static_cast<int>(data.current.Get())) << row.screen;
+        Press(target > data.current.Get() ? KEY_SOFT_3 : KEY_SOFT_2);
+        Press(KEY_SOFT_4);
+        EXPECT_EQ(meter().Calls(kWrite), 0) << "nothing is written unconfirmed";
+        Press(KEY_SOFT_4);
+        EXPECT_EQ(meter().LastArgument(kWrite), row.registerId);
+        EXPECT_EQ(Written(), TextIn(data.items[target])) << row.screen;
+        EXPECT_EQ(HeldText(row.registerId), TextIn(data.items[target])) << row.screen;
+        EXPECT_EQ(Shown(), kView) << row.screen;
+    }
+}
+
+TEST_F(ChoiceScreen, LeavesAnUnchangedValueWithoutAQuestion) {
+    Open(kWiring);
+    Press(KEY_SOFT_3);
+    Press(KEY_SOFT_2);
+    Press(KEY_SOFT_4);
+    EXPECT_EQ(Shown(), kView);
+    EXPECT_EQ(meter().Calls(kWrite), 0);
+    Open(kWiring);
+    Press(KEY_SOFT_3);
+    Press(KEY_SOFT_1);
+    EXPECT_EQ(Shown(), kView) << "back without storing";
+    EXPECT_EQ(meter().Calls(kWrite), 0);
+}
+
+TEST_F(ChoiceScreen, ReadsTheTextsOnceAndTheChoiceInForceOnEveryShow) {
+    meter().Fail(kItems);
+    Open(kScreenOfDecimals);
+    EXPECT_EQ(List().visibleCount(), 0);
+    for (const KeyCode key : {KEY_SOFT_2, KEY_SOFT_3, KEY_SOFT_2_3}) Press(key);
+    Press(KEY_SOFT_4);
+    EXPECT_EQ(Shown(), kView) << "nothing can be chosen";
+
+    meter().Recover();
+    meter().Answer(kItems, Items(5, 2));
+    Open(kScreenOfDecimals);
+    EXPECT_EQ(List().visibleCount(), 5) << "asked again after the failure";
+    EXPECT_EQ(List().selectedIndex(), 2);
+
+    EnumerationValue value{};
+    value.current.Set(4);
+    meter().Answer(kCurrent, value);
+    meter().Answer(kItems, Items(3, 0));
+    Show(kView);
+    meter().ForgetCalls();
+    Show(kScreenOfDecimals);
+    EXPECT_EQ(meter().Calls(kItems), 0);
+    EXPECT_EQ(meter().Calls(kCurrent), 1);
+    EXPECT_EQ(List().visibleCount(), 5);
+    EXPECT_EQ(List().selectedIndex(), 4);
+}
+
+TEST_F(ChoiceScreen, HoldsWhatTheMeterCountsAgainstWhatThereIs) {
+    struct Case {
+        std::int32_t screen;
+        std::uint32_t count, current;
+        int shown, selected;
+    };
+    constexpr Case kCases[] = {
+        {102, 0, 0, 0, -1},          {112, 1, 0, 1, 0}, {114, 40, 39, 40, 39},
+        {116, 41, 40, 40, 0},        {119, 3, 3, 3, 0}, {121, UINT32_MAX, UINT32_MAX, 40, 0},
+        {123, 2, 0x80000000U, 2, 0},
+    };
+    for (const auto& [screen, count, current, shown, selected] : kCases) {
+        meter().Answer(kItems, Items(count, current));
+        Open(screen);
+        EXPECT_EQ(List().visibleCount(), shown) << screen;
+        EXPECT_EQ(List().selectedIndex(), selected) << screen;
+        for (int i = 0; i < 45; ++i) Press(KEY_SOFT_3);
+        EXPECT_EQ(List().selectedIndex(), shown - 1) << screen;
+        for (int i = 0; i < 45; ++i) Press(KEY_SOFT_2);
+        EXPECT_EQ(List().selectedIndex(), shown > 0 ? 0 : -1) << screen;
+    }
+    Refuse("no");
+    Press(KEY_SOFT_3);
+    Press(KEY_SOFT_4, 2);
+    EXPECT_EQ(Written().size(), 40U) << "a text without terminator ends with its field";
+}
+
+TEST_F(ChoiceScreen, TakesAChoiceThatIsNotKnownForNone) {
+    EnumerationValue value{};
+    value.current.Set(99);
+    Open(kWiring);
+    Show(kView);
+    meter().Answer(kCurrent, value);
+    Open(kWiring);
+    EXPECT_EQ(List().selectedIndex(), 0);
+    Press(KEY_SOFT_4);
+    EXPECT_EQ(Shown(), kWiring) << "the choice shown may be another than the one in force: it asks";
+    EXPECT_TRUE(PanelShows("setup/edit_choice_unknown_old_value"));
+    Press(KEY_SOFT_1);
+    meter().Fail(kCurrent);
+    Open(kWiring);
+    EXPECT_GT(List().visibleCount(), 1) << "the texts are still there";
+    Press(KEY_SOFT_4);
+    EXPECT_EQ(Shown(), kWiring);
+}
+
+TEST_F(ChoiceScreen, ShowsItsChoicesInEveryStateAndLanguage) {
+    Open(kWiring);
+    EXPECT_TRUE(PanelShows("setup/edit_choice"));
+    Press(KEY_SOFT_3);
+    EXPECT_TRUE(PanelShows("setup/edit_choice_other"));
+    Press(KEY_SOFT_4);
+    EXPECT_TRUE(PanelShows("setup/edit_choice_confirmation"));
+    DISPCFG_setLanguage(5);
+    Manager().FirstChild()->Message(MessageOf(MSG_LANGUAGE));
+    Pump();
+    EXPECT_TRUE(PanelShows("setup/edit_choice_confirmation_russian")) << "also while the question is open";
+    Open(kLanguageScreen);
+    EXPECT_TRUE(PanelShows("setup/edit_choice_language")) << "each in its own";
+    meter().Answer(kItems, Items(40, 33));
+    Open(189);
+    EXPECT_TRUE(PanelShows("setup/edit_choice_forty"));
+}
+
+TEST_F(ChoiceScreen, HasRoomForEveryChoiceInEveryLanguage) {
+    constexpr int kHalfOfDialog = 140;
+    constexpr int kRow = 260;
+    constexpr std::uint32_t kSmallestFont = 32;
+    constexpr std::uint32_t kRowFont = 33;
+    for (std::uint32_t language = 0; language < 6; ++language) {
+        DISPCFG_setLanguage(language);
+        for (const ChoiceRow& row : kChoiceRows) {
+            Show(kView);
+            Open(row.screen);
+            for (int i = 0; i < List().visibleCount(); ++i) {
+                const char16_t* text = List().text(static_cast<std::size_t>(i)).data();
+                EXPECT_LE(WidthOf(text, PegResources::GetFont(kSmallestFont)), kHalfOfDialog) << row.screen << ' ' << i;
+                EXPECT_LE(WidthOf(text, PegResources::GetFont(kRowFont)), kRow) << row.screen << ' ' << i;
+                EXPECT_LT(std::u16string_view(text).size(), 40U) << row.screen << ' ' << i;
+            }
+        }
+    }
+}
+
+TEST_F(ChoiceScreen, GivesItsListBackWhenAnotherScreenTakesIt) {
+    Open(kWiring);
+    Show(102);
+    EXPECT_EQ(List().Parent(), Manager().FirstChild()) << "straight from one choice to another";
+    Show(kView);
+    EXPECT_EQ(List().Parent(), nullptr);
+}
+
+}  // namespace

@@ -1,0 +1,85 @@
+#pragma once
+
+#include <map>
+#include <string_view>
+
+#include "navigation/menu/menu_screen.h"
+#include "rda/meter_operations.h"
+#include "setup/view/setup_view1_screen.h"
+#include "setup/view/setup_view2_screen.h"
+#include "setup/view/setup_view3_screen.h"
+#include "setup/view/setup_view5_screen.h"
+#include "tests/bench/panel_bench.h"
+#include "tests/bench/wire_text.h"
+#include "tests/navigation/keyboard_keys.h"
+#include "tests/peg/recorder.h"
+
+inline constexpr std::string_view kReadRegister = "PDMINTERFACE_getRegisterValue";
+inline constexpr std::string_view kVerify = "SECURITYINTERFACE_verifyFrontPanelPassword";
+inline constexpr std::string_view kClear = "SECURITYINTERFACE_clearFrontPanelPassword";
+
+/// The setup view screens between the menu, the home screen, and plain windows in the place of the edit screens.
+class SetupViewBench : public PanelBench {
+protected:
+    static constexpr std::int32_t kFirstEditScreen = 101;
+
+    SetupViewBench() {
+        CreateMenuScreens();
+        for (std::int32_t id = kFirstEditScreen; id < 200; ++id) AddStub(id, SCREEN_KIND_SETUP_EDIT);
+        AddStub(home, SCREEN_KIND_DATA);
+        CreateSetupView1Screens();
+        CreateSetupView2Screen();
+        CreateSetupView5Screens();
+        CreateSetupView3Screens();
+        Access(1);
+        Verdict(0);
+    }
+
+    static void Access(std::uint32_t permission) {
+        AccessRights rights{};
+        rights.frontPanel.Set(permission);
+        meter().Answer("SECURITYINTERFACE_getFrontPanelAccessRights", rights);
+    }
+    static void Verdict(std::uint32_t result) { meter().Answer(kVerify, result); }
+
+    /// Shows a screen with the values of its first second.
+    void Open(std::int32_t screen) {
+        Show(screen);
+        Ticks(1);
+    }
+    static std::int32_t Shown() { return Navigation().getCurrentScreenId(); }
+    static bool IsKeyboardShown() { return keyboardWin::getInstance().IsVisible(); }
+
+    void Press(KeyCode key, int times = 1) {
+        for (int i = 0; i < times; ++i) PanelBench::Press(key);
+    }
+    void PressKey(std::uint16_t code) {
+        FocusKey(code);
+        Press(KEY_SOFT_4);
+    }
+
+    /// Types a text and confirms it.
+    void Enter(std::string_view text) {
+        for (const char character : text) PressKey(static_cast<std::uint16_t>(character));
+        PressKey(kKeyEnter);
+    }
+    void LogIn() {
+        Press(KEY_SOFT_4);
+        Enter("");
+        Enter("1");
+    }
+
+    /// Frames that reach the panel during a number of ticks.
+    int FramesIn(int ticks) {
+        const int before = Screen().flushes;
+        Ticks(ticks);
+        return Screen().flushes - before;
+    }
+
+    const std::int32_t home = Navigation().getCurrentScreenId();
+
+private:
+    static void AddStub(std::int32_t id, ScreenKind kind) {
+        Navigation().addScreen(id, *new Recorder(RectOf(0, 0, 319, 239)), kind);
+    }
+};

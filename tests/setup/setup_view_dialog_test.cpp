@@ -1,0 +1,172 @@
+#include "navigation/password_handler.h"
+#include "tests/setup/setup_view_bench.h"
+
+namespace {
+
+constexpr std::int32_t kScreen = 100;
+constexpr std::int32_t kEditScreen = 101;
+constexpr int kDialogTicks = 200;
+constexpr int kScreenTicks = 600;
+
+class SetupViewDialogs : public SetupViewBench {
+protected:
+    SetupViewDialogs() { Open(kScreen); }
+
+    static std::string Asked() {
+        std::string text;
+        for (const std::byte byte : meter().LastPayload(kVerify)) text += static_cast<char>(byte);
+        return text;
+    }
+    bool IsScreenAsBefore() { return static_cast<bool>(PanelShows("setup/view_100")); }
+    bool IsMessage(const char* name) { return static_cast<bool>(PanelShows(std::string("setup/view_").append(name))); }
+};
+
+TEST_F(SetupViewDialogs, OpenTheEditScreenOnceThePasswordIsAccepted) {
+    Press(KEY_SOFT_4);
+    EXPECT_TRUE(PanelShows("setup/view_user_name"));
+    Enter("abcdef");
+    EXPECT_TRUE(PanelShows("setup/view_password"));
+    EXPECT_EQ(meter().Calls(kVerify), 0);
+    Enter("0123456789abcdef");
+    EXPECT_EQ(Shown(), kEditScreen);
+    EXPECT_FALSE(IsKeyboardShown());
+    EXPECT_EQ(Asked().find("USERabcde"), std::string::npos) << "eight characters of the name count";
+    EXPECT_NE(Asked().find("USERabcd"), std::string::npos);
+    EXPECT_NE(Asked().find("0123456789abcdef"), std::string::npos);
+    Show(kScreen);
+    EXPECT_TRUE(IsScreenAsBefore());
+    Press(KEY_SOFT_4);
+    EXPECT_EQ(Shown(), kEditScreen) << "while the login is open nobody is asked again";
+    EXPECT_EQ(meter().Calls(kVerify), 1);
+}
+
+TEST_F(SetupViewDialogs, CloseByEscape) {
+    Press(KEY_SOFT_4);
+    PressKey(kKeyEscape);
+    EXPECT_TRUE(IsScreenAsBefore());
+    Press(KEY_SOFT_4);
+    PressKey(kKeyEnter);
+    PressKey(kKeyEscape);
+    EXPECT_TRUE(IsScreenAsBefore());
+    EXPECT_EQ(meter().Calls(kVerify), 0);
+}
+
+TEST_F(SetupViewDialogs, SayWhyAPasswordIsRefused) {
+    struct Case {
+        std::uint32_t verdict;
+        std::string_view password;
+        const char* message;
+        int calls;
+    };
+    for (const Case& refusal : {Case{1, "1", "wrong_password", 1}, Case{2, "1", "user_may_not", 1},
+                                Case{77, "1", "wrong_password", 1}, Case{0, "", "wrong_password", 0}}) {
+        meter().ForgetCalls();
+        Verdict(refusal.verdict);
+        Press(KEY_SOFT_4);
+        Enter("");
+        Enter(refusal.password);
+        EXPECT_TRUE(IsMessage(refusal.message)) << refusal.verdict;
+        EXPECT_EQ(meter().Calls(kVerify), refusal.calls);
+        Press(KEY_SOFT_1);
+        Press(KEY_SOFT_2);
+        Press(KEY_SOFT_3);
+        EXPECT_TRUE(IsMessage(refusal.message)) << "only soft key 4 closes it";
+        Press(KEY_SOFT_4);
+        EXPECT_TRUE(IsScreenAsBefore());
+    }
+    meter().Fail(kVerify);
+    LogIn();
+    EXPECT_TRUE(IsMessage("wrong_password"));
+}
+
+TEST_F(SetupViewDialogs, SayThatTheFrontPanelMayNotChangeSettings) {
+    Access(0);
+    Press(KEY_SOFT_4);
+    EXPECT_TRUE(IsMessage("no_access"));
+    Press(KEY_SOFT_4);
+    EXPECT_TRUE(IsScreenAsBefore());
+    meter().FallSilent();
+    Press(KEY_SOFT_4);
+    EXPECT_TRUE(IsMessage("no_access")) << "a meter that cannot be asked allows nothing";
+}
+
+TEST_F(SetupViewDialogs, CloseByThemselvesAndEndTheLogin) {
+    for (const bool isMessage : {false, true}) {
+        LogIn();
+        EXPECT_EQ(Shown(), kEditScreen);
+        Show(kScreen);
+        meter().ForgetCalls();
+        if (isMessage) {
+            Access(0);
+        } else {
+            Verdict(1);
+            PHC_passwordHandlerClass::getInstance().verify("", "");
+            Verdict(0);
+        }
+        Press(KEY_SOFT_4);
+        Ticks(kDialogTicks - 20);
+        EXPECT_FALSE(IsScreenAsBefore());
+        Press(KEY_SOFT_1);
+        Ticks(kDialogTicks);
+        EXPECT_FALSE(IsScreenAsBefore()) << "a key starts the time again";
+        Ticks(20);
+        EXPECT_TRUE(IsScreenAsBefore());
+        EXPECT_EQ(Shown(), kScreen);
+        EXPECT_EQ(meter().Calls(kClear), isMessage ? 1 : 0) << "an open login is ended";
+        Access(1);
+    }
+}
+
+TEST_F(SetupViewDialogs, GiveWayWhenTheScreenIsLeft) {
+    Press(KEY_SOFT_4);
+    navigationHandlerClass::postNavigateTo(103);
+    Pump();
+    EXPECT_EQ(Shown(), 103);
+    EXPECT_FALSE(IsKeyboardShown());
+    Open(kScreen);
+    EXPECT_TRUE(IsScreenAsBefore());
+}
+
+TEST_F(SetupViewDialogs, LeaveTheSelectionAlone) {
+    Access(0);
+    Press(KEY_SOFT_4);
+    Press(KEY_SOFT_1);
+    Press(KEY_SOFT_4);
+    EXPECT_TRUE(IsScreenAsBefore());
+    for (const std::int32_t list : {103, 198}) {
+        Open(list);
+        std::string golden = "setup/view_";
+        golden += std::to_string(list);
+        Press(KEY_SOFT_4);
+        Press(KEY_SOFT_1);
+        if (list == 198) Press(KEY_SOFT_3);
+        Press(KEY_SOFT_4);
+        EXPECT_TRUE(PanelShows(golden));
+    }
+}
+
+TEST_F(SetupViewDialogs, LeadHomeAndEndTheLoginAfterThirtySecondsWithoutAKey) {
+    LogIn();
+    Open(kScreen);
+    Ticks(kScreenTicks - 20);
+    Press(KEY_SOFT_1);
+    Ticks(kScreenTicks);
+    EXPECT_EQ(Shown(), kScreen) << "a key starts the time again";
+    EXPECT_EQ(meter().Calls(kClear), 0);
+    Ticks(20);
+    EXPECT_EQ(Shown(), home);
+    EXPECT_EQ(meter().Calls(kClear), 1);
+}
+
+TEST_F(SetupViewDialogs, AreNotOfferedWhereThereIsNothingToChange) {
+    LogIn();
+    for (const std::int32_t screen : {136, 139, 192}) {
+        meter().ForgetCalls();
+        Open(screen);
+        Press(KEY_SOFT_4);
+        EXPECT_EQ(Shown(), screen);
+        EXPECT_EQ(meter().Calls("SECURITYINTERFACE_getFrontPanelAccessRights"), 0);
+    }
+}
+
+}  // namespace
