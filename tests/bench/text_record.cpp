@@ -4,43 +4,35 @@
 
 namespace {
 
-/// A screen without an application, to see what a bitmap leaves of the pixels below it.
-class BitmapProbe : public L16Screen {
+/// A screen of its own, to see what a drawing does to the pixels below it.
+class Probe : public L16Screen {
 public:
-    explicit BitmapProbe(const PegBitmap& bitmap) : L16Screen(bitmap.width, bitmap.height) {}
+    using L16Screen::L16Screen;
     void FlushToDevice() override {}
 
-    std::vector<std::uint16_t> On(std::uint16_t ground, const PegBitmap& bitmap) {
-        const PegRect all = RectOf(0, 0, Width() - 1, Height() - 1);
-        FillArea(all, ground);
-        PaintBitmap(all, {}, bitmap);
+    std::vector<std::uint16_t> BitmapOn(std::uint16_t ground, const PegBitmap& bitmap) {
+        FillArea(All(), ground);
+        PaintBitmap(All(), {}, bitmap);
         return {Row(0), Row(0) + Width() * Height()};
     }
-};
 
-unsigned CoverageAt(const PegFont& page, int column, int row) {
-    const std::uint8_t* bytes = page.glyphs + row * page.bytesPerRow;
-    if ((page.flags & PegFont::kFourBits) == 0)
-        return static_cast<unsigned>(bytes[column >> 3] << (column & 7)) & 0x80U;
-    return (column & 1) == 0 ? bytes[column >> 1] >> 4U : bytes[column >> 1] & 0xFU;
-}
-
-/// Every pixel that a text's glyphs touch.
-std::vector<PegPoint> InkOf(const PegDrawnText& text) {
-    std::vector<PegPoint> ink;
-    int x = text.topLeft.x;
-    for (const char16_t code : text.text) {
-        const PegFont* page = PageOf(&text.font, code);
-        if (page == nullptr) continue;
-        for (int column = 0; column < page->Width(code); ++column, ++x) {
-            for (int row = 0; row < page->height; ++row) {
-                if (CoverageAt(*page, page->Column(code) + column, row) != 0)
-                    ink.push_back(PointOf(x, text.topLeft.y + row));
+    /// Every pixel that a text's glyphs touch.
+    std::vector<PegPoint> InkOf(std::u16string_view text, const PegFont& font) {
+        constexpr std::uint16_t kPaper = 0xFFFF;
+        FillArea(All(), kPaper);
+        PaintText(All(), {}, text, PegBrush(0, kPaper), font);
+        std::vector<PegPoint> ink;
+        for (int y = 0; y < Height(); ++y) {
+            for (int x = 0; x < Width(); ++x) {
+                if (Row(y)[x] != kPaper) ink.push_back(PointOf(x, y));
             }
         }
+        return ink;
     }
-    return ink;
-}
+
+private:
+    PegRect All() const { return RectOf(0, 0, Width() - 1, Height() - 1); }
+};
 
 PegRect Around(const std::vector<PegPoint>& points) {
     if (points.empty()) return {0, 0, -1, -1};
@@ -68,8 +60,20 @@ void TextRecord::Clear() {
     m_hasInk.assign(static_cast<std::size_t>(m_screen.Height()), false);
 }
 
+std::vector<PegPoint> TextRecord::InkAt(const PegDrawnText& text) {
+    const auto [known, fresh] = m_inkOf.try_emplace({&text.font, std::u16string(text.text)});
+    if (fresh) {
+        constexpr int kSpare = 8;  // a glyph may lean out of its cell
+        Probe probe(WidthOf(text.text, &text.font) + kSpare, HeightOf(&text.font));
+        known->second = probe.InkOf(text.text, text.font);
+    }
+    std::vector<PegPoint> ink = known->second;
+    for (PegPoint& point : ink) point = PointOf(point.x + text.topLeft.x, point.y + text.topLeft.y);
+    return ink;
+}
+
 void TextRecord::OnText(const PegDrawnText& text) {
-    m_ink = InkOf(text);
+    m_ink = InkAt(text);
     const bool complete =
         std::ranges::all_of(text.text, [&](char16_t code) { return PageOf(&text.font, code) != nullptr; });
     m_texts.push_back({.text = std::u16string(text.text),
@@ -134,9 +138,9 @@ void TextRecord::OnBitmap(const PegRect& area, PegPoint topLeft, const PegBitmap
 const std::vector<bool>& TextRecord::OpaquePixels(const PegBitmap& bitmap) {
     std::vector<bool>& opaque = m_opaque[&bitmap];
     if (!opaque.empty()) return opaque;
-    BitmapProbe probe(bitmap);
-    const auto onBlack = probe.On(0x0000, bitmap);
-    const auto onWhite = probe.On(0xFFFF, bitmap);
+    Probe probe(bitmap.width, bitmap.height);
+    const auto onBlack = probe.BitmapOn(0x0000, bitmap);
+    const auto onWhite = probe.BitmapOn(0xFFFF, bitmap);
     for (std::size_t i = 0; i < onBlack.size(); ++i) opaque.push_back(onBlack[i] == onWhite[i]);
     return opaque;
 }

@@ -2,6 +2,7 @@
 
 #include <map>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "tests/bench/toolkit_bench.h"
@@ -57,6 +58,7 @@ private:
     static constexpr std::size_t kNobody = static_cast<std::size_t>(-1);
 
     std::size_t& OwnerAt(int x, int y) { return m_owners[static_cast<std::size_t>(y * m_screen.Width() + x)]; }
+    std::vector<PegPoint> InkAt(const PegDrawnText& text);
     void Cover(int x, int y);
     const std::vector<bool>& OpaquePixels(const PegBitmap& bitmap);
 
@@ -66,4 +68,5 @@ private:
     std::vector<std::size_t> m_owners;  // by pixel: the text whose ink is there
     std::vector<bool> m_hasInk;         // by line: whether a text was there
     std::map<const PegBitmap*, std::vector<bool>> m_opaque;
+    std::map<std::pair<const PegFont*, std::u16string>, std::vector<PegPoint>> m_inkOf;  // of a text at the corner
 };

@@ -24,7 +24,7 @@ protected:
         OpenEveryMenu();
         OpenEveryDialog();
         VisitEverySet(language);
-        if (m_collectsFonts) CollectFonts();
+        if (m_collectsLimits) CollectLimits();
         meter().FallSilent();
         VisitEveryScreen();
         meter().Recover();
@@ -34,7 +34,7 @@ protected:
         m_meter = MeterTexts::FullFields;
         FillEveryText();
         VisitEveryScreen();
-        if (m_collectsFonts) PressEveryKey();  // turns pages
+        if (m_collectsLimits) PressEveryKey();  // turns pages
         EmptyEveryReply();
         VisitEveryScreen();
         std::printf("%d pictures, %d texts\n", m_pictures, m_count);
@@ -45,21 +45,21 @@ protected:
         }
     }
 
-    /// Notes the fonts that other languages need, before the audit goes on in its own.
-    void CollectFonts() {
-        m_onlyFonts = true;
+    /// Notes the room and the fonts that other languages need, before the audit goes on in its own.
+    void CollectLimits() {
+        m_onlyLimits = true;
         const std::uint32_t own = DISPCFG_getLanguage();
         for (std::uint32_t language = 0; language < kLanguages; ++language) {
             DISPCFG_setLanguage(language);
             VisitEveryScreen();
         }
         DISPCFG_setLanguage(own);
-        m_onlyFonts = false;
+        m_onlyLimits = false;
     }
 
     void Look(const std::string& place) override {
-        if (m_onlyFonts) {
-            m_places->AddFonts(Record());
+        if (m_onlyLimits) {
+            m_places->AddLimits(Record(), place);
             return;
         }
         ++m_pictures;
@@ -72,7 +72,7 @@ protected:
     }
 
     std::optional<TextPlaces> m_places;
-    bool m_collectsFonts = false;
+    bool m_collectsLimits = false;
 
 private:
     /// What the meter's own texts are like in a round through the screens.
@@ -96,7 +96,7 @@ private:
             const RecordedText& other = Record().Texts()[index];
             if (!other.IsGone()) Report(text, "stands on " + Named(other), place);
         }
-        if (!isOurs && IsCutByDesign(text.text)) return;
+        if (IsSeparator(text.text) || (!isOurs && IsCutByDesign(text.text))) return;
         // Behind a dialog a dimmed text may end at the dialog's frame.
         if (text.IsPaintedOver() && !text.isBehind) Report(text, "is covered", place);
         if (text.IsClipped() && !text.IsPartlyScrolled()) Report(text, "is clipped", place);
@@ -115,6 +115,9 @@ private:
                    std::ranges::any_of(wholes, [&](const auto& whole) { return whole.ends_with(other.text); });
         });
     }
+
+    /// In a number that is edited, a separator has a quarter of its width, so that the figures stand together.
+    static bool IsSeparator(const std::u16string& text) { return text == u"." || text == u":"; }
 
     bool IsCutByDesign(const std::u16string& text) const {
         switch (m_meter) {
@@ -147,14 +150,14 @@ private:
     std::optional<KnownTexts> m_known;
     std::map<std::string, std::set<std::string>> m_findings;
     MeterTexts m_meter = MeterTexts::Usual;
-    bool m_onlyFonts = false;
+    bool m_onlyLimits = false;
     int m_pictures = 0;
     int m_count = 0;
 };
 
 TEST_F(LayoutAudit, FindsNothingInEnglish) {
     const char* path = std::getenv("TEXT_PLACES");
-    m_collectsFonts = path != nullptr;
+    m_collectsLimits = path != nullptr;
     Audit(0);
     if (path != nullptr) {
         EXPECT_TRUE(m_places->Write(path));

@@ -46,16 +46,18 @@ bool IsTitle(const RecordedText& text) {
 
 }  // namespace
 
-void TextPlaces::AddFonts(const TextRecord& record) {
+void TextPlaces::AddLimits(const TextRecord& record, const std::string& place) {
     for (const RecordedText& text : record.Texts()) {
         const std::uint32_t font = NumberOf(text.font);
         const auto [smallest, fresh] = m_smallest.try_emplace(SpotOf(text), font);
         smallest->second = std::min(smallest->second, font);
+        std::int16_t& right = m_rightmost[{place, text.room.left, text.room.top}];
+        right = std::max(right, text.room.right);
     }
 }
 
 void TextPlaces::Add(const TextRecord& record, const std::string& place) {
-    AddFonts(record);
+    AddLimits(record, place);
     for (const RecordedText& text : record.Texts()) {
         if (text.IsGone() || text.isBehind) continue;
         if (IsTitle(text)) m_titles.try_emplace(place, ToUtf8(m_known.FindIn(text.text).text));
@@ -72,7 +74,9 @@ bool TextPlaces::Write(const std::string& path) const {
     std::map<std::tuple<std::uint32_t, std::uint32_t, std::uint32_t, int>, std::set<std::string>> lines;
     for (const Use& use : m_uses) {
         const auto title = m_titles.find(use.place);
-        lines[{use.number, use.font, m_smallest.at(use.spot), use.room}].insert(
+        const auto& [left, top, right, bottom] = use.spot;
+        const int growth = m_rightmost.at({use.place, left, top}) - right;  // where a place is as wide as its text
+        lines[{use.number, use.font, m_smallest.at(use.spot), use.room + growth}].insert(
             title != m_titles.end() ? use.place + " \"" + title->second + "\"" : use.place);
     }
     std::ofstream file(path);

@@ -13,8 +13,8 @@ class TextPlaces {
 public:
     explicit TextPlaces(const KnownTexts& known) : m_known(known) {}
 
-    /// Notes the fonts of one picture in any language.
-    void AddFonts(const TextRecord& record);
+    /// Notes how wide the places of one picture can be and how small their fonts, in any language.
+    void AddLimits(const TextRecord& record, const std::string& place);
 
     /// Adds the texts of one picture.
     void Add(const TextRecord& record, const std::string& place);
@@ -39,5 +39,6 @@ private:
     const KnownTexts& m_known;
     std::map<std::string, std::string> m_titles;  // of places, the first that was seen
     std::map<Spot, std::uint32_t> m_smallest;     // font numbers
+    std::map<std::tuple<std::string, std::int16_t, std::int16_t>, std::int16_t> m_rightmost;  // edges, by left and top
     std::set<Use> m_uses;
 };

@@ -85,7 +85,9 @@ private:
             if (!catalogue.Holds(number)) continue;
             there.insert(number);
             const bool isKey = number >= kFirstKeyLabel && number <= kLastKeyLabel;
-            if (isKey || m_sources.Holds(number) || m_meter.Quotes(ToUtf8(english[number]))) used.insert(number);
+            const std::string text = ToUtf8(english[number]);
+            const bool isSaid = m_meter.Quotes(text) || m_sources.Quotes(text);  // what is found by its wording
+            if (isKey || isSaid || m_sources.Holds(number)) used.insert(number);
         }
         CheckNamed(AssetKind::String, "string", there);
         const Substitutions substitutions = ReadSubstitutions(texts / "substitutions.json", catalogue);
