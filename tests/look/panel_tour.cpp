@@ -13,6 +13,7 @@ namespace {
 constexpr std::string_view kVerify = "SECURITYINTERFACE_verifyFrontPanelPassword";
 constexpr std::string_view kLockStatus = "SECURITYINTERFACE_getHwLockStatus";
 constexpr std::uint32_t kUnlocked = 0;
+constexpr int kTicksToValues = 2;  // a screen of settings reads its values at its first tick
 constexpr std::uint32_t kLocked = 2;
 
 std::string NameOf(std::int32_t id) {
@@ -53,6 +54,7 @@ void PanelTour::GoTo(std::int32_t id) {
 void PanelTour::VisitEveryScreen() {
     for (const std::int32_t id : m_screens) {
         GoTo(id);
+        Ticks(kTicksToValues);
         LookAt(NameOf(id));
     }
 }
@@ -62,8 +64,9 @@ void PanelTour::PressEveryKey() {
         if (id <= MenuOfMode(DISPLAY_MODE_TEST)) continue;
         for (const KeyCode key : {KEY_SOFT_1, KEY_SOFT_2, KEY_SOFT_3, KEY_SOFT_4}) {
             GoTo(id);
+            Ticks(kTicksToValues);
             Press(key);
-            Ticks(2);
+            Ticks(kTicksToValues);
             const std::int32_t shown = Navigation().getCurrentScreenId();
             const bool hasOptions = key == KEY_SOFT_1 && shown == id && !OptionsOf(id).empty();
             LookAt(NameOf(shown) + (hasOptions ? " options" : ""));
