@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "localization/localization.h"
 #include "peg/core/presentation_manager.h"
 #include "peg/core/screen.h"
 #include "peg/core/toolkit.h"
@@ -75,12 +76,27 @@ std::int32_t keyboardWin::Message(const PegMessage& message) {
         case MSG_SHOW: {
             const std::int32_t result = PegWindow::Message(message);
             m_entry.SetText(nullptr);
+            NameKeys();
             Focus(kSpaceKey);
+            return result;
+        }
+        case MSG_LANGUAGE: {
+            const std::int32_t result = PegWindow::Message(message);
+            NameKeys();
             return result;
         }
         case MSG_HIDE: m_entry.SetText(nullptr); break;
     }
     return PegWindow::Message(message);
+}
+
+/// A character is the same in every language; what a key is called is not.
+void keyboardWin::NameKeys() {
+    for (std::size_t i = 0; i < kKeyboard.size(); ++i) {
+        const KeyboardKey& key = kKeyboard[i];
+        const bool hasName = key.kind == KeyKind::Space || key.kind == KeyKind::Escape || key.kind == KeyKind::Enter;
+        if (hasName) m_keys[i]->SetText(LocalizedString(key.label));
+    }
 }
 
 void keyboardWin::prefillUser() {

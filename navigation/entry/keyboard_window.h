@@ -35,6 +35,7 @@ private:
     keyboardWin();
 
     void AddKey(std::size_t index);
+    void NameKeys();
     std::size_t FocusedKey() const;
     void Focus(std::size_t index);
     void Type(int key);

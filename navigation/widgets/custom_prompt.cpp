@@ -21,7 +21,7 @@ PegPoint custPpromptClass::TextCorner() const {
     const int width = PegScreen::TextWidth(Text(), Font());
     const int height = PegScreen::FontHeight(Font());
     int x = Real().left + (Real().Width() - width) / 2;
-    if (HasStyle(kStyleTextLeft)) x = Real().left + m_margin + 1;
+    if (HasStyle(kStyleTextLeft)) x = Real().left + m_margin + kEdgeGap;
     if (HasStyle(kStyleTextRight)) x = Real().right - m_margin - width;
     switch (m_alignment) {
         case VerticalAlignment::Top: return PointOf(x, Real().top);

@@ -16,6 +16,8 @@ public:
     void setMargin(int pixels) { m_margin = pixels; }
 
 protected:
+    static constexpr int kEdgeGap = 1;  // pixels between the side and the margin
+
     int Margin() const { return m_margin; }
 
 private:

@@ -42,7 +42,9 @@ void dataPegPromptClass::setOverflowFrame(bool on) {
     Invalidate();
 }
 
-bool dataPegPromptClass::Fits() const { return PegScreen::TextWidth(Text(), Font()) <= Real().Width() - Margin(); }
+bool dataPegPromptClass::Fits() const {
+    return PegScreen::TextWidth(Text(), Font()) <= Real().Width() - Margin() - kEdgeGap;
+}
 
 void dataPegPromptClass::Fit() {
     if (FontNumber() != m_baseFont) custPpromptClass::SetFontNumber(m_baseFont);

@@ -30,6 +30,7 @@ void PegScreen::BeginDraw(const PegThing& thing, const PegRect& invalid, std::in
     ++m_nesting;
     if (m_nesting >= kClipStackSize) return;
     Clip& clip = m_clips[static_cast<std::size_t>(m_nesting)];
+    clip.thing = &thing;
     clip.rect = Intersection(thing.Clip(), invalid);
     clip.rect.IntersectWith(RectOf(0, 0, m_width - 1, m_height - 1));
     clip.inWindow = toolkit.manager != nullptr && toolkit.manager->FindViewports(thing, clip.viewports);
@@ -104,10 +105,15 @@ void PegScreen::DrawBitmap(PegPoint topLeft, const PegBitmap* bitmap) {
     ForEachVisible(bounds, [&](const PegRect& area) { PaintBitmap(area, topLeft, *bitmap); });
 }
 
-void PegScreen::DrawText(PegPoint topLeft, const char16_t* text, const PegBrush& brush, const PegFont* font,
-                         int count) {
+void PegScreen::DrawText(PegPoint topLeft, const char16_t* text, const PegBrush& brush, const PegFont* font, int count,
+                         const PegRect* room) {
     const std::u16string_view drawn = TextOf(text, count);
     if (drawn.empty() || font == nullptr) return;
+    if (m_textObserver != nullptr && m_nesting > 0 && m_nesting < kClipStackSize) {
+        const Clip& clip = m_clips[static_cast<std::size_t>(m_nesting)];
+        m_textObserver->OnText(
+            {*clip.thing, drawn, *font, topLeft, room != nullptr ? *room : clip.thing->Real(), clip.rect});
+    }
     const int width = WidthOf(drawn, font);
     const PegRect bounds = ClampedRect(topLeft.x, topLeft.y, topLeft.x + width - 1, topLeft.y + FontHeight(font) - 1);
     ForEachVisible(bounds, [&](const PegRect& area) { PaintText(area, topLeft, drawn, brush, *font); });

@@ -8,6 +8,7 @@
 
 #include "peg/core/brush.h"
 #include "peg/core/rect.h"
+#include "peg/core/text_observer.h"
 #include "peg/resources/bitmap.h"
 #include "peg/resources/font.h"
 #include "peg/resources/resource_set.h"
@@ -45,7 +46,11 @@ public:
                  const PegBrush& brush);
     void DrawBitmap(PegPoint topLeft, const PegBitmap* bitmap);
     void DrawCircle(int centerX, int centerY, int radius, const PegBrush& brush);
-    void DrawText(PegPoint topLeft, const char16_t* text, const PegBrush& brush, const PegFont* font, int count = -1);
+
+    /// @param count  characters to draw; -1: all
+    /// @param room   where the text is meant to fit; null: the rectangle of the thing that is being drawn
+    void DrawText(PegPoint topLeft, const char16_t* text, const PegBrush& brush, const PegFont* font, int count = -1,
+                  const PegRect* room = nullptr);
     void DrawLine(int x1, int y1, int x2, int y2, const PegBrush& brush);
     void PutPixel(int x, int y, std::uint16_t color);
     void DrawRectangle(const PegRect& rect, const PegBrush& brush);
@@ -66,6 +71,9 @@ public:
     void RemoveCanvas(std::int32_t number);
     void ForgetOwner(const PegThing& thing);
 
+    /// Null: nobody listens.
+    void SetTextObserver(PegTextObserver* observer) { m_textObserver = observer; }
+
 protected:
     /// What a driver does inside `area`, which is visible and not empty.
     virtual void FillArea(const PegRect& area, std::uint16_t color) = 0;
@@ -75,6 +83,7 @@ protected:
 
 private:
     struct Clip {
+        const PegThing* thing;  // that opened the pass
         PegRect rect;
         const PegArea* viewports;  // null: nothing covers the rectangle
         bool inWindow;             // the viewports are the limit, even when there are none
@@ -105,6 +114,7 @@ private:
     int m_nesting = 0;
     std::array<Clip, kClipStackSize> m_clips{};
     std::vector<Canvas> m_canvases;
+    PegTextObserver* m_textObserver = nullptr;
 };
 
 template <typename Operation>

@@ -90,7 +90,7 @@ PegPoint PegTextThing::TextPosition(const PegRect& area) const {
 void PegTextThing::DrawTextIn(const PegRect& area, std::uint32_t color, std::uint32_t ground) {
     if (m_text == nullptr || m_font == nullptr) return;
     const PegBrush brush(PegResources::GetColor(color), PegResources::GetColor(ground));
-    toolkit.screen->DrawText(TextPosition(area), m_text, brush, m_font);
+    toolkit.screen->DrawText(TextPosition(area), m_text, brush, m_font, -1, &area);
 }
 
 int PegTextThing::BorderWidth(std::uint32_t style) {

@@ -66,7 +66,7 @@ void PegEditField::Draw(const PegRect& invalid) {
     int end = left;
     if (Text() != nullptr) {
         const PegBrush brush(color, PegResources::GetColor(GetColor(kBackground)));
-        toolkit.screen->DrawText(PointOf(left, top), Text(), brush, Font());
+        toolkit.screen->DrawText(PointOf(left, top), Text(), brush, Font(), -1, &ClientRect());
         end += PegScreen::TextWidth(Text(), Font());
     }
     toolkit.screen->Fill(RectOf(end + 1, top, end + kCursorWidth, top + lineHeight - 1), color);

@@ -62,7 +62,8 @@ void PegTextBox::Draw(const PegRect& invalid) {
         int left = ClientRect().left + (ClientRect().Width() - width) / 2;
         if (HasStyle(kStyleTextLeft)) left = ClientRect().left;
         if (HasStyle(kStyleTextRight)) left = ClientRect().right - width + 1;
-        toolkit.screen->DrawText(PointOf(left, top), line.data(), brush, Font(), static_cast<int>(line.size()));
+        toolkit.screen->DrawText(PointOf(left, top), line.data(), brush, Font(), static_cast<int>(line.size()),
+                                 &ClientRect());
         rest = Behind(rest, line);
     }
     DrawChildren(invalid);

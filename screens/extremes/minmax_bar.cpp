@@ -36,6 +36,7 @@ constexpr std::uint32_t kLeft = kStyleTextLeft | kStyleBorderNone;
 constexpr std::uint32_t kRight = kStyleTextRight | kStyleBorderNone;
 
 constexpr int kTextGap = 3;      // pixels between a label and its value, on either side
+constexpr int kNoGap = -1;       // a mark and its extreme begin at the very edge of their columns
 constexpr int kTextHeight = 18;  // lines above a bar's line that its texts may take
 constexpr int kBarGap = 3;
 constexpr int kBarLeft = 20;
@@ -78,6 +79,8 @@ MinMaxBar::MinMaxBar(int line)
     m_label.setOverflowFrame(false);
     m_label.setMargin(kTextGap);
     m_present.setMargin(kTextGap);
+    m_minimum.setMargin(kNoGap);
+    m_maximum.setMargin(kNoGap);
 }
 
 dataPegPromptClass& MinMaxBar::AddText(const ColumnSpan& columns, std::uint32_t font, std::uint32_t style) {
@@ -91,6 +94,7 @@ dataPegPromptClass& MinMaxBar::AddText(const ColumnSpan& columns, std::uint32_t 
 void MinMaxBar::AddMark(const ColumnSpan& columns, std::uint32_t stringNumber) {
     auto& mark = AddText(columns, kSmallFont, kLeft | kStyleCopyText);
     mark.setOverflowFrame(false);
+    mark.setMargin(kNoGap);
     mark.SetText(LocalizedString(stringNumber));
 }
 

@@ -28,9 +28,13 @@ ParameterRow::ParameterRow(OverflowFrame valueFrame)
 }
 
 void ParameterRow::Place(const RowLayout& layout, std::size_t index) {
+    const auto labelFont = static_cast<std::int32_t>(layout.labelFont);
     PlacePrompt(*m_label, layout.labelLines[index], layout.label, layout.labelFont);
+    m_label->setFitFont(0, labelFont - 1);
     PlacePrompt(*m_value, layout.valueLines[index], layout.value, layout.valueFont);
     PlacePrompt(*m_unit, layout.valueLines[index], layout.unit, layout.labelFont);
+    m_unit->setFitFont(0, labelFont - 1);
+    m_unit->setFitFont(1, labelFont - 2);
 }
 
 void ParameterRow::AddTo(PegThing& screen) {

@@ -69,9 +69,9 @@ bool setupEdit2ScrnClass::HasChanged() const { return !m_isKnown || !m_editor.Va
 
 void setupEdit2ScrnClass::AskAboutChange() {
     std::array<char16_t, sizeof(MaskedValue::Text)> wide{};
-    if (m_isKnown) WidenInto(TextIn(m_held.getValue()), wide);
+    if (m_isKnown) displayClass::getInstance().translateInto(TextIn(m_held.getValue()), wide);
     setOldValue(wide.data());
-    WidenInto(TextIn(m_editor.getValue()), wide);
+    displayClass::getInstance().translateInto(TextIn(m_editor.getValue()), wide);
     setNewValue(wide.data());
     openConfirm();
 }

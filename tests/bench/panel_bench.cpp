@@ -35,6 +35,15 @@ PanelBench::PanelBench() : m_board(MakeBoard()) {
 
 PanelBench::~PanelBench() { std::filesystem::remove_all(m_board); }
 
+void PanelBench::SpeakTestLanguages() {
+    const std::filesystem::path romfs = m_board / "romfs";
+    std::filesystem::remove(romfs);
+    std::filesystem::create_directory_symlink(TEST_ROMFS_DIR, romfs);
+    localizationClass::unload();
+    localizationClass::load();
+    Pump();
+}
+
 void PanelBench::Show(std::int32_t screenId) {
     PegThing* shown = Manager().FirstChild();
     if (shown == nullptr) {

@@ -19,6 +19,9 @@ protected:
     static ScriptedMeter& meter() { return ScriptedMeter::Instance(); }
     static navigationHandlerClass& Navigation() { return navigationHandlerClass::getInstance(); }
 
+    /// Replaces the languages by those of tests: English, a long one, and one in which each text is its number.
+    void SpeakTestLanguages();
+
     /// Puts a registered screen on the panel, from whatever is there.
     void Show(std::int32_t screenId);
 

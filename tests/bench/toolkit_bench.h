@@ -13,6 +13,17 @@
 #include "peg/port/l16_screen.h"
 #include "peg/port/vxpeg.h"
 
+/// What a bench screen tells of the pixels that it paints.
+class PaintObserver {
+public:
+    virtual void OnCovered(const PegRect& area) = 0;
+    virtual void OnBitmap(const PegRect& area, PegPoint topLeft, const PegBitmap& bitmap) = 0;
+    virtual void OnTextPainted(const PegRect& area) = 0;  // of the text that the screen's text observer heard of last
+
+protected:
+    ~PaintObserver() = default;
+};
+
 /// A screen whose frame goes nowhere; it counts how often it would have gone to the device.
 class BenchScreen : public L16Screen {
 public:
@@ -20,6 +31,22 @@ public:
     void FlushToDevice() override { ++flushes; }
 
     int flushes = 0;
+    PaintObserver* observer = nullptr;
+
+protected:
+    void FillArea(const PegRect& area, std::uint16_t color) override {
+        L16Screen::FillArea(area, color);
+        if (observer != nullptr) observer->OnCovered(area);
+    }
+    void PaintBitmap(const PegRect& area, PegPoint topLeft, const PegBitmap& bitmap) override {
+        L16Screen::PaintBitmap(area, topLeft, bitmap);
+        if (observer != nullptr) observer->OnBitmap(area, topLeft, bitmap);
+    }
+    void PaintText(const PegRect& area, PegPoint topLeft, std::u16string_view text, const PegBrush& brush,
+                   const PegFont& font) override {
+        L16Screen::PaintText(area, topLeft, text, brush, font);
+        if (observer != nullptr) observer->OnTextPainted(area);
+    }
 };
 
 /// The toolkit without its task: messages are delivered and ticks pass when the test says so, and time is ticks.

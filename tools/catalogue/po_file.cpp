@@ -5,6 +5,7 @@
 #include <charconv>
 #include <cstdlib>
 #include <memory>
+#include <sstream>
 #include <string_view>
 
 #include "tools/formats/source_error.h"
@@ -86,8 +87,13 @@ private:
         const bool translated = !po_message_is_fuzzy(message);
         const auto [place, fresh] = m_result.messages.try_emplace(
             number, PoFile::Message{.base = Checked(number, base),
-                                    .translation = translated ? Checked(number, po_message_msgstr(message)) : u""});
+                                    .translation = translated ? Checked(number, po_message_msgstr(message)) : u"",
+                                    .kind = {},
+                                    .comments = {}});
         if (!fresh) Fail(Named(number) + " stands twice");
+        std::istringstream comments(po_message_extracted_comments(message));
+        std::getline(comments, place->second.kind);
+        for (std::string line; std::getline(comments, line);) place->second.comments.push_back(line);
     }
 
     static std::string Quoted(std::string_view text) { return std::string(1, '"').append(text).append(1, '"'); }

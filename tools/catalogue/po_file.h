@@ -4,12 +4,15 @@
 #include <filesystem>
 #include <map>
 #include <string>
+#include <vector>
 
 /// The texts of one PO file. A message's context is its string number.
 struct PoFile {
     struct Message {
-        std::u16string base;         // the English text
-        std::u16string translation;  // empty where the language has none
+        std::u16string base;                // the English text
+        std::u16string translation;         // empty where the language has none
+        std::string kind;                   // the first comment for translators: what the text is
+        std::vector<std::string> comments;  // the others
     };
 
     std::string path;

@@ -1,0 +1,166 @@
+#include "tests/bench/meter_texts.h"
+
+#include <algorithm>
+#include <cstring>
+#include <span>
+#include <string>
+
+#include "rda/records.h"
+#include "tests/bench/scripted_meter.h"
+
+namespace {
+
+constexpr std::string_view kDataOperations[] = {
+    "PDMINTERFACE_getRegisterValue",
+    "ALARMSINTERFACE_getActiveAlarmStats",
+    "ALARMSINTERFACE_getActiveAlarms",
+    "ALARMSINTERFACE_getHistoricalAlarmStats",
+    "ALARMSINTERFACE_getHistoricalAlarms",
+    "PQINTERFACE_getPhasorData",
+    "PQINTERFACE_getHarmonicData",
+    "PQINTERFACE_getMinMaxBarData",
+    "CUSTOMSCREENINTERFACE_getNormalModeScreenData",
+    "CUSTOMSCREENINTERFACE_getCustomModeScreenData",
+    "CUSTOMSCREENINTERFACE_getTestModeScreenData",
+    "IOI_getDigitalInputCount",
+    "IOI_getDigitalOutputCount",
+    "IOI_getAnalogInputCount",
+    "IOI_getAnalogOutputCount",
+    "NAMEPLATEIF_getNameplateData",
+    "EVLIF_getEventLogEntryCount",
+    "EVLIF_getEventLogData",
+};
+
+/// How the three kinds of texts in a record are changed.
+struct Widening {
+    void (*label)(std::span<char>);
+    void (*value)(std::span<char>);
+    void (*moment)(std::span<char>);
+};
+Widening widening{};
+
+template <typename... Fields>
+void Label(Fields&... fields) {
+    (widening.label(fields), ...);
+}
+template <typename... Fields>
+void Value(Fields&... fields) {
+    (widening.value(fields), ...);
+}
+template <typename... Fields>
+void Moment(Fields&... fields) {
+    (widening.moment(fields), ...);
+}
+
+void Widen(RegisterValue& record) {
+    Label(record.label, record.unit);
+    Value(record.value);
+    Moment(record.date, record.time);
+}
+void Widen(AlarmEntry& alarm) {
+    Label(alarm.name, alarm.qualifier);
+    Moment(alarm.startDate, alarm.startTime, alarm.endDate, alarm.endTime);
+    Value(alarm.value);
+}
+void Widen(IoPointEntry& point) {
+    Label(point.label);
+    Value(point.state, point.secondState);
+}
+void Widen(CustomScreenData& page) {
+    Label(page.title);
+    for (RegisterValue& parameter : page.parameters) Widen(parameter);
+}
+void Widen(PhasorEntry& phasor) {
+    Label(phasor.magnitudeLabel, phasor.angleLabel);
+    Value(phasor.magnitudeText);
+    Moment(phasor.angleText);
+}
+void Widen(HarmonicData& spectrum) {
+    for (auto& text : spectrum.texts) Value(text);
+}
+void Widen(MinMaxBarData& bar) {
+    Value(bar.minimumText, bar.maximumText, bar.presentText);
+    Label(bar.label);
+}
+void Widen(NameplateData& plate) {
+    for (auto& field : plate.fields) Label(field);
+}
+void Widen(EventLogEntry& event) {
+    Moment(event.date, event.time);
+    Label(event.source, event.description);
+}
+
+/// From now on an operation's replies hold widened records.
+template <typename Record>
+void WidenReplies(std::string_view operation) {
+    ScriptedMeter& meter = ScriptedMeter::Instance();
+    meter.AnswerBy(operation, [operation, &meter](auto payload, auto response) {
+        if (!meter.Model().Answer(operation, payload, response)) return false;
+        for (std::size_t at = 0; at + sizeof(Record) <= response.size(); at += sizeof(Record)) {
+            Record record;
+            std::memcpy(&record, &response[at], sizeof record);
+            Widen(record);
+            std::memcpy(&response[at], &record, sizeof record);
+        }
+        return true;
+    });
+}
+
+void WidenEveryReply() {
+    WidenReplies<RegisterValue>("PDMINTERFACE_getRegisterValue");
+    WidenReplies<AlarmEntry>("ALARMSINTERFACE_getActiveAlarms");
+    WidenReplies<AlarmEntry>("ALARMSINTERFACE_getHistoricalAlarms");
+    WidenReplies<PhasorEntry>("PQINTERFACE_getPhasorData");
+    WidenReplies<HarmonicData>("PQINTERFACE_getHarmonicData");
+    WidenReplies<MinMaxBarData>("PQINTERFACE_getMinMaxBarData");
+    for (const std::string_view pages :
+         {"CUSTOMSCREENINTERFACE_getNormalModeScreenData", "CUSTOMSCREENINTERFACE_getCustomModeScreenData",
+          "CUSTOMSCREENINTERFACE_getTestModeScreenData"}) {
+        WidenReplies<CustomScreenData>(pages);
+    }
+    for (const std::string_view kind :
+         {"IOI_getDigitalInputData", "IOI_getDigitalOutputData", "IOI_getAnalogInputData", "IOI_getAnalogOutputData"}) {
+        WidenReplies<IoPointEntry>(kind);
+    }
+    WidenReplies<NameplateData>("NAMEPLATEIF_getNameplateData");
+    WidenReplies<EventLogEntry>("EVLIF_getEventLogData");
+}
+
+bool IsDigit(char character) { return character >= '0' && character <= '9'; }
+
+void WidenDigits(std::span<char> field) { std::ranges::replace_if(field, IsDigit, '8'); }
+
+/// "230.4 kW" becomes "-88888.8 kW": a number in the widest figures, six of them unless it is a share, an angle or a
+/// frequency, and with a sign where the quantity may have one. A text that is no number stays.
+void WidenNumber(std::span<char> field) {
+    constexpr std::ptrdiff_t kFigures = 6;
+    std::string text(field.data(), strnlen(field.data(), field.size()));
+    if (text.empty() || !(IsDigit(text.front()) || text.front() == '-')) return;
+    const bool hasSign = text.front() == '-' || text.ends_with("W") || text.ends_with("var");
+    const bool isBounded = text.ends_with(" %") || text.ends_with("Hz");
+    if (text.front() == '-') text.erase(0, 1);
+    std::ranges::replace_if(text, IsDigit, '8');
+    const auto figures = std::ranges::count(text.begin(), std::ranges::find(text, ' '), '8');
+    if (figures < kFigures && !isBounded) text.insert(0, static_cast<std::size_t>(kFigures - figures), '8');
+    if (hasSign) text.insert(0, 1, '-');
+    std::ranges::fill(field, '\0');
+    std::copy_n(text.begin(), std::min(text.size(), field.size()), field.begin());
+}
+
+}  // namespace
+
+void EmptyEveryReply() {
+    for (const std::string_view operation : kDataOperations) ScriptedMeter::Instance().AnswerBytes(operation, {});
+}
+
+void FillEveryText() {
+    constexpr auto letters = [](std::span<char> field) { std::ranges::fill(field, 'W'); };
+    constexpr auto figures = [](std::span<char> field) { std::ranges::fill(field, '8'); };
+    widening = {.label = letters, .value = figures, .moment = figures};
+    WidenEveryReply();
+}
+
+void WidenEveryValue() {
+    widening = {.label = [](std::span<char>) {}, .value = WidenNumber, .moment = WidenDigits};
+    WidenEveryReply();
+}

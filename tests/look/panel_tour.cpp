@@ -1,0 +1,136 @@
+#include "tests/look/panel_tour.h"
+
+#include <set>
+
+#include "app/application.h"
+#include "navigation/menu/menu_screen.h"
+#include "navigation/menu_trees.h"
+#include "screens/base/options_menu_table.h"
+#include "tests/navigation/keyboard_keys.h"
+
+namespace {
+
+constexpr std::string_view kVerify = "SECURITYINTERFACE_verifyFrontPanelPassword";
+constexpr std::string_view kLockStatus = "SECURITYINTERFACE_getHwLockStatus";
+constexpr std::uint32_t kUnlocked = 0;
+constexpr int kTicksToValues = 2;  // a screen of settings reads its values at its first tick
+constexpr std::uint32_t kLocked = 2;
+
+std::string NameOf(std::int32_t id) {
+    return (id <= MenuOfMode(DISPLAY_MODE_TEST) ? "menu " : "screen ") + std::to_string(id);
+}
+
+vertListNavClass& ListOf(PegThing& menu) {
+    PegThing* child = menu.FirstChild();
+    while (child->Type() != TYPE_VERT_LIST) child = child->Next();
+    return static_cast<vertListNavClass&>(*child);
+}
+
+}  // namespace
+
+PanelTour::PanelTour() : m_record(Screen()) {
+    meter().Model().Play(*meter::FindScenario("500-alarms"));  // alarms to see the details of
+    meter().Model().Advance(1000);
+    BuildApplication(Manager());
+    for (std::int32_t id = SCREEN_ID_FACTORY_TEST; id <= kLastCommandedScreen; ++id) {
+        if (id == kCurrentMenu) continue;
+        Show(id);
+        if (Navigation().getCurrentScreenId() == id) m_screens.push_back(id);
+    }
+}
+
+void PanelTour::LookAt(const std::string& place) {
+    m_record.Clear();
+    Manager().Invalidate(kWholePanel);
+    Pump();
+    Look(place);
+}
+
+void PanelTour::GoTo(std::int32_t id) {
+    Show(kNeutral);
+    Show(id);
+}
+
+void PanelTour::VisitEveryScreen() {
+    for (const std::int32_t id : m_screens) {
+        GoTo(id);
+        Ticks(kTicksToValues);
+        LookAt(NameOf(id));
+    }
+}
+
+void PanelTour::PressEveryKey() {
+    for (const std::int32_t id : m_screens) {
+        if (id <= MenuOfMode(DISPLAY_MODE_TEST)) continue;
+        for (const KeyCode key : {KEY_SOFT_1, KEY_SOFT_2, KEY_SOFT_3, KEY_SOFT_4}) {
+            GoTo(id);
+            Ticks(kTicksToValues);
+            Press(key);
+            Ticks(kTicksToValues);
+            const std::int32_t shown = Navigation().getCurrentScreenId();
+            const bool hasOptions = key == KEY_SOFT_1 && shown == id && !OptionsOf(id).empty();
+            LookAt(NameOf(shown) + (hasOptions ? " options" : ""));
+            if (hasOptions) Press(key);  // closes them again
+        }
+    }
+}
+
+void PanelTour::FirstItem(std::int32_t menuId) {
+    const std::int32_t mode = menuId - MenuOfMode(DISPLAY_MODE_NORMAL);
+    Navigation().setDisplayMode(mode == DISPLAY_MODE_NORMAL ? DISPLAY_MODE_ALT : DISPLAY_MODE_NORMAL);
+    Navigation().setDisplayMode(mode);  // resets its menu
+    Show(kNeutral);
+    Show(menuId);
+}
+
+void PanelTour::OpenEveryMenu() {
+    for (const MenuTree& tree : kMenuTrees) {
+        FirstItem(tree.menuId);
+        const vertListNavClass& list = ListOf(*Navigation().getCurrentScreen());
+        const PegThing* before = nullptr;
+        std::set<const PegThing*> opened;
+        while (list.Selected() != before) {
+            LookAt("menu " + std::to_string(tree.menuId));
+            before = list.Selected();
+            const bool isGroup = static_cast<const menuBitmapButtonClass*>(before)->hasSubItems();
+            Press(isGroup && opened.insert(before).second ? KEY_SOFT_4 : KEY_SOFT_3);
+        }
+    }
+}
+
+void PanelTour::AskForPassword() {
+    FirstItem(MenuOfMode(DISPLAY_MODE_NORMAL));
+    Press(KEY_SOFT_3);
+    Press(KEY_SOFT_3);
+    Press(KEY_SOFT_4);
+}
+
+void PanelTour::Type(std::uint16_t key) {
+    FocusKey(key);
+    Press(KEY_SOFT_4);
+}
+
+void PanelTour::OpenEveryDialog() {
+    meter().Answer(kLockStatus, kUnlocked);
+    for (const std::uint32_t verdict : {1U, 2U}) {
+        meter().Answer(kVerify, verdict);
+        AskForPassword();
+        LookAt("user name");
+        Type(kKeyShift);
+        LookAt("keyboard with capitals");
+        Type(kKeyShift);
+        Type(kKeyEnter);
+        LookAt("password");
+        for (const char letter : {'w', 'w', 'w', 'w', 'w', 'w', 'w', 'w', 'w', 'w', 'w', 'w', 'w', 'w', 'w', 'w'}) {
+            Type(static_cast<std::uint16_t>(letter));
+        }
+        LookAt("longest password");
+        Type(kKeyEnter);
+        LookAt("access denied");
+        Press(KEY_SOFT_4);
+    }
+    meter().Answer(kLockStatus, kLocked);
+    AskForPassword();
+    LookAt("locked");
+    Press(KEY_SOFT_4);
+}

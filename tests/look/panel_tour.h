@@ -1,0 +1,36 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "tests/bench/panel_bench.h"
+#include "tests/bench/text_record.h"
+
+/// Leads to everything that the panel can show: every registered screen, what its keys open, the menus with all their
+/// groups open, the password dialog with its keyboard and its answers.
+class PanelTour : public PanelBench {
+protected:
+    PanelTour();
+
+    /// What a tour is for: called for each picture, after the whole panel was drawn into the record.
+    virtual void Look(const std::string& place) = 0;
+
+    void VisitEveryScreen();
+    void PressEveryKey();
+    void OpenEveryMenu();
+    void OpenEveryDialog();
+
+    const TextRecord& Record() const { return m_record; }
+
+private:
+    static constexpr std::int32_t kNeutral = 1;  // a screen to come from
+
+    void LookAt(const std::string& place);
+    void GoTo(std::int32_t id);
+    void FirstItem(std::int32_t menuId);
+    void AskForPassword();
+    void Type(std::uint16_t key);
+
+    TextRecord m_record;
+    std::vector<std::int32_t> m_screens;  // registered
+};

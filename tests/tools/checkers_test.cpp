@@ -1,0 +1,117 @@
+#include <gtest/gtest.h>
+
+#include <set>
+
+#include "tests/tools/workshop.h"
+
+namespace {
+
+std::string PoFile(const std::string& language, const std::string& entries) {
+    return "msgid \"\"\nmsgstr \"\"\n\"Language: " + language +
+           "\\n\"\n\"Content-Type: text/plain; charset=UTF-8\\n\"\n" + entries;
+}
+
+std::string Entry(int number, const std::string& english, const std::string& text, const std::string& comments = "") {
+    return "\n" + comments + "msgctxt \"" + std::to_string(number) + "\"\nmsgid \"" + english + "\"\nmsgstr \"" + text +
+           "\"\n";
+}
+
+constexpr const char* kSpot = "#. register label\n#. font 34, 40 px: screen 4 \"Main values\"\n";
+
+/// A base language of five texts, and a German that a test writes.
+class TextChecker : public Workshop {
+protected:
+    TextChecker() {
+        Write("en.po", PoFile("en", Entry(100, "Power", "Power") + Entry(101, "at %d kW", "at %d kW") +
+                                        Entry(102, "Outside 4/6 %", "Outside 4/6 %") + Entry(103, "Fuse", "Fuse") +
+                                        Entry(104, "Fuse", "Fuse")));
+        Write("glossary.json", R"({"languages": ["de"], "units": ["kW"], "terms": [
+            {"en": "power", "de": ["Leistung"], "avoid": {"de": ["Macht"]}}]})");
+    }
+
+    /// The checks that German does not pass, each with its string: "101 placeholder".
+    std::set<std::string> Faults(const std::string& german) {
+        Write("de.po", PoFile("de", german));
+        const Run run =
+            Call("text-checker", "en.po de.po --resources " ROMFS_DIR "/resources.pbr --glossary glossary.json --json");
+        std::set<std::string> faults;
+        for (const auto& fault : nlohmann::json::parse(run.out)) {
+            faults.insert(std::to_string(fault.at("string").get<int>()) + " " + fault.at("check").get<std::string>());
+        }
+        EXPECT_EQ(run.status, faults.empty() ? 0 : 1) << run.errors;
+        return faults;
+    }
+};
+
+using Names = std::set<std::string>;
+
+TEST_F(TextChecker, HasNothingToSayOfAGoodTranslation) {
+    EXPECT_EQ(Faults(Entry(100, "Power", "Leistung") + Entry(101, "at %d kW", "bei %d kW") +
+                     Entry(102, "Outside 4/6 %", "Über 4/6 %") + Entry(103, "Fuse", "Sich.", kSpot) +
+                     Entry(104, "Fuse", "Sich.")),
+              Names{});
+}
+
+TEST_F(TextChecker, NamesEachFaultByItsString) {
+    EXPECT_EQ(
+        Faults(Entry(100, "Power", "Macht") + Entry(101, "at %d kW", "bei %s KW") +
+               Entry(102, "Outside 4/6 %", "Über 4 %") + Entry(103, "Fuse", "Schmelzsicherung", kSpot) +
+               Entry(105, "More", "Mehr")),
+        (Names{"100 term", "101 placeholder", "101 term", "102 digits", "103 too-wide", "104 missing", "105 extra"}));
+    EXPECT_EQ(Faults(Entry(100, "Power", "Leistung") + Entry(101, "at %d kW", "") +
+                     Entry(102, "Outside 6/4 %", "Über 6/4 %") + Entry(103, "Fuse", "Sicherung☃", kSpot) +
+                     Entry(104, "Fuse", "Schmelze")),
+              (Names{"101 missing", "102 other-text", "103 too-wide", "103 no-glyph", "104 differs"}));
+}
+
+TEST_F(TextChecker, CountsTheCharactersOfATextWithoutAPlace) {
+    const std::string title = "Ein Titel von mehr als neunundzwanzig Zeichen";
+    EXPECT_EQ(Faults(Entry(100, "Power", "Leistung") + Entry(101, "at %d kW", "bei %d kW") +
+                     Entry(102, "Outside 4/6 %", "Über 4/6 %") + Entry(103, "Fuse", title, "#. title\n") +
+                     Entry(104, "Fuse", title)),
+              Names{"103 too-long"});
+}
+
+TEST_F(Workshop, MakesLanguagesForTests) {
+    Write("en.po", PoFile("en", Entry(100, "Open \\\"me\\\"", "Open \\\"me\\\"")));
+    ASSERT_EQ(Call("test-language", "en.po --kind long -o long.po").status, 0);
+    EXPECT_NE(Read("long.po").find(R"(msgstr "Öpéñ \"mé\" Öpé")"), std::string::npos) << Read("long.po");
+    ASSERT_EQ(Call("test-language", "en.po --kind numbers -o numbers.po").status, 0);
+    ASSERT_EQ(Call("localization-compiler", "en.po long.po numbers.po -o out.dat").status, 0);
+    const auto languages = Inspect("localization-inspector", "out.dat").at("strings").at("languages");
+    EXPECT_EQ(languages.size(), 3U) << languages;
+}
+
+/// A folder of assets with one of each kind, and sources that name them.
+class AssetChecker : public Workshop {
+protected:
+    Run Check(const std::string& source) {
+        std::filesystem::create_directories(At("src"));
+        std::filesystem::create_directories(At("assets/texts"));
+        std::filesystem::create_directories(At("assets/drawings"));
+        Write("src/screen.cpp", source);
+        Write("assets/texts/en.po", PoFile("en", Entry(100, "Power", "Power") + Entry(101, "Said", "Said")));
+        Write(
+            "assets/texts/substitutions.json",
+            R"({"phaseLabels": {"sets": ["1"], "columns": []}, "measurementSymbols": {"sets": ["1"], "columns": []}})");
+        Write("assets/bitmaps.json", R"({"folder": "drawings", "bitmaps": [], "softKeys": {"keys": []}})");
+        Write("palette.json", R"({"colours": [{"number": 85, "name": "accent", "value": "#0000ff", "use": ""}]})");
+        EXPECT_EQ(Call("resource-compiler", "--palette palette.json -o out.pbr").status, 0);
+        return Call("asset-checker", "assets --resources out.pbr --sources src --meter src");
+    }
+};
+
+TEST_F(AssetChecker, ComparesNumbersWithTheirSources) {
+    EXPECT_EQ(Check("row{.label = 100}; say(\"Said\"); constexpr int kFrameColor = 85;").status, 0);
+    const std::string missing = Check(
+                                    "row{.label = 100, .title = 102}; say(\"Said\"); constexpr int kFrameColor = 86; "
+                                    "GetBitmap(70); SetFontNumber(40);  // 85")
+                                    .out;
+    for (const char* fault :
+         {"string 102 has no", "colour 86 has no", "bitmap 70 has no", "font 40 has no", "colour 85 is used nowhere"}) {
+        EXPECT_NE(missing.find(fault), std::string::npos) << fault << " in " << missing;
+    }
+    EXPECT_NE(Check("kFrameColor = 85").out.find("string 100 \"Power\" is used nowhere"), std::string::npos);
+}
+
+}  // namespace
