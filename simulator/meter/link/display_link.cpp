@@ -11,10 +11,20 @@ constexpr std::chrono::milliseconds kPatience{1000};
 
 }  // namespace
 
+DisplayLink::DisplayLink(std::uint16_t port)
+    : m_carry([port](std::string_view operation, std::span<const std::byte> payload,
+                     std::uint32_t responseSize) -> std::optional<std::vector<std::byte>> {
+          try {
+              return CallOnce(rda::kLocalAddress, port, operation, payload, responseSize, kPatience);
+          } catch (const CallFailed&) {
+              return std::nullopt;
+          }
+      }) {}
+
 std::optional<std::vector<std::byte>> DisplayLink::Call(std::string_view operation, std::span<const std::byte> payload,
                                                         std::uint32_t responseSize) const {
     const auto start = std::chrono::steady_clock::now();
-    auto reply = Exchange(operation, payload, responseSize);
+    auto reply = m_carry(operation, payload, responseSize);
     if (m_observer) {
         const auto taken = std::chrono::steady_clock::now() - start;
         m_observer({.to = Callee::Display,
@@ -25,16 +35,6 @@ std::optional<std::vector<std::byte>> DisplayLink::Call(std::string_view operati
                     .result = reply ? "ok" : "failed"});
     }
     return reply;
-}
-
-std::optional<std::vector<std::byte>> DisplayLink::Exchange(std::string_view operation,
-                                                            std::span<const std::byte> payload,
-                                                            std::uint32_t responseSize) const {
-    try {
-        return CallOnce(rda::kLocalAddress, m_port, operation, payload, responseSize, kPatience);
-    } catch (const CallFailed&) {
-        return std::nullopt;
-    }
 }
 
 bool DisplayLink::Send(std::string_view operation, std::uint32_t value) const {

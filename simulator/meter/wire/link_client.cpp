@@ -24,19 +24,6 @@ void AppendWord(std::vector<std::byte>& frame, std::size_t value) {
     frame.insert(frame.end(), bytes.begin(), bytes.end());
 }
 
-std::vector<std::byte> FrameOf(std::string_view name, std::span<const std::byte> payload, std::uint32_t replySize) {
-    std::vector<std::byte> frame;
-    AppendWord(frame, rda::kMagic);
-    AppendWord(frame, name.size() + 1);
-    const auto text = std::as_bytes(std::span(name));
-    frame.insert(frame.end(), text.begin(), text.end());
-    frame.push_back(std::byte{0});
-    AppendWord(frame, payload.size());
-    frame.insert(frame.end(), payload.begin(), payload.end());
-    AppendWord(frame, replySize);
-    return frame;
-}
-
 bool Waits(int socket, short events, milliseconds patience) {
     pollfd waiting{socket, events, 0};
     return ::poll(&waiting, 1, static_cast<int>(patience.count())) == 1;
@@ -61,6 +48,19 @@ void Connect(int socket, const std::string& address, std::uint16_t port, millise
 }
 
 }  // namespace
+
+std::vector<std::byte> FrameOf(std::string_view name, std::span<const std::byte> payload, std::uint32_t replySize) {
+    std::vector<std::byte> frame;
+    AppendWord(frame, rda::kMagic);
+    AppendWord(frame, name.size() + 1);
+    const auto text = std::as_bytes(std::span(name));
+    frame.insert(frame.end(), text.begin(), text.end());
+    frame.push_back(std::byte{0});
+    AppendWord(frame, payload.size());
+    frame.insert(frame.end(), payload.begin(), payload.end());
+    AppendWord(frame, replySize);
+    return frame;
+}
 
 std::vector<std::byte> CallOnce(const std::string& address, std::uint16_t port, std::string_view operation,
                                 std::span<const std::byte> payload, std::uint32_t replySize, milliseconds patience) {

@@ -16,6 +16,9 @@ class CallFailed : public std::runtime_error {
     using std::runtime_error::runtime_error;
 };
 
+/// The bytes of one call.
+std::vector<std::byte> FrameOf(std::string_view operation, std::span<const std::byte> payload, std::uint32_t replySize);
+
 /// Makes one call over a connection of its own, from the host's side of the link.
 /// @param address  dotted IPv4 text
 /// @return the reply of exactly `replySize` bytes
