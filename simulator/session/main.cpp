@@ -7,6 +7,7 @@
 #include <fstream>
 #include <string>
 
+#include "simulator/session/modes.h"
 #include "simulator/session/picture.h"
 #include "simulator/session/session.h"
 
@@ -18,8 +19,7 @@ constexpr int kLastScreen = 201;
 constexpr int kFailed = 1;
 constexpr int kUsageError = 2;
 
-struct Options {
-    session::Setting setting;
+struct Options : session::ModeOptions {
     std::string picture;
     std::string all;
     std::string console = "/dev/null";
@@ -66,10 +66,12 @@ fs::path RomfsBeside(const char* program) {
     return (self.empty() ? fs::path(program) : self).parent_path().parent_path() / "romfs";
 }
 
-void Run(const Options& options) {
+int Run(const Options& options) {
     const int output = SetConsoleAside(options.console);
     if (!options.picture.empty()) TakePicture(options, output);
     if (!options.all.empty()) TakeAll(options);
+    if (!options.record.empty()) session::Record(options);
+    return options.replay.empty() || session::ReplayAgain(options) ? 0 : kFailed;
 }
 
 }  // namespace
@@ -92,7 +94,18 @@ int main(int argc, char** argv) {
     CLI::Option* picture =
         app.add_option("--picture", options.picture, "Write what the panel shows; - is standard output");
     CLI::Option* all = app.add_option("--all", options.all, "Write a picture of every screen into this folder");
-    picture->excludes(all);
+    CLI::Option* record =
+        app.add_option("--record", options.record, "Write everything that goes in and out into this file");
+    CLI::Option* replay =
+        app.add_option("--replay", options.replay, "Give a recording to the display and compare its frames");
+    app.add_option("--seconds", options.seconds, "Length of a recording without a board")->capture_default_str();
+    app.add_option("--script", options.script, "Control lines and \"press KEY\", each after its second")->needs(record);
+    CLI::Option* board =
+        app.add_option("--board", options.board, "Folder of a board that panel-emulator plays; runs in real time");
+    app.add_option("--control", options.control, "Path of a socket that takes the meter's control lines")->needs(board);
+    for (CLI::Option* one : {picture, all, record, replay})
+        for (CLI::Option* other : {picture, all, record, replay})
+            if (one != other) one->excludes(other);
     try {
         app.parse(argc, argv);
     } catch (const CLI::ParseError& error) {
@@ -100,7 +113,7 @@ int main(int argc, char** argv) {
     }
     int status = 0;
     try {
-        Run(options);
+        status = Run(options);
     } catch (const std::invalid_argument& error) {
         std::fprintf(stderr, "display-session: %s\n", error.what());
         status = kUsageError;

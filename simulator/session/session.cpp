@@ -15,7 +15,7 @@ namespace {
 
 constexpr Instant kStep = 50;               // between two looks at what settings changed
 constexpr Instant kSplash = 2500;           // until the display has handed over
-constexpr Instant kComeUp = 120'000;        // at most, with a slow meter
+constexpr Instant kComeUp = 900'000;        // at most, with a slow meter
 constexpr Instant kSettle = 3'000;          // three refreshes of a screen
 constexpr Instant kSlowest = 60'000;        // to reach a screen while the meter is slow
 constexpr std::int64_t kUnderWay = 30'000;  // for which a situation has lasted when the display comes up
@@ -36,6 +36,9 @@ std::size_t PlaceOf(std::string_view word, const std::array<std::string_view, Co
     throw std::invalid_argument("there is no " + std::string(what) + " \"" + std::string(word) + "\"; there are " +
                                 list);
 }
+
+/// Whether the link works, but not as it should.
+bool IsHindered(meter::Fault fault) { return fault != meter::Fault::None && fault != meter::Fault::Absent; }
 
 /// Whether the application is built and has taken the start-up screen's place. Before that it may not be asked
 /// anything.
@@ -75,9 +78,10 @@ Session::Session(const Setting& setting, BoardPort& board, Listener* listener)
 
 void Session::Start() {
     Scheduler& scheduler = Scheduler::Instance();
+    TellListening();
     StartDisplay();
     Run(kSplash);
-    while (!HasHandedOver() && m_server.GetFault() == meter::Fault::Slow && scheduler.Now() < kComeUp) Run(kStep);
+    while (!HasHandedOver() && IsHindered(m_server.GetFault()) && scheduler.Now() < kComeUp) Run(kStep);
     if (m_setting.mode != "normal") Execute(m_setting.mode + "-mode 1");
     if (m_setting.screen != 0 && !Show(m_setting.screen))
         throw std::runtime_error("the display does not go to screen " + std::to_string(m_setting.screen));
@@ -108,7 +112,15 @@ std::string Session::Execute(std::string_view line) {
     constexpr std::string_view kPress = "press ";
     AdvanceMeter();
     if (line.starts_with(kPress)) return PressByName(line.substr(kPress.size()));
-    return m_console.Execute(line);
+    std::string answer = m_console.Execute(line);
+    TellListening();
+    return answer;
+}
+
+void Session::TellListening() {
+    if (m_listener == nullptr || m_listened == MeterListens()) return;
+    m_listened = MeterListens();
+    m_listener->OnListening(m_listened);
 }
 
 std::string Session::PressByName(std::string_view words) {

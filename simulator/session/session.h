@@ -35,6 +35,7 @@ public:
     virtual ~Listener() = default;
     virtual void OnKey(std::int32_t code, std::int32_t state) = 0;
     virtual void OnCommand(std::string_view operation, std::span<const std::byte> payload, std::uint32_t size) = 0;
+    virtual void OnListening(bool listens) = 0;  // whether somebody is on the meter's port from now on
     virtual void OnCall(const meter::Frame& call, const meter::CallOutcome& outcome) = 0;
     virtual void OnFrame(const panel::Frame& frame) = 0;
 };
@@ -89,6 +90,7 @@ public:
 
 private:
     void AdvanceMeter();
+    void TellListening();
     std::string PressByName(std::string_view words);
 
     Setting m_setting;
@@ -99,6 +101,7 @@ private:
     meter::DisplayLink m_display;
     meter::Console m_console;
     bool m_frozen = false;
+    bool m_listened = true;  // when the listener was told last
     Instant m_meterTime = 0;
     std::shared_ptr<panel::Frame> m_frame = std::make_shared<panel::Frame>();
 };
