@@ -58,7 +58,7 @@ void ListScenarios() {
 int Run(const Options& options) {
     meter::Meter theMeter(options.seed, StartOf(options));
     meter::MeterServer server(theMeter, options.port);
-    const meter::DisplayLink display(options.commandPort);
+    meter::DisplayLink display(options.commandPort);
     meter::Console console(theMeter, server, display, options.seed);
     if (!console.Play(options.scenario)) {
         std::fprintf(stderr, "There is no scenario %s; --list-scenarios names them.\n", options.scenario.c_str());
@@ -72,6 +72,13 @@ int Run(const Options& options) {
     if (!options.control.empty())
         control = std::make_unique<meter::ControlSocket>(
             options.control, [&console](std::string_view line) { return console.Execute(line); });
+    std::uint64_t calls = 0;
+    const meter::CallObserver report = [&](const meter::LinkCall& call) {
+        ++calls;
+        if (control && control->IsTraced()) control->Trace(meter::TraceLine(call, calls, theMeter.Now()));
+    };
+    server.OnCall(report);
+    display.OnCall(report);
     std::printf("Meter on 127.0.0.1:%u, scenario %s, seed %llu\n", server.Port(), options.scenario.c_str(),
                 static_cast<unsigned long long>(options.seed));
     std::fflush(stdout);

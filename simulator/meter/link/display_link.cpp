@@ -66,6 +66,23 @@ bool ReadAll(int socket, std::span<std::byte> reply) {
 
 std::optional<std::vector<std::byte>> DisplayLink::Call(std::string_view operation, std::span<const std::byte> payload,
                                                         std::uint32_t responseSize) const {
+    const auto start = std::chrono::steady_clock::now();
+    auto reply = Exchange(operation, payload, responseSize);
+    if (m_observer) {
+        const auto taken = std::chrono::steady_clock::now() - start;
+        m_observer({.to = Callee::Display,
+                    .operation = operation,
+                    .payload = payload,
+                    .reply = reply ? std::span<const std::byte>(*reply) : std::span<const std::byte>(),
+                    .taken = std::chrono::duration_cast<std::chrono::microseconds>(taken),
+                    .result = reply ? "ok" : "failed"});
+    }
+    return reply;
+}
+
+std::optional<std::vector<std::byte>> DisplayLink::Exchange(std::string_view operation,
+                                                            std::span<const std::byte> payload,
+                                                            std::uint32_t responseSize) const {
     const Descriptor socket(::socket(AF_INET, SOCK_STREAM | SOCK_NONBLOCK | SOCK_CLOEXEC, 0));
     if (!socket || !ConnectTo(socket.Get(), m_port)) return std::nullopt;
     const auto frame = FrameOf(operation, payload, responseSize);

@@ -7,6 +7,8 @@
 #include <string_view>
 #include <vector>
 
+#include "simulator/meter/link/trace.h"
+
 namespace meter {
 
 /// Commands the display on 127.0.0.1.
@@ -17,6 +19,9 @@ class DisplayLink {
 public:
     explicit DisplayLink(std::uint16_t port) : m_port(port) {}
 
+    /// Has every command reported when it ended.
+    void OnCall(CallObserver observer) { m_observer = std::move(observer); }
+
     /// Sends a command. @return the reply of exactly `responseSize` bytes, or nothing when the display did not take it
     std::optional<std::vector<std::byte>> Call(std::string_view operation, std::span<const std::byte> payload,
                                                std::uint32_t responseSize) const;
@@ -25,7 +30,11 @@ public:
     bool Send(std::string_view operation, std::uint32_t value) const;
 
 private:
+    std::optional<std::vector<std::byte>> Exchange(std::string_view operation, std::span<const std::byte> payload,
+                                                   std::uint32_t responseSize) const;
+
     std::uint16_t m_port;
+    CallObserver m_observer;
 };
 
 }  // namespace meter

@@ -111,19 +111,32 @@ bool MeterServer::Read(Connection& connection, Time now) {
 
 bool MeterServer::Take(Connection& connection, const Frame& frame, Time now) {
     ++m_calls;
+    const Time arrived = std::chrono::steady_clock::now();
     if (m_fault == Fault::Reset) {
+        Report(frame, {}, arrived, FaultName(m_fault));
         ResetOnClose(connection.socket.Get());
         return false;
     }
     std::vector<std::byte> bytes(frame.responseSize);
     if (m_fault == Fault::Silent || !m_meter.Answer(frame.name, frame.payload, bytes)) {
         ++m_unanswered;
+        Report(frame, {}, arrived, m_fault == Fault::Silent ? FaultName(m_fault) : "failed");
         return true;
     }
-    if (bytes.empty()) return true;
+    const bool spoiled = !bytes.empty() && m_fault != Fault::None;
     if (m_fault == Fault::Half) bytes.resize(bytes.size() / 2);
+    Report(frame, bytes, arrived, spoiled ? FaultName(m_fault) : "ok");
+    if (frame.responseSize == 0) return true;
     connection.replies.push_back({m_fault == Fault::Slow ? now + kSlowness : now, std::move(bytes)});
     return true;
+}
+
+void MeterServer::Report(const Frame& frame, std::span<const std::byte> reply, Time arrived,
+                         std::string_view result) const {
+    if (!m_observer) return;
+    auto taken = std::chrono::duration_cast<std::chrono::microseconds>(std::chrono::steady_clock::now() - arrived);
+    if (m_fault == Fault::Slow && !reply.empty()) taken += kSlowness;
+    m_observer({.operation = frame.name, .payload = frame.payload, .reply = reply, .taken = taken, .result = result});
 }
 
 bool MeterServer::Write(Connection& connection, Time now) {

@@ -10,6 +10,7 @@
 
 #include "simulator/descriptor.h"
 #include "simulator/meter/link/frame_reader.h"
+#include "simulator/meter/link/trace.h"
 #include "simulator/meter/model/meter.h"
 
 namespace meter {
@@ -23,6 +24,9 @@ public:
 
     /// @throws std::system_error when nobody may listen on the port; port 0 takes a free one
     MeterServer(Meter& meter, std::uint16_t port);
+
+    /// Has every call reported as it is taken.
+    void OnCall(CallObserver observer) { m_observer = std::move(observer); }
 
     void SetFault(Fault fault);
     Fault GetFault() const { return m_fault; }
@@ -53,6 +57,7 @@ private:
     /// @return false when the connection is over
     bool Read(Connection& connection, Time now);
     bool Take(Connection& connection, const Frame& frame, Time now);
+    void Report(const Frame& frame, std::span<const std::byte> reply, Time arrived, std::string_view result) const;
     static bool Write(Connection& connection, Time now);
 
     static constexpr std::size_t kMaxConnections = 16;
@@ -65,6 +70,7 @@ private:
     Fault m_fault = Fault::None;
     std::uint64_t m_calls = 0;
     std::uint64_t m_unanswered = 0;
+    CallObserver m_observer;
 };
 
 }  // namespace meter
