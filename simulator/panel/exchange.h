@@ -1,6 +1,5 @@
 #pragma once
 
-#include <chrono>
 #include <cstdint>
 #include <optional>
 
@@ -34,22 +33,18 @@ public:
 
     bool Answered() const { return m_answered; }
 
-    /// Whether the request has been waiting for its own end for longer than anybody's patience.
-    bool Late() const { return !m_answered && awaitedLine == 0 && Clock::now() - m_start > kPatience; }
+    /// Whether the request has not come to its own end yet.
+    bool Unfinished() const { return !m_answered && awaitedLine == 0; }
 
     /// The number of the meter's line that is to be the answer, or 0.
     std::uint64_t awaitedLine = 0;
 
 private:
-    using Clock = std::chrono::steady_clock;
-    static constexpr std::chrono::seconds kPatience{10};
-
     lws* m_connection;
     Request m_request;
     std::optional<std::uint64_t> m_contentLength;
     std::optional<Response> m_response;  // to be sent later
     bool m_answered = false;
-    Clock::time_point m_start = Clock::now();
 };
 
 }  // namespace panel

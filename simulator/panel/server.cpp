@@ -9,7 +9,6 @@
 #include <stdexcept>
 #include <thread>
 #include <unordered_map>
-#include <unordered_set>
 
 #include "simulator/panel/exchange.h"
 #include "simulator/panel/log_files.h"
@@ -24,12 +23,15 @@ namespace {
 constexpr lws_usec_t kStateInterval = 500'000;  // the display falls silent without saying so
 constexpr std::size_t kMaxConnections = 64;
 constexpr std::size_t kMaxViewers = 24;
-constexpr int kFirstRefusal = 400;       // of the statuses
-constexpr unsigned kHeaderSeconds = 10;  // for the first lines of a request
+constexpr int kFirstRefusal = 400;            // of the statuses
+constexpr std::chrono::seconds kPatience{5};  // with a request that does not end
+constexpr unsigned kHeaderSeconds = 10;       // for the first lines of a request
 constexpr std::string_view kLivePath = "/live";
 constexpr std::string_view kMeterPath = "/meter";
 constexpr std::string_view kFull =
-    "HTTP/1.1 503 Service Unavailable\r\nConnection: close\r\nContent-Length: 21\r\n\r\ntoo many connections\n";
+    "HTTP/1.1 503 Service Unavailable\r\nconnection: close\r\ncontent-length: 21\r\n\r\ntoo many connections\n";
+constexpr std::string_view kTooSlow =
+    "HTTP/1.1 408 Request Timeout\r\nconnection: close\r\ncontent-length: 9\r\n\r\ntoo slow\n";
 
 }  // namespace
 
@@ -74,7 +76,7 @@ private:
     int m_port = 0;
     std::unordered_map<lws*, Exchange> m_exchanges;
     std::unordered_map<lws*, Viewer> m_viewers;
-    std::unordered_set<lws*> m_connections;
+    std::unordered_map<lws*, std::chrono::steady_clock::time_point> m_connections;  // since their last request
     Viewer::Scene m_scene;
     Timer m_stateTimer;
     Timer m_keyTimer;
@@ -135,7 +137,8 @@ Server::Loop::~Loop() {
 
 int Server::Loop::OnEvent(lws* connection, lws_callback_reasons reason, void* user, void* in, std::size_t size) {
     auto* loop = static_cast<Loop*>(lws_context_user(lws_get_context(connection)));
-    if (reason == LWS_CALLBACK_FILTER_NETWORK_CONNECTION) return loop->IsFull(static_cast<const lws_filter_network_conn_args*>(user)->accept_fd) ? -1 : 0;
+    if (reason == LWS_CALLBACK_FILTER_NETWORK_CONNECTION)
+        return loop->IsFull(static_cast<const lws_filter_network_conn_args*>(user)->accept_fd) ? -1 : 0;
     const auto* text = static_cast<const char*>(in);
     return loop->OnEvent(connection, reason, {text, text != nullptr ? size : 0});
 }
@@ -145,7 +148,9 @@ int Server::Loop::OnEvent(lws* connection, lws_callback_reasons reason, std::str
     const auto viewer = m_viewers.find(connection);
     switch (reason) {
         case LWS_CALLBACK_EVENT_WAIT_CANCELLED: ShowNews(); return 0;
-        case LWS_CALLBACK_SERVER_NEW_CLIENT_INSTANTIATED: m_connections.insert(connection); return 0;
+        case LWS_CALLBACK_SERVER_NEW_CLIENT_INSTANTIATED:
+            m_connections[connection] = std::chrono::steady_clock::now();
+            return 0;
         case LWS_CALLBACK_WSI_DESTROY: m_connections.erase(connection); return 0;
         case LWS_CALLBACK_HTTP: return OnRequest(connection);
         case LWS_CALLBACK_HTTP_BODY: return OnBody(connection, in);
@@ -176,6 +181,7 @@ int Server::Loop::OnEvent(lws* connection, lws_callback_reasons reason, std::str
 }
 
 int Server::Loop::OnRequest(lws* connection) {
+    m_connections[connection] = std::chrono::steady_clock::now();
     m_exchanges.erase(connection);
     Exchange& exchange = m_exchanges.emplace(connection, connection).first->second;
     const bool own = m_service.IsOwn(exchange.GetRequest(), m_port);
@@ -208,12 +214,16 @@ int Server::Loop::Refuse(Exchange& exchange, const Response& response) {
     return -1;
 }
 
-/// Requests whose body does not come to its end are ended.
+/// Requests that do not come to their end are ended. The library would not let them be answered.
 void Server::Loop::HurryUp() {
-    for (auto& [connection, exchange] : m_exchanges) {
-        if (!exchange.Late()) continue;
-        m_console.Refuse(exchange.GetRequest().method + " " + Quoted(exchange.GetRequest().path) + ": 408 too slow");
-        exchange.SendLater({.status = 408, .body = "that took too long\n"});
+    const auto latest = std::chrono::steady_clock::now() - kPatience;
+    for (const auto& [connection, start] : m_connections) {
+        const auto exchange = m_exchanges.find(connection);
+        const bool unfinished = exchange == m_exchanges.end() || exchange->second.Unfinished();
+        if (start > latest || !unfinished || m_viewers.contains(connection)) continue;
+        m_console.Refuse("a request: 408 too slow");
+        ::send(lws_get_socket_fd(connection), kTooSlow.data(), kTooSlow.size(), MSG_NOSIGNAL | MSG_DONTWAIT);
+        lws_set_timeout(connection, PENDING_TIMEOUT_USER_OK, LWS_TO_KILL_ASYNC);
     }
 }
 
