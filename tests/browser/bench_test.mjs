@@ -10,6 +10,7 @@ import { eventually } from "./emulator.mjs";
 
 const [bin, romfs, chromium] = process.argv.slice(2);
 const kSeed = "7";
+const kRecovery = 60_000; // milliseconds; each call that was under way waits for its end
 const kTitleRows = [27, 28]; // of the picture, where nothing runs: below the clock, above the values
 
 const bench = new Bench(bin, romfs);
@@ -117,7 +118,8 @@ test("saves the picture that is on the glass", async () => {
     const saved = fs.readFileSync(await download.path());
     const served = Buffer.from(await (await fetch(`${bench.address}frame.png`)).arrayBuffer());
     const shown = await page.evaluate(async (base64) => {
-      const picture = await createImageBitmap(await (await fetch(`data:image/png;base64,${base64}`)).blob());
+      const bytes = Uint8Array.from(atob(base64), (letter) => letter.charCodeAt(0));
+      const picture = await createImageBitmap(new Blob([bytes], { type: "image/png" }));
       const canvas = new OffscreenCanvas(picture.width, picture.height);
       const context = canvas.getContext("2d");
       context.drawImage(picture, 0, 0);
@@ -126,7 +128,6 @@ test("saves the picture that is on the glass", async () => {
     }, saved.toString("base64"));
     return shown && saved.equals(served);
   };
-  await page.route("data:**", (route) => route.continue());
   await eventually(same, "a picture like the glass, between two frames");
   await page.close();
 });
@@ -158,9 +159,9 @@ test("shows a fault and the recovery from it", async () => {
   await chooseByKeys(page, "f", "none");
   await page.getByLabel("Failures").uncheck();
   await page.getByRole("tabpanel", { name: "Link" }).getByRole("button", { name: "Clear" }).click();
-  await eventually(() => page.locator(".calls [role=option]:not(.failed)").count(), "sound calls");
+  await eventually(() => page.locator(".calls [role=option]:not(.failed)").count(), "sound calls", kRecovery);
   const { frames } = await bench.state();
-  await eventually(async () => (await bench.state()).frames > frames, "the values run again");
+  await eventually(async () => (await bench.state()).frames > frames, "the values run again", kRecovery);
   await page.close();
 });
 
@@ -193,10 +194,10 @@ test("shows and searches what the programs print", async () => {
 test("reads and writes a register, and drives the meter by lines", async () => {
   const page = await open();
   await page.locator("#register").fill("354");
-  await page.getByRole("button", { name: "Get" }).click();
+  await page.getByRole("button", { name: "Get", exact: true }).click();
   await textBecomes(page, "#answer", "get 354: ok");
   await page.locator("#register-value").fill("321");
-  await page.getByRole("button", { name: "Set" }).click();
+  await page.getByRole("button", { name: "Set", exact: true }).click();
   await textBecomes(page, "#answer", "set 354 321: ok");
   assert.match(await bench.tell("get 354"), /321/);
   await page.locator("#line").fill("no such line");
