@@ -5,6 +5,7 @@
 #include <nlohmann/json.hpp>
 
 #include "simulator/panel/page_files.h"
+#include "simulator/panel/registers.h"
 
 namespace panel {
 namespace {
@@ -80,10 +81,12 @@ bool Service::IsOwn(const Request& request, int port) {
 Response Service::Answer(const Request& request) {
     if (request.path.starts_with(kKeysPath)) return PressKey(request);
     const PageFile* file = FindPageFile(request.path);
-    if (file == nullptr && request.path != "/frame.png" && request.path != "/state")
+    const auto known = std::to_array<std::string_view>({"/frame.png", "/state", "/registers.json"});
+    if (file == nullptr && std::ranges::find(known, request.path) == known.end())
         return Refusal(404, "there is no " + request.path);
     if (request.method != "GET") return WrongMethod("GET");
     if (file != nullptr) return PageResponse(*file);
+    if (request.path == "/registers.json") return {.type = "application/json", .body = RegistersJson()};
     if (request.path == "/state") return {.type = "application/json", .body = State()};
     return FramePng();
 }

@@ -193,8 +193,9 @@ test("shows and searches what the programs print", async () => {
 
 test("reads and writes a register, and drives the meter by lines", async () => {
   const page = await open();
-  await page.locator("#register").fill("354");
-  await page.getByRole("button", { name: "Get", exact: true }).click();
+  await page.getByRole("button", { name: "Find…" }).click();
+  await page.keyboard.type("nominal current");
+  await page.keyboard.press("Enter");
   await textBecomes(page, "#answer", "get 354: ok");
   await page.locator("#register-value").fill("321");
   await page.getByRole("button", { name: "Set", exact: true }).click();

@@ -1,5 +1,6 @@
 import { faultsOf, kLanguages, kModes, kPhaseLabels, kSymbols, modeOf } from "./names.js";
 import { askMeter } from "./meter_line.js";
+import { RegisterForm } from "./register_form.js";
 
 // What the meter knows by number, in that order.
 const kChoices = [
@@ -23,7 +24,7 @@ export class MeterControls {
   #answer;
   #scenario;
 
-  constructor(root) {
+  constructor(root, registers, chooser) {
     this.#root = root;
     this.#answer = this.#find("#answer");
     this.#scenario = this.#find("#scenario");
@@ -35,7 +36,7 @@ export class MeterControls {
     }
     this.#offer("#modes", kModes);
     root.addEventListener("click", ({ target }) => target.dataset.line && this.#ask(target.dataset.line));
-    this.#watchRegister();
+    new RegisterForm(this.#find("#register-form"), registers, chooser, (line) => this.#ask(line));
     this.#watchLine();
   }
 
@@ -95,22 +96,6 @@ export class MeterControls {
         return part;
       }),
     );
-  }
-
-  #watchRegister() {
-    const form = this.#find("#register-form");
-    const number = this.#find("#register");
-    const value = this.#find("#register-value");
-    form.onsubmit = (event) => {
-      event.preventDefault();
-      this.#ask(`get ${number.valueAsNumber}`);
-    };
-    this.#find("#register-set").onclick = () => form.reportValidity() && this.#ask(`set ${number.value} ${value.value}`);
-    value.onkeydown = (event) => {
-      if (event.key !== "Enter") return;
-      event.preventDefault();
-      this.#find("#register-set").click();
-    };
   }
 
   /** Any line; the arrow keys bring earlier ones back. */

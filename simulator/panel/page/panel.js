@@ -20,12 +20,12 @@ import { wordsFor } from "./address.js";
 
 const element = (id) => document.getElementById(id);
 
-const screens = await Screens.load();
+const [screens, registers] = await Promise.all([Screens.load(), fetch("/registers.json").then((reply) => reply.json())]);
 const glass = new Glass(element("glass"));
 const status = new Status();
-const meter = new MeterControls(element("meter-controls"));
 const link = new DeepLink(screens);
 const chooser = new Chooser(element("chooser"));
+const meter = new MeterControls(element("meter-controls"), registers, chooser);
 const trace = new Trace(element("tool-link"));
 const consoleLines = makeConsole(element("tool-console"));
 const benchButtons = document.querySelectorAll("[data-action]");
