@@ -79,7 +79,7 @@ test("shows where the keys lead, pressed by mouse and by keyboard", async () => 
 });
 
 test("opens a link, and says what of it cannot be had", async () => {
-  const hash = `#screen=68&lang=de&mode=alternate&scenario=sag&seed=${kSeed}`;
+  const hash = `#screen=68&lang=de&mode=alt&scenario=sag&seed=${kSeed}`;
   const page = await open(hash);
   await textBecomes(page, "#notice", "The link is open");
   await textBecomes(page, "#screen-now", "68 Zeigerdiagramm");

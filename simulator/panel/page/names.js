@@ -14,7 +14,7 @@ export const kSymbols = ["IEC", "ANSI"];
 
 export const kModes = [
   { code: "normal", name: "Normal", line: "alt-mode 0" },
-  { code: "alternate", name: "Alternate", line: "alt-mode 1" },
+  { code: "alt", name: "Alternate", line: "alt-mode 1" },
   { code: "test", name: "Test", line: "test-mode 1" },
 ];
 
@@ -29,7 +29,7 @@ export const kFaults = [
 ];
 
 export function modeOf(meterState) {
-  return meterState.testMode ? "test" : meterState.altMode ? "alternate" : "normal";
+  return meterState.testMode ? "test" : meterState.altMode ? "alt" : "normal";
 }
 
 /** The faults that this meter can play; one that does not list them plays all but garbage. */
