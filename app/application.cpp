@@ -15,6 +15,7 @@
 #include "screens/events/event_screens.h"
 #include "screens/extremes/minmax_bar_screen.h"
 #include "screens/extremes/minmax_screen.h"
+#include "screens/factory_test/display_test_screen.h"
 #include "screens/harmonics/harmonic_screen.h"
 #include "screens/io/io_screen.h"
 #include "screens/metrological/metrological_screen.h"
@@ -22,6 +23,13 @@
 #include "screens/parameters/custom_screen.h"
 #include "screens/parameters/parameter_screen.h"
 #include "screens/phasor/phasor_screen.h"
+#include "setup/edit/choice_screen.h"
+#include "setup/edit/list_screen.h"
+#include "setup/edit/value_screen.h"
+#include "setup/view/setup_view1_screen.h"
+#include "setup/view/setup_view2_screen.h"
+#include "setup/view/setup_view3_screen.h"
+#include "setup/view/setup_view5_screen.h"
 
 namespace {
 
@@ -44,18 +52,11 @@ constexpr DisplayCommands kCommands = {
 /// Each creates the screens of one family and registers them. Of two screens under one id the later counts.
 using ScreenCreator = void (*)();
 constexpr auto kScreenCreators = std::to_array<ScreenCreator>({
-    CreateParameterScreens,
-    CreateMinMaxScreens,
-    CreatePhasorScreen,
-    CreateHarmonicScreens,
-    CreateActiveAlarmScreens,
-    CreateHistoricalAlarmScreens,
-    CreateMinMaxBarScreens,
-    CreateEventScreens,
-    CreateNameplateScreens,
-    CreateMetrologicalScreens,
-    CreateCustomScreens,
-    CreateIoScreens,
+    CreateParameterScreens,   CreateMinMaxScreens,          CreatePhasorScreen,      CreateHarmonicScreens,
+    CreateActiveAlarmScreens, CreateHistoricalAlarmScreens, CreateMinMaxBarScreens,  CreateEventScreens,
+    CreateNameplateScreens,   CreateMetrologicalScreens,    CreateCustomScreens,     CreateIoScreens,
+    CreateSetupView1Screens,  CreateSetupView2Screen,       CreateSetupView5Screens, CreateSetupEdit1Screens,
+    CreateSetupView3Screens,  CreateSetupEdit4Screens,      CreateSetupEdit2Screens,
 });
 
 int ReadSelection(std::uint32_t registerId, std::uint32_t& selected) {
@@ -70,6 +71,7 @@ void BuildApplication(PegThing& parent) {
     backlightTimeoutInit();
     DISPCFG_init({.readSelection = ReadSelection, .setOutputLine = VEKHWIF_setGpio});
     navigationHandlerClass& navigation = navigationHandlerClass::getInstance();
+    CreateFactoryTestScreen();
     static_cast<void>(startButtonTask());
     startOneSecondTask();
     CreateMenuScreens();

@@ -7,14 +7,13 @@
 
 namespace {
 constexpr std::uint32_t kTitleText = 15;
-constexpr std::uint32_t kTitleStyle = kDialogPromptStyle & ~kStyleCopyText;  // its texts live as long as the process
 }  // namespace
 
 DialogFrame::DialogFrame(PegThing& screen, SoftKeys& keys, const DialogLook& look)
     : m_screen(screen),
       m_keys(keys),
       m_scheme(look.scheme),
-      m_title(kBoxTitle, nullptr, std::uint16_t{0}, kTitleStyle) {
+      m_title(kBoxTitle, nullptr, std::uint16_t{0}, kDialogPromptStyle) {
     m_title->SetFontNumber(look.titleFont);
     m_title->SetColor(kText, kTitleText);
     m_title->SetColor(kBackground, look.accent);

@@ -20,9 +20,8 @@ struct DialogLook {
     std::size_t firstEntryLength;  // characters of the user name that count
 };
 
-/// The style of a dialog's prompts.
-inline constexpr std::uint32_t kDialogPromptStyle = kStyleActive | kStyleCopyText | kStyleBorderNone;
-static_assert(kDialogPromptStyle == 0x80000081);
+/// The style of a dialog's prompts, whose texts live as long as the process.
+inline constexpr std::uint32_t kDialogPromptStyle = kStyleActive | kStyleBorderNone;
 
 /// Places of a dialog's title: in its box, and in the title band above a keyboard.
 inline constexpr PegRect kBoxTitle =

@@ -116,7 +116,8 @@ bool MaskedValue::Fit(std::string_view text, Text& cells) const {
 void MaskedValue::FillGroup(std::size_t place, std::size_t length, std::string_view digits, Text& cells) const {
     const bool isFraction = m_mask[place] == kDigit && m_mask[place + length - 1] == kOptionalDigit;
     const std::size_t before = isFraction ? 0 : length - digits.size();
-    for (std::size_t i = 0; i < length; ++i) cells[place + i] = m_mask[place + i] == kDigit || isFraction ? '0' : kBlank;
+    for (std::size_t i = 0; i < length; ++i)
+        cells[place + i] = m_mask[place + i] == kDigit || isFraction ? '0' : kBlank;
     std::copy(digits.begin(), digits.end(), cells.begin() + place + before);
 }
 

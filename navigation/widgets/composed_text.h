@@ -60,10 +60,12 @@ private:
 template <std::size_t size>
 class ShownText {
 public:
-    void Show(PegTextThing& thing, const ComposedText<size>& text) {
-        if (m_text == text) return;
+    /// @return whether it is another text
+    bool Show(PegTextThing& thing, const ComposedText<size>& text) {
+        if (m_text == text) return false;
         m_text = text;
         thing.SetText(m_text.Text());
+        return true;
     }
 
 private:

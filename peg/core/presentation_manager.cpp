@@ -25,6 +25,7 @@ PegPresentationManager::PegPresentationManager(const PegRect& screen) : PegWindo
     // The root has no window around it and is always on the screen.
     ClearStatusBits(STAT_VIEWPORT | STAT_FRONT_ON_FOCUS);
     SetStatusBits(STAT_VISIBLE);
+    GrowPool();
 }
 
 PegPresentationManager::~PegPresentationManager() {

@@ -77,9 +77,10 @@ private:
         os::TaskId task;
         os::MessageQueueId queue;
     };
-    static constexpr std::size_t kPoolGrowth = 32;
+    static constexpr std::size_t kPoolGrowth = 512;  // more than any screen needs at a time
     static constexpr std::size_t kCaptureDepth = 8;
 
+    void GrowPool();
     PegArea& NewArea(PegThing& thing, const PegRect& rect);
     void GiveBack(PegArea*& chain);
     void RebuildViewports();

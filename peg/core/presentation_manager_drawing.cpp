@@ -39,14 +39,16 @@ void PegPresentationManager::Draw(const PegRect& invalid) {
     PegWindow::Draw(invalid);
 }
 
-PegArea& PegPresentationManager::NewArea(PegThing& thing, const PegRect& rect) {
-    if (m_freeAreas == nullptr) {
-        m_pool.push_back(std::make_unique<std::array<PegArea, kPoolGrowth>>());
-        for (PegArea& area : *m_pool.back()) {
-            area.next = m_freeAreas;
-            m_freeAreas = &area;
-        }
+void PegPresentationManager::GrowPool() {
+    m_pool.push_back(std::make_unique<std::array<PegArea, kPoolGrowth>>());
+    for (PegArea& area : *m_pool.back()) {
+        area.next = m_freeAreas;
+        m_freeAreas = &area;
     }
+}
+
+PegArea& PegPresentationManager::NewArea(PegThing& thing, const PegRect& rect) {
+    if (m_freeAreas == nullptr) GrowPool();
     PegArea& area = *m_freeAreas;
     m_freeAreas = area.next;
     area = {&thing, rect, nullptr};

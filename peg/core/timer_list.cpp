@@ -1,15 +1,37 @@
 #include "peg/core/timer_list.h"
 
+#include <utility>
+
 #include "peg/core/message_queue.h"
 #include "peg/core/thing.h"
 #include "peg/core/toolkit.h"
 
+namespace {
+constexpr int kSpareTimers = 32;  // more than an application has running at a time
+}
+
+PegTimerList::PegTimerList() {
+    for (int i = 0; i < kSpareTimers; ++i) m_spare = new Timer{m_spare, nullptr, 0, 0, 0};
+}
+
 PegTimerList::~PegTimerList() {
-    while (m_first != nullptr) {
-        Timer* timer = m_first;
-        m_first = timer->next;
+    Free(m_first);
+    Free(m_spare);
+}
+
+void PegTimerList::Free(Timer* chain) {
+    while (chain != nullptr) {
+        Timer* timer = chain;
+        chain = timer->next;
         delete timer;
     }
+}
+
+void PegTimerList::Retire(Timer** link) {
+    Timer* timer = *link;
+    *link = timer->next;
+    timer->next = m_spare;
+    m_spare = timer;
 }
 
 void PegTimerList::SetTimer(PegThing& owner, std::uint16_t id, std::int32_t count, std::int32_t reload) {
@@ -19,7 +41,9 @@ void PegTimerList::SetTimer(PegThing& owner, std::uint16_t id, std::int32_t coun
         timer->reload = reload;
         return;
     }
-    m_first = new Timer{m_first, &owner, count, reload, id};
+    Timer* timer = m_spare != nullptr ? std::exchange(m_spare, m_spare->next) : new Timer;
+    *timer = {m_first, &owner, count, reload, id};
+    m_first = timer;
 }
 
 void PegTimerList::KillTimer(const PegThing& owner, std::uint16_t id, bool includeDescendants) {
@@ -30,8 +54,7 @@ void PegTimerList::KillTimer(const PegThing& owner, std::uint16_t id, bool inclu
             link = &timer->next;
             continue;
         }
-        *link = timer->next;
-        delete timer;
+        Retire(link);
         if (id != 0) return;
     }
 }
@@ -55,8 +78,7 @@ void PegTimerList::ProcessTick() {
             timer->countdown = timer->reload;
             link = &timer->next;
         } else {
-            *link = timer->next;
-            delete timer;
+            Retire(link);
         }
     }
 }

@@ -7,7 +7,7 @@ class PegThing;
 /// Toolkit timers: counts of ticks after which their owners get a MSG_TIMER with the timer's id. Toolkit task only.
 class PegTimerList {
 public:
-    PegTimerList() = default;
+    PegTimerList();
     PegTimerList(const PegTimerList&) = delete;
     PegTimerList& operator=(const PegTimerList&) = delete;
     ~PegTimerList();
@@ -33,7 +33,13 @@ private:
         std::uint16_t id;
     };
 
+    static void Free(Timer* chain);
+
+    /// Takes a timer out of the list and keeps it for the next one that is set.
+    void Retire(Timer** link);
+
     Timer* m_first = nullptr;  // newest first
+    Timer* m_spare = nullptr;  // not running
     std::uint32_t m_ticks = 0;
 };
 

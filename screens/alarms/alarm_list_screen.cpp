@@ -32,8 +32,7 @@ constexpr std::uint32_t kLeft = kStyleTransparent | kStyleTextLeft | kStyleBorde
 constexpr std::uint32_t kRight = kStyleTransparent | kStyleTextRight | kStyleBorderNone;
 static_assert(kRight == 0x40000021);
 
-constexpr std::uint32_t kUnacknowledgedStyle = kStyleTransparent | kStyleCopyText | kStyleBorderNone;
-static_assert(kUnacknowledgedStyle == 0x40000081);
+constexpr std::uint32_t kUnacknowledgedStyle = kStyleTransparent | kStyleBorderNone;
 constexpr int kUnacknowledgedLine = 206;
 constexpr std::uint32_t kWaitingColor = 1;
 constexpr std::uint32_t kNoneWaitsColor = 7;
@@ -100,12 +99,13 @@ void almActiveListScrnClass::Scroll(ScrollStep step) {
 void almActiveListScrnClass::ShowCounts() {
     const auto total = ComposedText<16>().Add(u"  (").AddNumber(m_page.total).Add(u")");
     SetTitleSuffix(total.Text(), SuffixTranslation::TitleOnly);
-    const auto waiting =
-        ComposedText<64>().Add(LocalizedString(kUnacknowledged)).Add(u"  (").AddNumber(m_page.unacknowledged).Add(u")");
-    const char16_t* shown = m_unacknowledged.Text();
-    if (shown != nullptr && std::u16string_view(shown) == waiting.Text()) return;
+    const auto waiting = ComposedText<kUnacknowledgedUnits>()
+                             .Add(LocalizedString(kUnacknowledged))
+                             .Add(u"  (")
+                             .AddNumber(m_page.unacknowledged)
+                             .Add(u")");
+    if (!m_unacknowledgedText.Show(m_unacknowledged, waiting)) return;
     m_unacknowledged.SetColor(kText, m_page.unacknowledged != 0 ? kWaitingColor : kNoneWaitsColor);
-    m_unacknowledged.SetText(waiting.Text());
 }
 
 void almActiveListScrnClass::ShowRow(std::uint32_t row) {

@@ -34,7 +34,10 @@ private:
     PegBitmapPrompt& m_alarmHeading;  // the strip, on which the others stand
     PegPrompt& m_dateHeading;
     PegPrompt& m_endHeading;
+    static constexpr std::size_t kUnacknowledgedUnits = 64;
+
     PegPrompt& m_unacknowledged;
+    ShownText<kUnacknowledgedUnits> m_unacknowledgedText;
     almDetailScrnClass* m_detail = nullptr;  // another screen, which the process keeps
 };
 

@@ -54,6 +54,11 @@ setupEdit4ScrnClass::setupEdit4ScrnClass(const SetupEditRow& titled, const ListR
     }
 }
 
+std::int32_t setupEdit4ScrnClass::Message(const PegMessage& message) {
+    if (message.type == MSG_LANGUAGE) LoadValue();
+    return SEBC_setupEditBaseClass::Message(message);
+}
+
 void setupEdit4ScrnClass::LoadValue() {
     m_switches.Read();
     for (auto& item : m_items) item.TakeOff();

@@ -17,6 +17,9 @@ class setupEdit4ScrnClass : public SEBC_setupEditBaseClass {
 public:
     setupEdit4ScrnClass(const SetupEditRow& titled, const ListRow& row);
 
+    /// Another language begins with what the meter holds.
+    std::int32_t Message(const PegMessage& message) override;
+
     /// Select the item above or below, or switch it.
     void SoftKey2Action() override;
     void SoftKey3Action() override;

@@ -1,3 +1,4 @@
+#include <map>
 #include <set>
 
 #include "app/application.h"
@@ -76,6 +77,19 @@ TEST_F(Tour, FindsEveryDataScreen) {
     std::set<std::int32_t> all;
     for (const ScreenInfoRow& row : kScreenInfoRows) all.insert(row.screen);
     EXPECT_EQ(m_seen, all);
+}
+
+TEST_F(Tour, MayLeadToScreensOfEveryKind) {
+    std::map<ScreenKind, int> screens;
+    for (std::int32_t id = kLastCommandedScreen; id >= SCREEN_ID_FACTORY_TEST; --id) {
+        Show(id);
+        if (Shown() == id) ++screens[navigationHandlerClass::getInstance().getScreenKind(id)];
+    }
+    EXPECT_EQ(screens, (std::map<ScreenKind, int>{{SCREEN_KIND_DATA, 98},
+                                                  {SCREEN_KIND_SETUP_VIEW, 30},
+                                                  {SCREEN_KIND_SETUP_EDIT, 55},
+                                                  {SCREEN_KIND_MENU, 3},
+                                                  {SCREEN_KIND_FACTORY_TEST, 1}}));
 }
 
 TEST_F(Tour, EndsNowhereWithASilentMeter) {

@@ -69,6 +69,13 @@ protected:
         cause();
         return Eventually([&] { return *board->NewestFrame() != *before; });
     }
+    /// The pixels of the newest frame that a screen's title stands on.
+    std::vector<std::uint8_t> TitleBand() const {
+        constexpr std::ptrdiff_t kRow = 2 * 320;
+        const auto frame = board->NewestFrame();
+        const auto* bytes = reinterpret_cast<const std::uint8_t*>(frame->data());
+        return {bytes + 25 * kRow, bytes + 54 * kRow};
+    }
     void Press(panel::Key key) {
         constexpr std::int32_t kPressed = 0;
         constexpr std::int32_t kReleased = 1;
@@ -117,6 +124,39 @@ TEST_F(Display, FollowsKeysAndTheMetersCommands) {
     EXPECT_NE(ToMeter("app-version").find("N/A"), std::string::npos);
     EXPECT_NE(ToMeter("app-variant").find('2'), std::string::npos);
     EXPECT_NE(ToMeter("kernel-version").find("000.000.000"), std::string::npos);
+}
+
+/// From the start screen through menu and password to another language, by nothing but the panel's keys.
+TEST_F(Display, ChangesTheLanguageByKeys) {
+    StartMeter();
+    StartDisplay();
+    ASSERT_TRUE(IsHandedOver());
+    const auto press = [this](std::initializer_list<panel::Key> keys) {
+        for (const panel::Key key : keys) {
+            Press(key);
+            std::this_thread::sleep_for(std::chrono::milliseconds(50));
+        }
+    };
+    using enum panel::Key;
+    press({Home, Soft3, Soft3, Soft3, Soft4});                 // the menu's group "Setup"
+    press({Soft3, Soft3, Soft3, Soft3, Soft3, Soft3, Soft4});  // its page "Language"
+    ASSERT_TRUE(Eventually([this] { return !TitleBand().empty(); }));
+    const auto english = TitleBand();
+    press({Soft4});
+    press({Soft3, Soft3, Soft4});                                            // Enter confirms the user
+    press({Soft1, Soft1, Soft1, Soft1, Soft3, Soft3, Soft3, Soft3, Soft4});  // from the space bar to 0
+    press({Soft1, Soft3, Soft4});                                            // Enter
+    EXPECT_EQ(ToMeter("get 1914"), "ok Language: English ");
+    press({Soft3, Soft4});
+    EXPECT_EQ(ToMeter("get 1914"), "ok Language: English ") << "nothing is written before the confirmation";
+    press({Soft4});
+    EXPECT_TRUE(Eventually([this] { return ToMeter("get 1914") == "ok Language: German "; }));
+    EXPECT_TRUE(Eventually([&] { return TitleBand() != english; })) << "the title follows";
+    const auto german = TitleBand();
+    ToMeter("language 0");
+    EXPECT_TRUE(Eventually([&] { return TitleBand() == english; })) << "the page is the one before";
+    ToMeter("language 1");
+    EXPECT_TRUE(Eventually([&] { return TitleBand() == german; }));
 }
 
 TEST_F(Display, FindsAMeterThatComesLateAndOneThatComesBack) {

@@ -17,7 +17,11 @@ namespace meter {
 /// second, and never for a display that is not there.
 class DisplayLink {
 public:
-    explicit DisplayLink(std::uint16_t port) : m_port(port) {}
+    explicit DisplayLink(std::uint16_t port);
+    /// Reaches the display in another way.
+    using Carry = std::function<std::optional<std::vector<std::byte>>(
+        std::string_view operation, std::span<const std::byte> payload, std::uint32_t responseSize)>;
+    explicit DisplayLink(Carry carry) : m_carry(std::move(carry)) {}
 
     /// Has every command reported when it ended.
     void OnCall(CallObserver observer) { m_observer = std::move(observer); }
@@ -30,10 +34,7 @@ public:
     bool Send(std::string_view operation, std::uint32_t value) const;
 
 private:
-    std::optional<std::vector<std::byte>> Exchange(std::string_view operation, std::span<const std::byte> payload,
-                                                   std::uint32_t responseSize) const;
-
-    std::uint16_t m_port;
+    Carry m_carry;
     CallObserver m_observer;
 };
 
