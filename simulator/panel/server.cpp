@@ -23,6 +23,7 @@ namespace {
 constexpr lws_usec_t kStateInterval = 500'000;  // the display falls silent without saying so
 constexpr std::size_t kMaxConnections = 64;
 constexpr std::size_t kMaxViewers = 24;
+constexpr int kForbidden = 403;
 constexpr int kFirstRefusal = 400;            // of the statuses
 constexpr std::chrono::seconds kPatience{5};  // with a request that does not end
 constexpr unsigned kHeaderSeconds = 10;       // for the first lines of a request
@@ -185,7 +186,7 @@ int Server::Loop::OnRequest(lws* connection) {
     m_exchanges.erase(connection);
     Exchange& exchange = m_exchanges.emplace(connection, connection).first->second;
     const bool own = m_service.IsOwn(exchange.GetRequest(), m_port);
-    if (!own) return Refuse(exchange, {.status = 403, .body = "not for other pages\n"});
+    if (!own) return Refuse(exchange, {.status = kForbidden, .body = "not for other pages\n"});
     if (exchange.ContentLength().value_or(0) > kMaxBody)
         return Refuse(exchange, {.status = 413, .body = "that is too much\n"});
     // A body that is announced ends with an event of its own, even if it is empty.
@@ -202,7 +203,7 @@ bool Server::Loop::IsFull(lws_sockfd_type socket) {
 
 int Server::Loop::Send(Exchange& exchange, const Response& response) {
     const Request& request = exchange.GetRequest();
-    if (response.status >= kFirstRefusal)
+    if (response.status >= kFirstRefusal && response.status != kForbidden)  // of that, IsOwn told already
         m_console.Refuse(request.method + " " + Quoted(request.path) + ": " + std::to_string(response.status) + " " +
                          response.body.substr(0, response.body.find('\n')));
     return exchange.Send(response);
@@ -247,7 +248,7 @@ int Server::Loop::OnUpgrade(lws* connection) {
     if (own && room && exchange.GetRequest().path == kLivePath) return 0;
     if (own)
         m_console.Refuse(room ? "a WebSocket that is not " + std::string(kLivePath) : "a viewer: too many look on");
-    lws_return_http_status(connection, !own ? 403 : room ? 404 : 503, nullptr);
+    lws_return_http_status(connection, !own ? kForbidden : room ? 404 : 503, nullptr);
     return 1;
 }
 
