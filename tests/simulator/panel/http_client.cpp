@@ -33,7 +33,7 @@ bool HttpClient::Offer(std::string_view bytes) {
 }
 
 void HttpClient::Stall() {
-    constexpr int kSmall = 32768;
+    constexpr int kSmall = 131072;
     ::setsockopt(m_socket.Get(), SOL_SOCKET, SO_RCVBUF, &kSmall, sizeof kSmall);
 }
 

