@@ -97,7 +97,7 @@ int Run(const Options& options) {
             std::printf("%s -> %s\n", line.c_str(), console.Execute(line).c_str());
         const int wait = server.Serve(now);
         if (control) control->Serve();
-        console.PassOnSettings();
+        console.Serve();
         polled.clear();
         server.Watch(polled);
         if (control) control->Watch(polled);
@@ -115,7 +115,7 @@ int main(int argc, char** argv) {
     CLI::App app("Plays the meter for the integrated display.");
     app.add_option("--seed", options.seed, "Seed of everything random; the same seed gives the same run");
     app.add_option("--start", options.start, "Start of the simulated time in seconds since 1970 (default: now)");
-    app.add_option("--scenario", options.scenario, "Situation to begin with");
+    app.add_option("--scenario", options.scenario, "Situation to begin with: a name, or a file");
     app.add_option("--port", options.port, "Port on which the meter is called");
     app.add_option("--command-port", options.commandPort, "Port on which the display is commanded");
     app.add_option("--language", options.language, "Language of the display, 0 to 5");

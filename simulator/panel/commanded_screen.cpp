@@ -46,4 +46,10 @@ void CommandedScreen::Command(std::string_view line) {
     if (number == kCurrentMenu) Forget();
 }
 
+void CommandedScreen::Overhear(std::string_view line) {
+    CommandedScreen after = *this;
+    after.Command(line);
+    if (after.m_number != m_number || !after.m_certain) *this = after;
+}
+
 }  // namespace panel

@@ -13,6 +13,10 @@ public:
     /// Takes note of a control line of the meter that was carried out.
     void Command(std::string_view line);
 
+    /// Takes note of a command that reached the display, from whomever. One to the screen that is known already may be
+    /// ours, heard of twice, and says nothing about keys pressed since.
+    void Overhear(std::string_view line);
+
     /// A key went down: from here on the display finds its own way.
     void Key() { m_certain = false; }
 

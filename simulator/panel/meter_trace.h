@@ -2,17 +2,18 @@
 
 #include <atomic>
 #include <functional>
+#include <mutex>
 #include <string>
 #include <string_view>
 #include <thread>
+#include <vector>
 
 #include "simulator/descriptor.h"
 #include "simulator/panel/feed.h"
 
 namespace panel {
 
-/// The calls of the display as the simulated meter reports them, as long as somebody watches. A thread of its own
-/// reads them.
+/// The calls of the link as the simulated meter reports them. A thread of its own reads them.
 class MeterTrace {
 public:
     /// @param path  the control socket of the meter, which may come and go
@@ -22,10 +23,11 @@ public:
     MeterTrace(const MeterTrace&) = delete;
     MeterTrace& operator=(const MeterTrace&) = delete;
 
-    void Watch(bool watched);
-
     /// One JSON object a call, as the meter gave it.
     const Feed& Calls() const { return m_calls; }
+
+    /// What moved the display since the last time, as control lines.
+    std::vector<std::string> TakeCommands();
 
 private:
     static constexpr std::size_t kCalls = 1000;
@@ -38,9 +40,10 @@ private:
     std::string m_path;
     std::function<void()> m_news;
     Feed m_calls{kCalls};
-    Descriptor m_wake;                    // an event: something of the following two changed
-    std::atomic<bool> m_watched = false;  // written by the thread of the owner, as is m_stop
-    std::atomic<bool> m_stop = false;
+    std::mutex m_mutex;  // guards the following
+    std::vector<std::string> m_commands;
+    Descriptor m_wake;                 // an event: m_stop changed
+    std::atomic<bool> m_stop = false;  // written by the thread that destroys
     std::thread m_thread;
 };
 

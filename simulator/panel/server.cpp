@@ -65,7 +65,6 @@ private:
     void PassOnMeterAnswers();
     void LookAround();
     void ShowNews();
-    void FollowTrace();
     void ScheduleKeyTick();
     void Wake() { lws_cancel_service(m_context); }
 
@@ -169,13 +168,9 @@ int Server::Loop::OnEvent(lws* connection, lws_callback_reasons reason, std::str
                 lws_is_final_fragment(connection) != 0 && lws_remaining_packet_payload(connection) == 0;
             const int result = viewer->second.Take(in, complete);
             ScheduleKeyTick();
-            FollowTrace();
             return result;
         }
-        case LWS_CALLBACK_CLOSED:
-            m_viewers.erase(connection);
-            FollowTrace();
-            return 0;
+        case LWS_CALLBACK_CLOSED: m_viewers.erase(connection); return 0;
         case LWS_CALLBACK_CLOSED_HTTP: m_exchanges.erase(connection); return 0;
         default: return 0;
     }
@@ -282,6 +277,7 @@ void Server::Loop::PassOnMeterAnswers() {
         if (answer.line) response = {.body = *answer.line + "\n"};
         found->second.SendLater(std::move(response));
     }
+    for (const std::string& line : m_trace->TakeCommands()) m_service.OverhearCommand(line);
     m_service.Meter().state = m_meter->State();
 }
 
@@ -300,11 +296,6 @@ void Server::Loop::LookAround() {
     lws_sul_schedule(
         m_context, 0, &m_stateTimer.list,
         [](lws_sorted_usec_list_t* list) { reinterpret_cast<Timer*>(list)->loop->LookAround(); }, kStateInterval);
-}
-
-void Server::Loop::FollowTrace() {
-    if (m_trace == nullptr) return;
-    m_trace->Watch(std::ranges::any_of(m_viewers, [](const auto& entry) { return entry.second.WatchesTrace(); }));
 }
 
 void Server::Loop::ScheduleKeyTick() {

@@ -59,6 +59,8 @@ public:
     /// Takes note of a line that the meter carried out.
     void NoteCommand(std::string_view line) { m_screen.Command(line); }
 
+    void OverhearCommand(std::string_view line) { m_screen.Overhear(line); }
+
     KeyInput& Keys() { return m_keys; }
     MeterView& Meter() { return m_meter; }
     Console& GetConsole() { return m_console; }

@@ -40,8 +40,6 @@ public:
     /// Takes a piece of a message. @return -1 to close the connection, which was told why
     [[nodiscard]] int Take(std::string_view piece, bool complete);
 
-    bool WatchesTrace() const { return m_trace.on; }
-
 private:
     struct Subscription {
         const char* name;

@@ -85,7 +85,10 @@ int main(int argc, char** argv) {
         ->check(CLI::Range(1, kLastScreen));
     app.add_option("--lang", setting.language, "Language: en, de, fr, es, it, ru")->capture_default_str();
     app.add_option("--mode", setting.mode, "Display mode: normal, alt, test")->capture_default_str();
-    app.add_option("--scenario", setting.scenario, "Situation of the meter")->capture_default_str();
+    app.add_option("--scenario", setting.scenario, "Situation of the meter: a name, or a file")->capture_default_str();
+    app.add_option("--at", setting.at, "Seconds for which the scenario has lasted when the display comes up")
+        ->check(CLI::Range(0, 86400))
+        ->capture_default_str();
     app.add_option("--seed", setting.seed, "Seed of everything random")->capture_default_str();
     app.add_option("--start", setting.start, "Start of the meter's time in seconds since 1970")->capture_default_str();
     app.add_option("--romfs", setting.romfs, "Folder with the display's files (default: beside this program)")

@@ -13,12 +13,11 @@
 namespace session {
 namespace {
 
-constexpr Instant kStep = 50;               // between two looks at what settings changed
-constexpr Instant kSplash = 2500;           // until the display has handed over
-constexpr Instant kComeUp = 900'000;        // at most, with a slow meter
-constexpr Instant kSettle = 3'000;          // three refreshes of a screen
-constexpr Instant kSlowest = 60'000;        // to reach a screen while the meter is slow
-constexpr std::int64_t kUnderWay = 30'000;  // for which a situation has lasted when the display comes up
+constexpr Instant kStep = 50;         // between two looks at what settings changed
+constexpr Instant kSplash = 2500;     // until the display has handed over
+constexpr Instant kComeUp = 900'000;  // at most, with a slow meter
+constexpr Instant kSettle = 3'000;    // three refreshes of a screen
+constexpr Instant kSlowest = 60'000;  // to reach a screen while the meter is slow
 
 constexpr auto kLanguages = std::to_array<std::string_view>({"en", "de", "fr", "es", "it", "ru"});
 constexpr auto kModes = std::to_array<std::string_view>({"normal", "alt", "test"});
@@ -72,7 +71,10 @@ Session::Session(const Setting& setting, BoardPort& board, Listener* listener)
     if (!m_console.Play(setting.scenario))
         throw std::invalid_argument("there is no scenario \"" + setting.scenario + "\"");
     m_console.Execute("language " + std::to_string(LanguageNumber(setting.language)));
-    m_meter.Advance(kUnderWay);
+    for (std::int64_t lived = 0; lived < setting.at * 1000; lived += kStep) {
+        m_meter.Advance(kStep);
+        m_console.Serve();
+    }
     SetWorld(*this);
 }
 
@@ -104,7 +106,8 @@ void Session::RunUntil(Instant when) {
     while (scheduler.Now() < when) {
         scheduler.RunUntil(std::min(when, scheduler.Now() + kStep));
         AdvanceMeter();
-        m_console.PassOnSettings();
+        m_console.Serve();
+        TellListening();
     }
 }
 

@@ -20,7 +20,8 @@ struct Setting {
     std::filesystem::path romfs;
     std::uint64_t seed = 1;
     std::int64_t start = 1'789'552'800;  // seconds since 1970: a Wednesday in September, noon
-    std::string scenario = "normal";
+    std::string scenario = "normal";     // a name, or a file
+    int at = 30;                         // seconds for which the scenario has lasted when the display comes up
     std::string language = "en";
     std::string mode = "normal";
     int screen = 0;  // 0: that which the display begins with

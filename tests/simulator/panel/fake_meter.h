@@ -37,7 +37,9 @@ private:
             const std::string text(line.data(), static_cast<std::size_t>(std::max<ssize_t>(size, 0)));
             if (text == "silent\n") continue;  // hangs up without a word
             if (text == "trace on\n") {
-                const std::string calls = "ok\n{\"call\":1}\n{broken\n{\"call\":2}\n";
+                const std::string calls =
+                    "ok\n{\"call\":1}\n{broken\n{\"call\":2,\"operation\":\"NAVCMDINT_navigateTo\",\"request\":{\"x\":"
+                    "7},\"result\":\"ok\"}\n";
                 EXPECT_EQ(::send(client.Get(), calls.data(), calls.size(), MSG_NOSIGNAL),
                           static_cast<ssize_t>(calls.size()));
                 m_tracing = std::move(client);
