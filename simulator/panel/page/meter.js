@@ -45,9 +45,10 @@ export class MeterControls {
 
   /** Follows the meter, but never moves what the user is just choosing from. */
   show({ meter, meterState }) {
-    this.#root.hidden = meter === null;
+    this.#root.hidden = meter === null || Boolean(meterState?.replay);
     document.getElementById("meter-absent").hidden = meter !== null;
-    if (!meterState) return;
+    document.getElementById("meter-replayed").hidden = !meterState?.replay;
+    if (!meterState || meterState.replay) return;
     const scenarios = meterState.scenarios ?? [];
     if (this.#scenario.options.length !== scenarios.length)
       this.#scenario.replaceChildren(...scenarios.map((name) => new Option(name)));
