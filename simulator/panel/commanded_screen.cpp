@@ -27,10 +27,12 @@ constexpr auto kLines = std::to_array<LineRow>({
 constexpr std::string_view kNavigate = "navigate ";
 constexpr std::string_view kKey = "key ";
 constexpr std::string_view kTestMode = "test-mode ";
+constexpr std::string_view kStartAnew = "record start";  // the display comes up anew
 
 }  // namespace
 
 void CommandedScreen::Command(std::string_view line) {
+    if (line == kStartAnew) Forget();
     if (line.starts_with(kKey) || line.starts_with(kTestMode)) Key();
     if (const auto row = std::ranges::find(kLines, line, &LineRow::line); row != kLines.end()) {
         m_number = row->screen;

@@ -38,6 +38,12 @@ async function withPage(start, work) {
   }
 }
 
+async function chooseScreen(page, number) {
+  await page.keyboard.press("g");
+  await page.keyboard.type(number);
+  await page.keyboard.press("Enter");
+}
+
 const textBecomes = (page, selector, text) =>
   eventually(async () => (await page.locator(selector).textContent()).includes(text), `${selector} to say ${text}`);
 
@@ -59,8 +65,11 @@ test("R stops the recording of a session, which can be replayed, and starts anot
       assert.equal(replayed.status, 0, replayed.stderr);
       assert.match(replayed.stderr, new RegExp(`${recording.frames} frames, all as recorded`));
 
+      await chooseScreen(page, "25");
+      await textBecomes(page, "#screen-now", "25 ");
       await page.keyboard.press("r");
       await textBecomes(page, "#recording", "kitchen-2.rec");
+      await textBecomes(page, "#screen-now", "unknown");
       await eventually(async () => (await meterState())?.recording.running, "the other recording");
       await page.getByRole("button", { name: "Record R", pressed: true }).click();
       await textBecomes(page, "#notice", "kitchen-2.rec");
