@@ -99,6 +99,17 @@ TEST_F(Session, NamesTheFirstFrameThatDiffers) {
     EXPECT_NE(ContentOf(changed + ".recorded.png"), ContentOf(changed + ".replayed.png"));
 }
 
+TEST_F(Session, GarbageOnTheLinkBringsNoScreenDownAndIsReplayed) {
+    std::ofstream script(Path("script"));
+    script << "0.1 fault garbage\n";
+    for (int screen = 1; screen <= 201; ++screen) script << screen << " navigate " << screen << '\n';
+    script.close();
+    const Outcome outcome = Run("--seed 7 --seconds 203 --record " + Path("garbage") + " --script " + Path("script"));
+    EXPECT_EQ(outcome.status, 0) << outcome.talk;
+    EXPECT_NE(outcome.talk.find("navigate 201 -> ok"), std::string::npos) << outcome.talk;
+    EXPECT_EQ(Run("--replay " + Path("garbage")).status, 0);
+}
+
 TEST_F(Session, RefusesWhatIsNoWholeRecording) {
     const std::string whole = ContentOf(Record());
     std::ofstream(Path("cut")) << whole.substr(0, whole.rfind("{\"t\""));
