@@ -5,6 +5,8 @@
 add_library(project_options INTERFACE)
 target_include_directories(project_options INTERFACE ${PROJECT_SOURCE_DIR})
 target_compile_options(project_options INTERFACE -Wall -Wextra -Wconversion -Wshadow)
+# GCC 12 sees overlaps in the concatenation of strings that are not there.
+target_compile_options(project_options INTERFACE $<$<CXX_COMPILER_ID:GNU>:-Wno-restrict>)
 if(DISPLAY_SANITIZERS)
     target_compile_options(project_options INTERFACE -fsanitize=${DISPLAY_SANITIZERS} -fno-omit-frame-pointer)
     target_link_options(project_options INTERFACE -fsanitize=${DISPLAY_SANITIZERS})

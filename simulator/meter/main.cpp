@@ -58,7 +58,7 @@ void ListScenarios() {
 int Run(const Options& options) {
     meter::Meter theMeter(options.seed, StartOf(options));
     meter::MeterServer server(theMeter, options.port);
-    const meter::DisplayLink display(options.commandPort);
+    meter::DisplayLink display(options.commandPort);
     meter::Console console(theMeter, server, display, options.seed);
     if (!console.Play(options.scenario)) {
         std::fprintf(stderr, "There is no scenario %s; --list-scenarios names them.\n", options.scenario.c_str());
@@ -72,6 +72,13 @@ int Run(const Options& options) {
     if (!options.control.empty())
         control = std::make_unique<meter::ControlSocket>(
             options.control, [&console](std::string_view line) { return console.Execute(line); });
+    std::uint64_t calls = 0;
+    const meter::CallObserver report = [&](const meter::LinkCall& call) {
+        ++calls;
+        if (control && control->IsTraced()) control->Trace(meter::TraceLine(call, calls, theMeter.Now()));
+    };
+    server.OnCall(report);
+    display.OnCall(report);
     std::printf("Meter on 127.0.0.1:%u, scenario %s, seed %llu\n", server.Port(), options.scenario.c_str(),
                 static_cast<unsigned long long>(options.seed));
     std::fflush(stdout);
@@ -90,7 +97,7 @@ int Run(const Options& options) {
             std::printf("%s -> %s\n", line.c_str(), console.Execute(line).c_str());
         const int wait = server.Serve(now);
         if (control) control->Serve();
-        console.PassOnSettings();
+        console.Serve();
         polled.clear();
         server.Watch(polled);
         if (control) control->Watch(polled);
@@ -108,7 +115,7 @@ int main(int argc, char** argv) {
     CLI::App app("Plays the meter for the integrated display.");
     app.add_option("--seed", options.seed, "Seed of everything random; the same seed gives the same run");
     app.add_option("--start", options.start, "Start of the simulated time in seconds since 1970 (default: now)");
-    app.add_option("--scenario", options.scenario, "Situation to begin with");
+    app.add_option("--scenario", options.scenario, "Situation to begin with: a name, or a file");
     app.add_option("--port", options.port, "Port on which the meter is called");
     app.add_option("--command-port", options.commandPort, "Port on which the display is commanded");
     app.add_option("--language", options.language, "Language of the display, 0 to 5");

@@ -26,6 +26,7 @@ public:
     ~Program() { Kill(); }
 
     bool IsRunning();
+    pid_t Process() const { return m_process; }
 
     /// Ends the program at once.
     void Kill();

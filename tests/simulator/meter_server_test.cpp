@@ -126,7 +126,7 @@ TEST_F(Server, ConsoleAnswersEveryLineWithOneLine) {
     EXPECT_EQ(m_console.Execute("scenario sag"), "ok");
     EXPECT_EQ(m_console.Execute("advance 30"), "ok");
     EXPECT_EQ(m_console.Execute("set 111 600"), "ok");
-    EXPECT_EQ(m_console.Execute("get 111"), "ok CT primary: 600.0 A");
+    EXPECT_EQ(m_console.Execute("get 111"), "ok CT primary: 600.00 A");
     EXPECT_EQ(m_console.Execute("language 1\r"), "ok, the display does not answer");
     EXPECT_EQ(m_console.Execute("set 1914 Klingon"), "error Not one of the choices");
     for (std::string_view line :

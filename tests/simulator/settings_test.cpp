@@ -61,6 +61,10 @@ TEST_F(SettingsOfAMeter, EveryKindOfValueIsChecked) {
              {reg::kCtPrimary, "nan", false},
              {reg::kStoredIpAddress, "10.0.0.255", true},
              {reg::kStoredIpAddress, "10.0.0.256", false},
+             {reg::kStoredIpAddress, "None", true},
+             {reg::kStoredIpAddress, "none", false},
+             {reg::kHarmonicsShown, "63", true},
+             {reg::kHarmonicsShown, "40", false},
              {reg::kStoredIpAddress, "10.0.0", false},
              {reg::kTimeZone, "-3600", true},
              {reg::kTimeZone, "99999", false},
@@ -140,6 +144,24 @@ TEST_F(SettingsOfAMeter, ResetsClearWhatTheyName) {
     EXPECT_TRUE(m_meter.GetStatistics().Of(ThdVoltageL1).IsKnown());
     m_meter.Advance(1000);
     EXPECT_TRUE(m_meter.GetStatistics().Of(VoltageL1).IsKnown());
+}
+
+TEST_F(SettingsOfAMeter, TheDisplayIsToldHowManyHarmonicsToShow) {
+    EXPECT_EQ(bench::AskWord(m_meter, "DISPLAYFEATURES_getNumHarmonicsDisplayed"), 31U);
+    ASSERT_EQ(m_meter.Write(reg::kHarmonicsShown, "63", kMeterModule), std::nullopt);
+    EXPECT_EQ(bench::AskWord(m_meter, "DISPLAYFEATURES_getNumHarmonicsDisplayed"), 63U);
+}
+
+TEST_F(SettingsOfAMeter, KeepsAsManyDecimalsAsTheDisplayCanEnter) {
+    for (const std::uint32_t id : {354U, 2461U, 1215U, 111U}) {
+        ASSERT_EQ(m_meter.Write(id, "123.45", kMeterModule), std::nullopt);
+        EXPECT_EQ(TextIn(bench::Get(m_meter, id).value), "123.45") << id;
+    }
+    for (const std::uint32_t id : {112U, 1216U, 2462U, 2658U}) {
+        const std::string_view text = id == 2658 ? "57.74" : "1.25";
+        ASSERT_EQ(m_meter.Write(id, text, kMeterModule), std::nullopt);
+        EXPECT_EQ(TextIn(bench::Get(m_meter, id).value), text) << id;
+    }
 }
 
 }  // namespace

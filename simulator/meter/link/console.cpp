@@ -123,11 +123,19 @@ std::string PressKey(const DisplayLink& display, std::string_view name, std::str
 
 }  // namespace
 
+std::string Console::Begin(std::string_view scenario) {
+    try {
+        return Play(scenario) ? "ok" : "error no such scenario";
+    } catch (const std::runtime_error& mistake) {
+        return std::string("error ") + mistake.what();
+    }
+}
+
 std::string Console::Execute(std::string_view line) {
     const std::string_view word = TakeWord(line);
     const std::string_view rest = Trimmed(line);
     if (word == "state") return State();
-    if (word == "scenario") return Play(rest) ? "ok" : "error no such scenario";
+    if (word == "scenario") return Begin(rest);
     if (word == "restart") {
         m_meter.Restart();
         return "ok";
@@ -165,11 +173,26 @@ std::string Console::Execute(std::string_view line) {
 }
 
 bool Console::Play(std::string_view name) {
+    if (IsScenarioFile(name)) {
+        auto file = LoadScenarioFile(std::string(name));
+        m_meter.Play(file->situation, file->waves);
+        m_server.SetFault(file->situation.fault);
+        m_file = std::move(file);
+        m_fileStart = m_meter.Now();
+        return true;
+    }
     const Scenario* scenario = FindScenario(name);
     if (scenario == nullptr) return false;
     m_meter.Play(*scenario);
     m_server.SetFault(scenario->fault);
+    m_file.reset();
     return true;
+}
+
+void Console::Serve() {
+    if (m_file)
+        for (const std::string& line : m_file->script.TakeDue(m_meter.Now() - m_fileStart)) Execute(line);
+    PassOnSettings();
 }
 
 bool Console::PassOnSettings() {

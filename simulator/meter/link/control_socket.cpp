@@ -39,7 +39,9 @@ ControlSocket::~ControlSocket() {
 
 void ControlSocket::Watch(std::vector<pollfd>& polled) const {
     polled.push_back({m_listener.Get(), POLLIN, 0});
-    for (const Client& client : m_clients) polled.push_back({client.socket.Get(), POLLIN, 0});
+    for (const Client& client : m_clients)
+        polled.push_back(
+            {client.socket.Get(), static_cast<short>(client.outgoing.empty() ? POLLIN : POLLIN | POLLOUT), 0});
 }
 
 void ControlSocket::Serve() {
@@ -48,7 +50,23 @@ void ControlSocket::Serve() {
         if (!socket) break;
         m_clients.emplace_back().socket = std::move(socket);
     }
-    std::erase_if(m_clients, [this](Client& client) { return !Read(client); });
+    std::erase_if(m_clients, [this](Client& client) { return !Read(client) || !Write(client); });
+}
+
+bool ControlSocket::IsTraced() const { return std::ranges::any_of(m_clients, &Client::traced); }
+
+void ControlSocket::Trace(std::string_view line) {
+    for (Client& client : m_clients) {
+        if (!client.traced) continue;
+        if (client.outgoing.size() + line.size() > kMaxOutgoing) {
+            ++client.lost;
+            continue;
+        }
+        if (client.lost > 0) client.outgoing += "{\"lost\":" + std::to_string(client.lost) + "}\n";
+        client.lost = 0;
+        client.outgoing += line;
+        client.outgoing += '\n';
+    }
 }
 
 bool ControlSocket::Read(Client& client) {
@@ -58,11 +76,26 @@ bool ControlSocket::Read(Client& client) {
     if (count < 0) return errno == EAGAIN || errno == EINTR;
     client.pending.append(buffer.data(), static_cast<std::size_t>(count));
     for (std::size_t end = client.pending.find('\n'); end != std::string::npos; end = client.pending.find('\n')) {
-        const std::string answer = m_execute(std::string_view(client.pending).substr(0, end)) + "\n";
+        client.outgoing += Answer(client, std::string_view(client.pending).substr(0, end)) + "\n";
         client.pending.erase(0, end + 1);
-        if (::send(client.socket.Get(), answer.data(), answer.size(), MSG_NOSIGNAL) < 0) return false;
     }
-    return client.pending.size() < kMaxLine;
+    return client.pending.size() < kMaxLine && client.outgoing.size() < 2 * kMaxOutgoing;
+}
+
+std::string ControlSocket::Answer(Client& client, std::string_view line) {
+    if (line != "trace on" && line != "trace off") return m_execute(line);
+    client.traced = line == "trace on";
+    client.lost = 0;
+    return "ok";
+}
+
+bool ControlSocket::Write(Client& client) {
+    while (!client.outgoing.empty()) {
+        const ssize_t count = ::send(client.socket.Get(), client.outgoing.data(), client.outgoing.size(), MSG_NOSIGNAL);
+        if (count < 0) return errno == EAGAIN || errno == EINTR;
+        client.outgoing.erase(0, static_cast<std::size_t>(count));
+    }
+    return true;
 }
 
 }  // namespace meter

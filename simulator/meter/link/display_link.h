@@ -7,6 +7,8 @@
 #include <string_view>
 #include <vector>
 
+#include "simulator/meter/link/trace.h"
+
 namespace meter {
 
 /// Commands the display on 127.0.0.1.
@@ -15,7 +17,14 @@ namespace meter {
 /// second, and never for a display that is not there.
 class DisplayLink {
 public:
-    explicit DisplayLink(std::uint16_t port) : m_port(port) {}
+    explicit DisplayLink(std::uint16_t port);
+    /// Reaches the display in another way.
+    using Carry = std::function<std::optional<std::vector<std::byte>>(
+        std::string_view operation, std::span<const std::byte> payload, std::uint32_t responseSize)>;
+    explicit DisplayLink(Carry carry) : m_carry(std::move(carry)) {}
+
+    /// Has every command reported when it ended.
+    void OnCall(CallObserver observer) { m_observer = std::move(observer); }
 
     /// Sends a command. @return the reply of exactly `responseSize` bytes, or nothing when the display did not take it
     std::optional<std::vector<std::byte>> Call(std::string_view operation, std::span<const std::byte> payload,
@@ -25,7 +34,8 @@ public:
     bool Send(std::string_view operation, std::uint32_t value) const;
 
 private:
-    std::uint16_t m_port;
+    Carry m_carry;
+    CallObserver m_observer;
 };
 
 }  // namespace meter

@@ -27,7 +27,7 @@ void ResetOnClose(int socket) {
 
 }  // namespace
 
-MeterServer::MeterServer(Meter& meter, std::uint16_t port) : m_meter(meter), m_port(port) { Listen(); }
+MeterServer::MeterServer(Meter& meter, std::uint16_t port) : m_meter(meter), m_listens(true), m_port(port) { Listen(); }
 
 void MeterServer::Listen() {
     m_listener = Descriptor(::socket(AF_INET, SOCK_STREAM | SOCK_NONBLOCK | SOCK_CLOEXEC, 0));
@@ -52,7 +52,7 @@ void MeterServer::SetFault(Fault fault) {
         m_connections.clear();
         m_listener.Close();
     }
-    if (m_fault == Fault::Absent && fault != Fault::Absent) Listen();
+    if (m_listens && m_fault == Fault::Absent && fault != Fault::Absent) Listen();
     m_fault = fault;
 }
 
@@ -100,7 +100,7 @@ bool MeterServer::Read(Connection& connection, Time now) {
         Frame frame;
         FrameReader::Result result = connection.reader.Next(frame);
         for (; result == FrameReader::Result::Ready; result = connection.reader.Next(frame))
-            if (!Take(connection, frame, now)) return false;
+            if (!Answer(connection, frame, now)) return false;
         if (result == FrameReader::Result::Broken) {
             ResetOnClose(connection.socket.Get());
             return false;
@@ -109,21 +109,44 @@ bool MeterServer::Read(Connection& connection, Time now) {
     return true;
 }
 
-bool MeterServer::Take(Connection& connection, const Frame& frame, Time now) {
+bool MeterServer::Answer(Connection& connection, const Frame& frame, Time now) {
+    CallOutcome outcome = Take(frame);
+    if (outcome.reset) ResetOnClose(connection.socket.Get());
+    if (!outcome.reply.empty()) connection.replies.push_back({now + outcome.held, std::move(outcome.reply)});
+    return !outcome.reset;
+}
+
+CallOutcome MeterServer::Take(const Frame& frame) {
     ++m_calls;
+    const Time arrived = std::chrono::steady_clock::now();
+    CallOutcome outcome;
     if (m_fault == Fault::Reset) {
-        ResetOnClose(connection.socket.Get());
-        return false;
+        outcome.reset = true;
+        Report(frame, outcome, arrived, FaultName(m_fault));
+        return outcome;
     }
-    std::vector<std::byte> bytes(frame.responseSize);
-    if (m_fault == Fault::Silent || !m_meter.Answer(frame.name, frame.payload, bytes)) {
+    outcome.reply.resize(frame.responseSize);
+    if (m_fault == Fault::Silent || !m_meter.Answer(frame.name, frame.payload, outcome.reply)) {
         ++m_unanswered;
-        return true;
+        outcome.reply.clear();
+        Report(frame, outcome, arrived, m_fault == Fault::Silent ? FaultName(m_fault) : "failed");
+        return outcome;
     }
-    if (bytes.empty()) return true;
-    if (m_fault == Fault::Half) bytes.resize(bytes.size() / 2);
-    connection.replies.push_back({m_fault == Fault::Slow ? now + kSlowness : now, std::move(bytes)});
-    return true;
+    const bool spoiled = !outcome.reply.empty() && m_fault != Fault::None;
+    if (m_fault == Fault::Half) outcome.reply.resize(outcome.reply.size() / 2);
+    if (m_fault == Fault::Slow && spoiled) outcome.held = kSlowness;
+    Report(frame, outcome, arrived, spoiled ? FaultName(m_fault) : "ok");
+    return outcome;
+}
+
+void MeterServer::Report(const Frame& frame, const CallOutcome& outcome, Time arrived, std::string_view result) const {
+    if (!m_observer) return;
+    const auto taken = std::chrono::steady_clock::now() - arrived + outcome.held;
+    m_observer({.operation = frame.name,
+                .payload = frame.payload,
+                .reply = outcome.reply,
+                .taken = std::chrono::duration_cast<std::chrono::microseconds>(taken),
+                .result = result});
 }
 
 bool MeterServer::Write(Connection& connection, Time now) {

@@ -10,9 +10,17 @@
 
 #include "simulator/descriptor.h"
 #include "simulator/meter/link/frame_reader.h"
+#include "simulator/meter/link/trace.h"
 #include "simulator/meter/model/meter.h"
 
 namespace meter {
+
+/// What becomes of a call: a reply after some time, silence when it is empty, or the end of the connection.
+struct CallOutcome {
+    bool reset = false;
+    std::vector<std::byte> reply;
+    std::chrono::milliseconds held{};
+};
 
 /// Serves the meter's operations on 127.0.0.1 to several clients at once, and misbehaves as told.
 ///
@@ -23,6 +31,14 @@ public:
 
     /// @throws std::system_error when nobody may listen on the port; port 0 takes a free one
     MeterServer(Meter& meter, std::uint16_t port);
+    /// Listens nowhere: calls come by `Take` alone.
+    explicit MeterServer(Meter& meter) : m_meter(meter) {}
+
+    /// Answers one call, or misbehaves.
+    CallOutcome Take(const Frame& frame);
+
+    /// Has every call reported as it is taken.
+    void OnCall(CallObserver observer) { m_observer = std::move(observer); }
 
     void SetFault(Fault fault);
     Fault GetFault() const { return m_fault; }
@@ -52,19 +68,22 @@ private:
     void Accept();
     /// @return false when the connection is over
     bool Read(Connection& connection, Time now);
-    bool Take(Connection& connection, const Frame& frame, Time now);
+    void Report(const Frame& frame, const CallOutcome& outcome, Time arrived, std::string_view result) const;
+    bool Answer(Connection& connection, const Frame& frame, Time now);
     static bool Write(Connection& connection, Time now);
 
     static constexpr std::size_t kMaxConnections = 16;
     static constexpr std::size_t kMaxReplies = 64;  // waiting on one connection
 
     Meter& m_meter;
-    std::uint16_t m_port;
+    bool m_listens = false;  // but for a fault
+    std::uint16_t m_port = 0;
     Descriptor m_listener;
     std::list<Connection> m_connections;
     Fault m_fault = Fault::None;
     std::uint64_t m_calls = 0;
     std::uint64_t m_unanswered = 0;
+    CallObserver m_observer;
 };
 
 }  // namespace meter

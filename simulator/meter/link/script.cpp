@@ -1,5 +1,6 @@
 #include "simulator/meter/link/script.h"
 
+#include <algorithm>
 #include <sstream>
 #include <stdexcept>
 
@@ -23,6 +24,11 @@ Script::Script(std::istream& text) {
             throw std::runtime_error("line " + std::to_string(number) + " of the script is no step: " + line);
         m_steps.push_back({static_cast<std::int64_t>(seconds * 1000.0), command});
     }
+}
+
+void Script::Add(std::int64_t milliseconds, std::string line) {
+    const auto place = std::ranges::upper_bound(m_steps, milliseconds, {}, &Step::milliseconds);
+    m_steps.insert(place, {milliseconds, std::move(line)});
 }
 
 std::vector<std::string> Script::TakeDue(std::int64_t milliseconds) {

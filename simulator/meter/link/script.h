@@ -20,6 +20,9 @@ public:
     /// @throws std::runtime_error that names the line which is no step, or comes before the step above it
     explicit Script(std::istream& text);
 
+    /// Puts a line in its place; of the same time, behind those that are there.
+    void Add(std::int64_t milliseconds, std::string line);
+
     /// The lines that became due since the last call, in their order.
     std::vector<std::string> TakeDue(std::int64_t milliseconds);
 

@@ -42,6 +42,7 @@ using enum Quantity;
 constexpr auto kWirings = std::to_array<std::string_view>({"4W-WYE", "3W-WYE", "DELTA", "SINGLE"});
 constexpr auto kPhaseOrders = std::to_array<std::string_view>({"L1-L2-L3", "L3-L2-L1"});
 constexpr auto kPolarities = std::to_array<std::string_view>({"Normal", "Inverted"});
+constexpr auto kHarmonicCounts = std::to_array<std::string_view>({"31", "63"});
 constexpr auto kFrequencies = std::to_array<std::string_view>({"50", "60"});
 constexpr auto kIpModes = std::to_array<std::string_view>({"Stored", "DHCP", "BOOTP"});
 constexpr auto kIpv6Modes = std::to_array<std::string_view>({"Stored", "Automatic"});
@@ -120,8 +121,8 @@ constexpr auto kCatalogue = std::to_array<Register>({
     Number(105, "COM2 unit ID", Unit::None, "101", 1, 9999, 0),
     Choice(106, "COM3 protocol", kProtocols, "Factory"),
     Number(108, "COM3 unit ID", Unit::None, "102", 1, 9999, 0),
-    Number(111, "CT primary", Unit::Ampere, "400.0", 1, 99999.99, 1),
-    Number(112, "CT secondary", Unit::Ampere, "5.0", 1, 10, 1),
+    Number(111, "CT primary", Unit::Ampere, "400.00", 1, 99999.99, 2),
+    Number(112, "CT secondary", Unit::Ampere, "5.00", 1, 10, 2),
     Choice(113, "Current decimals", kDecimals, "1"),
     Number(114, "Custom scroll", Unit::None, "10", 0, 60, 0),
     Choice(145, "Date format", kDateFormats, "YYYY-MM-DD"),
@@ -167,12 +168,12 @@ constexpr auto kCatalogue = std::to_array<Register>({
     Reading(326, "Current L3", Unit::Ampere, CurrentL3),
     Reading(331, "Current L3", Unit::Ampere, CurrentL3, Aspect::Minimum),
     Reading(332, "Current L3", Unit::Ampere, CurrentL3, Aspect::Maximum),
-    Number(354, "Nominal current", Unit::Ampere, "250.0", 1, 99999.99, 1),
+    Number(354, "Nominal current", Unit::Ampere, "250.00", 1, 99999.99, 2),
     Reading(640, "THD current L1", Unit::Percent, ThdCurrentL1),
     Reading(922, "THD current L2", Unit::Percent, ThdCurrentL2),
     Reading(1204, "THD current L3", Unit::Percent, ThdCurrentL3),
-    Number(1215, "Neutral CT prim.", Unit::Ampere, "400.0", 1, 99999.99, 1),
-    Number(1216, "Neutral CT sec.", Unit::Ampere, "5.0", 1, 10, 1),
+    Number(1215, "Neutral CT prim.", Unit::Ampere, "400.00", 1, 99999.99, 2),
+    Number(1216, "Neutral CT sec.", Unit::Ampere, "5.00", 1, 10, 2),
     Reading(1345, "Neutral current", Unit::Ampere, CurrentNeutral, Aspect::Minimum),
     Reading(1346, "Neutral current", Unit::Ampere, CurrentNeutral, Aspect::Maximum),
     Choice(1347, "Polarity I4", kPolarities, "Normal"),
@@ -284,8 +285,8 @@ constexpr auto kCatalogue = std::to_array<Register>({
     Reading(2422, "THD above 8 %", Unit::Count, HarmonicOutsideNarrowL3),
     Reading(2423, "Order too high", Unit::Count, HarmonicOutsideWideL3),
     ReadOnly(2430, "Primary DNS", "192.168.1.2"),
-    Number(2461, "VT primary", Unit::Volt, "400.0", 1, 999999.99, 1),
-    Number(2462, "VT secondary", Unit::Volt, "400.0", 1, 999.99, 1),
+    Number(2461, "VT primary", Unit::Volt, "400.00", 1, 999999.99, 2),
+    Number(2462, "VT secondary", Unit::Volt, "400.00", 1, 999.99, 2),
     ReadOnly(2512, "Spring start", "03-21"),
     ReadOnly(2513, "Summer start", "06-21"),
     ReadOnly(2514, "Autumn start", "09-22"),
@@ -305,7 +306,7 @@ constexpr auto kCatalogue = std::to_array<Register>({
     ReadOnly(2610, "Rate mode", "Time of use"),
     ReadOnly(2611, "Next change", "22:00"),
     Seconds(2616, "Time zone", "3600", -50400, 50400),
-    Number(2658, "Nominal voltage", Unit::Volt, "230.0", 50, 999999.99, 1),
+    Number(2658, "Nominal voltage", Unit::Volt, "230.00", 50, 999999.99, 2),
     Reading(2675, "Neutral voltage", Unit::Volt, VoltageNeutral),
     Reading(2679, "Neutral voltage", Unit::Volt, VoltageNeutral, Aspect::Minimum),
     Reading(2680, "Neutral voltage", Unit::Volt, VoltageNeutral, Aspect::Maximum),
@@ -377,6 +378,7 @@ constexpr auto kCatalogue = std::to_array<Register>({
     Reading(3719, "Mean", Unit::Percent, Unbalance, Aspect::Mean),
     Reading(3720, "Maximum", Unit::Percent, Unbalance, Aspect::Maximum),
     Reading(3721, "Minimum", Unit::Percent, Unbalance, Aspect::Minimum),
+    Choice(3900, "Harmonics", kHarmonicCounts, "31"),
 });
 // clang-format on
 

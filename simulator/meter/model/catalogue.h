@@ -14,7 +14,7 @@ enum class Kind : std::uint8_t {
     Choice,        // one of `items`; the display may choose another
     Number,        // `low` to `high` with `decimals`
     Seconds,       // a signed number of seconds
-    Address,       // dotted IPv4 text
+    Address,       // dotted IPv4 text, or "None"
     YesNo,         // "Yes" or "No"
     ReadOnlyText,  // text that only the meter changes
     Reset          // written with "1"
@@ -79,6 +79,7 @@ inline constexpr std::uint16_t kPtPrimary = 2461, kPtSecondary = 2462;
 inline constexpr std::uint16_t kLanguage = 1914, kPhaseLabels = 2062, kSymbols = 1919;
 inline constexpr std::uint16_t kPhaseOrder = 2063, kWiring = 3717;
 inline constexpr std::uint16_t kActiveRate = 2608, kActiveSeason = 2609, kRateMode = 2610, kNextRateChange = 2611;
+inline constexpr std::uint16_t kHarmonicsShown = 3900;
 inline constexpr std::uint16_t kStoredIpAddress = 2590, kStoredIpGateway = 2591, kStoredIpMask = 2592;
 inline constexpr std::uint16_t kStoredIpv6Gateway = 2593, kStoredIpv6Address = 2594;
 }  // namespace reg

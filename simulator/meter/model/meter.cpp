@@ -109,7 +109,8 @@ void Meter::LiveThroughHistory() {
 
 void Meter::Advance(std::int64_t milliseconds) {
     m_pending += milliseconds;
-    for (; m_pending >= kStep; m_pending -= kStep) Step(kStep, m_scenario->disturbance);
+    for (; m_pending >= kStep; m_pending -= kStep)
+        Step(kStep, m_waves.At(m_now - m_wavesStart, m_scenario->disturbance));
 }
 
 void Meter::Step(std::int64_t milliseconds, const Disturbance& disturbance) {
@@ -132,7 +133,9 @@ bool Meter::Answer(std::string_view operation, std::span<const std::byte> payloa
     return AnswerOperation(*this, operation, payload, response);
 }
 
-void Meter::Play(const Scenario& scenario) {
+void Meter::Play(const Scenario& scenario, Waves waves) {
+    m_waves = std::move(waves);
+    m_wavesStart = m_now;
     if (m_scenario->alarms > 0 || scenario.emptyLog) m_alarms.Clear();
     m_scenario = &scenario;
     if (scenario.alarms > 0) m_alarms.Flood(scenario.alarms, m_now);

@@ -22,6 +22,7 @@
 #include "simulator/meter/model/security.h"
 #include "simulator/meter/model/settings.h"
 #include "simulator/meter/model/statistics.h"
+#include "simulator/meter/model/waves.h"
 
 namespace meter {
 
@@ -54,8 +55,8 @@ public:
     /// operation, a payload of another shape, or a response of another size.
     bool Answer(std::string_view operation, std::span<const std::byte> payload, std::span<std::byte> response);
 
-    /// Puts the meter into a situation; the one before it ends.
-    void Play(const Scenario& scenario);
+    /// Puts the meter into a situation, which outlives it; the one before it ends. Its waves begin now.
+    void Play(const Scenario& scenario, Waves waves = {});
     const Scenario& PlayedScenario() const { return *m_scenario; }
 
     /// Writes a register as the front panel does (lock and login hold) or as the meter's own software does.
@@ -118,6 +119,8 @@ private:
     IoPoints m_io;
     std::array<PageCursor, kPageSetCount> m_cursors;
     const Scenario* m_scenario;
+    Waves m_waves;
+    Instant m_wavesStart = 0;
     std::uint32_t m_connectionId;
     std::vector<DisplayCommand> m_commands;
 };

@@ -40,6 +40,8 @@ double LoadShape(double hour) { return 0.17 + 0.36 * Bump(hour, 10.0, 3.2) + 0.2
 
 double SunShape(double hour) { return std::max(0.0, std::sin((hour - 6.0) / 12.0 * std::numbers::pi)); }
 
+Phasor Turn(double degrees) { return std::polar(1.0, degrees * std::numbers::pi / 180.0); }
+
 double Background(std::size_t order) { return 1.0 / static_cast<double>(order); }
 
 }  // namespace
@@ -49,7 +51,7 @@ Network::Network(std::uint64_t seed) : m_noise(seed) {}
 void Network::Step(double seconds, DayTime time, const Connection& connection, const Disturbance& disturbance) {
     for (Drift* drift : {&m_frequencyDrift, &m_gridDrift, &m_loadDrift, &m_cloudDrift, &m_distortionDrift})
         drift->Step(m_noise, seconds);
-    m_frequency = connection.nominalFrequency + m_frequencyDrift.Value();
+    m_frequency = connection.nominalFrequency + disturbance.frequency + m_frequencyDrift.Value();
     m_harmonics = disturbance.harmonics * std::max(0.4, 1.0 + m_distortionDrift.Value());
     m_wiring = connection.wiring;
 
@@ -71,8 +73,10 @@ void Network::Step(double seconds, DayTime time, const Connection& connection, c
         const Phasor unit = std::polar(1.0, turn * static_cast<double>(phase));
         const double amperes = connected ? connection.currentPrimary * disturbance.current[phase] : 0.0;
         // I = conj(S / U): a load that draws reactive power lets its current lag.
-        const Phasor current = amperes * Phasor(active, -reactive) * unit * (1.0 + 0.002 * m_noise.Bell());
-        m_channels[phase] = connection.voltagePolarity[phase] * magnitude * unit;
+        const Phasor current = amperes * Phasor(active, -reactive) * unit * (1.0 + 0.002 * m_noise.Bell()) *
+                               Turn(disturbance.currentAngle[phase]);
+        m_channels[phase] =
+            connection.voltagePolarity[phase] * magnitude * unit * Turn(disturbance.voltageAngle[phase]);
         m_channels[phase + 4] = connection.currentPolarity[phase] * current;
         neutral += current;
         m_flicker[phase] = std::max(0.12, 0.38 + 12.0 * std::abs(m_voltageDrift[phase].Value()) +

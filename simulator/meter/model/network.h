@@ -31,7 +31,10 @@ struct Connection {
 struct Disturbance {
     Phases voltage = {1.0, 1.0, 1.0};
     Phases current = {1.0, 1.0, 1.0};
+    Phases voltageAngle = {};  // degrees ahead of where they should be
+    Phases currentAngle = {};
     double harmonics = 1.0;
+    double frequency = 0.0;  // Hz above the nominal
     bool reversed = false;
 };
 

@@ -11,8 +11,6 @@ namespace {
 
 using Reply = std::span<std::byte>;
 
-constexpr std::uint32_t kHarmonicsDisplayed = 31;
-
 void Nothing(Meter&, const Request&, Reply) {}
 
 /// Answers with the number of points of a kind, or with their entries.
@@ -94,7 +92,7 @@ constexpr auto kOperations = std::to_array<Operation>({
     {"EVLIF_getFrontPanelModuleName",                1, 0, 1,     0,          [](Meter&, const Request&, Reply r) { PutModuleName(r, kFrontPanelModule); }},
     {"EVLIF_getFactoryModuleName",                   1, 0, 1,     0,          [](Meter&, const Request&, Reply r) { PutModuleName(r, kFactoryModule); }},
     {"DATDISP_puts",                                 0, 1, 0,     kFixedSize, Nothing},
-    {"DISPLAYFEATURES_getNumHarmonicsDisplayed",     0, 0, kWord, kFixedSize, [](Meter&, const Request&, Reply r) { PutWord(r, kHarmonicsDisplayed); }},
+    {"DISPLAYFEATURES_getNumHarmonicsDisplayed",     0, 0, kWord, kFixedSize, [](Meter& m, const Request&, Reply r) { PutWord(r, static_cast<std::uint32_t>(m.GetSettings().Number(reg::kHarmonicsShown))); }},
     {"DISPLAYFEATURES_getEn50160DisplayEnabled",     0, 0, kWord, kFixedSize, [](Meter&, const Request&, Reply r) { PutWord(r, 1); }},
 });
 // clang-format on

@@ -9,6 +9,7 @@
 namespace meter {
 namespace {
 
+constexpr std::string_view kNoAddress = "None";
 constexpr double kLineSignal = 400.0;   // V between lines that the transformers deliver at nominal voltage
 constexpr double kCurrentSignal = 5.0;  // A that they deliver at full current
 
@@ -22,6 +23,7 @@ std::optional<double> ParseNumber(std::string_view text) {
 }
 
 bool IsAddress(std::string_view text) {
+    if (text == kNoAddress) return true;
     for (int group = 0; group < 4; ++group) {
         const std::size_t point = group < 3 ? text.find('.') : text.size();
         if (point == std::string_view::npos) return false;

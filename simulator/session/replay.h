@@ -1,0 +1,58 @@
+#pragma once
+
+#include <functional>
+#include <map>
+#include <optional>
+#include <string>
+
+#include "simulator/session/recording.h"
+
+namespace session {
+
+/// The first frame that is not as recorded. Either picture may be missing: a frame too many, or too few.
+struct Difference {
+    std::size_t index;
+    Instant time;
+    std::optional<panel::Frame> recorded;
+    std::optional<panel::Frame> replayed;
+};
+
+/// Gives a recording's inputs to the display again and compares every frame that it writes.
+///
+/// The meter is not there: each call is answered by what was recorded. A call that was not recorded at this place is
+/// answered by the nearest of the same kind, and noted.
+class Replay : public World {
+public:
+    Replay(const Recording& recording, std::filesystem::path romfs, BoardPort& board);
+
+    /// Runs from the start to the end, or to the first frame that differs.
+    /// @param pace  called with the time of each step before it is taken
+    std::optional<Difference> Run(const std::function<void(Instant)>& pace = [](Instant) {});
+
+    std::size_t FrameCount() const { return m_frames; }
+    /// The first call that was not as recorded, in words; empty when there was none.
+    const std::string& Stray() const { return m_stray; }
+
+    std::filesystem::path Romfs() const override { return m_romfs; }
+    std::int64_t StartSeconds() const override { return m_recording.start; }
+    void TakeFrame(std::span<const std::byte> pixels) override;
+    std::int32_t Control(std::string_view device, std::uint32_t request, std::int32_t argument) override;
+    bool MeterListens() override { return m_listens; }
+    meter::CallOutcome TakeCall(const meter::Frame& call) override;
+
+private:
+    void Deliver(const Event& event);
+
+    const Recording& m_recording;
+    std::filesystem::path m_romfs;
+    BoardPort& m_board;
+    std::vector<const CallEvent*> m_calls;
+    std::vector<const Event*> m_recordedFrames;
+    std::size_t m_nextCall = 0;
+    std::size_t m_frames = 0;
+    bool m_listens = true;
+    std::string m_stray;
+    std::optional<Difference> m_difference;
+};
+
+}  // namespace session

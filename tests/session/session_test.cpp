@@ -1,0 +1,112 @@
+#include <gtest/gtest.h>
+#include <unistd.h>
+
+#include <nlohmann/json.hpp>
+#include <sstream>
+
+#include "tests/session/shell.h"
+
+namespace {
+
+namespace fs = std::filesystem;
+
+class Session : public testing::Test {
+protected:
+    Session() { fs::create_directories(m_folder); }
+    ~Session() override { fs::remove_all(m_folder); }
+    static Outcome Run(const std::string& arguments) {
+        return Shell(SESSION_PROGRAM " --romfs " ROMFS_DIR " " + arguments);
+    }
+    std::string Path(const char* name) const { return (m_folder / name).string(); }
+
+    /// Records ten seconds in which keys, commands and a fault happen.
+    std::string Record() const {
+        std::ofstream(Path("script")) << "0.5 press soft1\n1.25 press soft3\n2 scenario sag\n2.5 language 1\n"
+                                         "3 navigate 68\n4 fault slow\n6 fault none\n6.2 key home\n7 press soft23\n"
+                                         "8 fault absent\n9 fault none\n";
+        const Outcome outcome = Run("--seed 7 --seconds 10 --record " + Path("rec") + " --script " + Path("script"));
+        EXPECT_EQ(outcome.status, 0) << outcome.talk;
+        return Path("rec");
+    }
+    /// The recording with one reply of an operation changed.
+    std::string WithAnotherReply(const std::string& recording, std::string_view operation, int place) const {
+        std::istringstream lines(ContentOf(recording));
+        std::ofstream changed(Path("changed"));
+        for (std::string text; std::getline(lines, text);) {
+            auto line = nlohmann::ordered_json::parse(text);
+            if (line.value("call", "") == operation && place-- == 0) {
+                std::string reply = line["reply"];
+                for (std::size_t at = 2 * 172; at < 2 * 400; at += 2) reply.replace(at, 2, "38");
+                line["reply"] = reply;
+            }
+            changed << line.dump() << '\n';
+        }
+        return Path("changed");
+    }
+
+private:
+    const fs::path m_folder = fs::temp_directory_path() / ("session-" + std::to_string(::getpid()));
+};
+
+TEST_F(Session, TheSameArgumentsGiveTheSamePicture) {
+    const std::string arguments = "--screen 68 --lang de --scenario sag --seed 7 --picture -";
+    const std::string picture = Run(arguments).output;
+    EXPECT_TRUE(picture.starts_with("\x89PNG"));
+    EXPECT_EQ(Run(arguments).output, picture);
+    for (const char* other : {"--screen 25 --lang de --scenario sag --seed 7 --picture -",
+                              "--screen 68 --lang fr --scenario sag --seed 7 --picture -",
+                              "--screen 68 --lang de --scenario swell --seed 7 --picture -",
+                              "--screen 68 --lang de --scenario sag --seed 8 --picture -",
+                              "--screen 68 --lang de --scenario " MOTOR_START " --at 5 --picture -"}) {
+        const Outcome outcome = Run(other);
+        EXPECT_EQ(outcome.status, 0) << outcome.talk;
+        EXPECT_TRUE(outcome.output.starts_with("\x89PNG")) << other;
+        EXPECT_NE(outcome.output, picture) << other;
+    }
+}
+
+TEST_F(Session, RefusesWordsThatItDoesNotKnow) {
+    for (const char* line : {"--lang xx --picture -", "--mode sideways --picture -", "--scenario rain --picture -",
+                             "--screen 999 --picture -", "--picture - --all x"}) {
+        const Outcome outcome = Run(line);
+        EXPECT_EQ(outcome.status, 2) << line;
+        EXPECT_EQ(outcome.output, "") << line;
+        EXPECT_NE(outcome.talk, "") << line;
+    }
+    EXPECT_EQ(Run("--scenario absent --screen 25 --picture -").status, 1);
+}
+
+TEST_F(Session, PhotographsEveryScreen) {
+    EXPECT_EQ(Run("--lang ru --all " + Path("all")).status, 0);
+    const auto count = std::distance(fs::directory_iterator(Path("all")), fs::directory_iterator());
+    EXPECT_GT(count, 180);
+}
+
+TEST_F(Session, ReplaysARecordingFrameByFrame) {
+    const std::string recording = Record();
+    EXPECT_EQ(ContentOf(Record()), ContentOf(recording)) << "two runs differ";
+    const Outcome outcome = Run("--replay " + recording);
+    EXPECT_EQ(outcome.status, 0) << outcome.talk;
+    EXPECT_NE(outcome.talk.find("frames, all as recorded"), std::string::npos) << outcome.talk;
+}
+
+TEST_F(Session, NamesTheFirstFrameThatDiffers) {
+    const std::string changed = WithAnotherReply(Record(), "PQINTERFACE_getPhasorData", 1);
+    const Outcome outcome = Run("--replay " + changed);
+    EXPECT_EQ(outcome.status, 1);
+    EXPECT_NE(outcome.talk.find("differs from the recording"), std::string::npos) << outcome.talk;
+    EXPECT_TRUE(ContentOf(changed + ".recorded.png").starts_with("\x89PNG"));
+    EXPECT_NE(ContentOf(changed + ".recorded.png"), ContentOf(changed + ".replayed.png"));
+}
+
+TEST_F(Session, RefusesWhatIsNoWholeRecording) {
+    const std::string whole = ContentOf(Record());
+    std::ofstream(Path("cut")) << whole.substr(0, whole.rfind("{\"t\""));
+    EXPECT_NE(Run("--replay " + Path("cut")).talk.find("it was not recorded whole"), std::string::npos);
+    std::ofstream(Path("torn")) << whole.substr(0, 500);
+    const Outcome torn = Run("--replay " + Path("torn"));
+    EXPECT_EQ(torn.status, 1);
+    EXPECT_NE(torn.talk.find("torn:2: no line of a recording"), std::string::npos) << torn.talk;
+}
+
+}  // namespace

@@ -1,0 +1,87 @@
+#include "simulator/meter/wire/codec.h"
+
+#include <gtest/gtest.h>
+
+#include <set>
+
+#include "simulator/meter/model/operations.h"
+#include "tests/simulator/bench.h"
+
+namespace {
+
+using namespace meter;
+
+std::size_t NumbersIn(const Signature& signature) {
+    return static_cast<std::size_t>(std::ranges::count_if(
+        signature.Arguments(), [](const Argument& argument) { return argument.type != ArgumentType::Text; }));
+}
+
+TEST(Signatures, AgreeWithWhatTheMeterAnswers) {
+    ASSERT_EQ(MeterOperations().size(), Operations().size());
+    for (const Operation& row : Operations()) {
+        const Signature* signature = FindMeterOperation(row.name);
+        ASSERT_NE(signature, nullptr) << row.name;
+        EXPECT_EQ(NumbersIn(*signature), row.words) << row.name;
+        EXPECT_EQ(signature->Arguments().size() - NumbersIn(*signature), row.texts) << row.name;
+        // With every number 3, counted replies have three entries.
+        const std::vector<std::string> arguments(signature->Arguments().size(), "3");
+        const std::size_t entries = row.countWord == kFixedSize ? 1 : 3;
+        EXPECT_EQ(ReplySize(*signature, EncodeArguments(*signature, arguments)), row.replySize * entries) << row.name;
+    }
+}
+
+TEST(Signatures, EveryReplyOfTheMeterFillsItsFields) {
+    Meter meter(bench::kSeed, bench::kStart);
+    for (const Signature& signature : MeterOperations()) {
+        const std::vector<std::string> arguments(signature.Arguments().size(), "1");
+        const auto payload = EncodeArguments(signature, arguments);
+        bench::Bytes reply(ReplySize(signature, payload));
+        ASSERT_TRUE(meter.Answer(signature.name, payload, reply)) << signature.name;
+        const Json decoded = DecodeReply(signature, reply);
+        EXPECT_EQ(decoded.empty(), signature.reply.shape == ReplyShape::None) << signature.name;
+        EXPECT_EQ(DecodePayload(signature, payload).size(), signature.Arguments().size()) << signature.name;
+        EXPECT_NO_THROW(decoded.dump()) << signature.name;
+    }
+}
+
+TEST(Codec, TakesEveryCutOfAReply) {
+    const bench::Bytes whole(1632, std::byte{'x'});
+    const Signature& page = *FindMeterOperation("CUSTOMSCREENINTERFACE_getNormalModeScreenData");
+    std::set<std::size_t> sizes;
+    for (std::size_t cut = 0; cut <= whole.size(); ++cut)
+        sizes.insert(DecodeReply(page, std::span(whole).first(cut)).size());
+    EXPECT_EQ(sizes, (std::set<std::size_t>{0, 1, 2, 3, 4, 5, 6}));
+    const Signature& alarms = *FindMeterOperation("ALARMSINTERFACE_getActiveAlarms");
+    EXPECT_EQ(DecodeReply(alarms, std::span(whole).first(185)).size(), 2U);
+}
+
+TEST(Codec, RefusesArgumentsWithTheirNames) {
+    const Signature& write = *FindMeterOperation("PDMINTERFACE_setRegisterValue");
+    const auto refusal = [](const Signature& signature, const std::vector<std::string>& arguments) {
+        try {
+            EncodeArguments(signature, arguments);
+        } catch (const std::invalid_argument& error) {
+            return std::string(error.what());
+        }
+        return std::string();
+    };
+    EXPECT_EQ(refusal(write, {"111"}), "PDMINTERFACE_setRegisterValue: the argument value is missing");
+    EXPECT_EQ(refusal(write, {"-1", "x"}), "registerId is a number from 0 to 4294967295, not \"-1\"");
+    EXPECT_EQ(refusal(write, {"1", "x", "y"}), "PDMINTERFACE_setRegisterValue takes 2 arguments; \"y\" is too many");
+    EXPECT_EQ(refusal(*FindMeterOperation("DISPTSK_setVekTemperature"), {"warm"}), "degrees is a number, not \"warm\"");
+    const std::vector<std::string> many = {"0", "0xFFFFFFFF"};
+    const Signature& alarms = *FindMeterOperation("ALARMSINTERFACE_getActiveAlarms");
+    EXPECT_THROW(ReplySize(alarms, EncodeArguments(alarms, many)), std::invalid_argument);
+    bench::Bytes expected = bench::Words({0x6F});
+    bench::Append(expected, "600 \xB0");
+    EXPECT_EQ(EncodeArguments(write, std::vector<std::string>{"0x6F", "600 \u00B0"}), expected);
+}
+
+TEST(Codec, TextsSurviveTheWayThere) {
+    std::string all;
+    for (int code = 1; code < 256; ++code) all += static_cast<char>(code);
+    EXPECT_EQ(FromUtf8(ToUtf8(all)), all);
+    EXPECT_EQ(FromUtf8("a\u20ACb"), "a?b");
+}
+
+}  // namespace

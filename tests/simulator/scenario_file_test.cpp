@@ -1,0 +1,120 @@
+#include "simulator/meter/link/scenario_file.h"
+
+#include <gtest/gtest.h>
+
+#include <fstream>
+#include <nlohmann/json.hpp>
+
+#include "simulator/meter/link/console.h"
+#include "tests/simulator/bench.h"
+
+namespace {
+
+using namespace meter;
+using enum Quantity;
+
+std::string MistakeIn(const std::string& text) {
+    try {
+        ParseScenario("a.json", text);
+    } catch (const std::runtime_error& mistake) {
+        return mistake.what();
+    }
+    return "none";
+}
+
+TEST(ScenarioFile, NamesThePlaceOfEveryMistake) {
+    EXPECT_EQ(MistakeIn(R"({"name": "a"})"), "none");
+    EXPECT_EQ(MistakeIn("{\n \"name\": \"a\",\n \"waves\": [}\n"),
+              "a.json: parse error at line 3, column 12: syntax error while parsing value - unexpected '}'; "
+              "expected '[', '{', or a literal");
+    EXPECT_EQ(MistakeIn("[]"), "a.json: an object in braces is expected");
+    EXPECT_EQ(MistakeIn("{}"), "a.json: \"name\" is missing");
+    EXPECT_EQ(MistakeIn(R"({"name": 7})"), "a.json: name: a text is expected, not 7");
+    EXPECT_EQ(MistakeIn(R"({"name": "a", "base": "sagg"})"),
+              "a.json: base: there is no scenario \"sagg\" to begin with");
+    EXPECT_EQ(MistakeIn(R"({"name": "a", "delta": 1})"), "a.json: delta: true or false is expected, not 1");
+    EXPECT_EQ(MistakeIn(R"({"name": "a", "waves": {}})"), "a.json: waves: a list in brackets is expected");
+    EXPECT_EQ(MistakeIn(R"({"name": "a", "waves": [{"at": 1, "voltage": [1, 2]}]})"),
+              "a.json: waves[0].voltage: a number, or three in brackets, is expected, not [1,2]");
+    EXPECT_EQ(MistakeIn(R"({"name": "a", "waves": [{"at": 1, "voltage": [1, 1, 9]}]})"),
+              "a.json: waves[0].voltage[2]: 9 is not within 0.0 to 2.0");
+    EXPECT_EQ(MistakeIn(R"({"name": "a", "waves": [{"at": 2}, {"at": 1}]})"),
+              "a.json: waves[1]: it comes before the wave above it");
+    EXPECT_EQ(MistakeIn(R"({"name": "a", "events": [{"at": 1, "doo": "x"}]})"),
+              "a.json: events[0]: \"doo\" means nothing here; there are at, do");
+    EXPECT_EQ(MistakeIn(R"({"name": "a", "events": [{"at": 1, "do": "scenario sag"}]})"),
+              "a.json: events[0].do: a scenario cannot start another");
+    EXPECT_EQ(MistakeIn(R"({"name": "a", "faults": [{"at": 1, "fault": "late"}]})"),
+              "a.json: faults[0].fault: there is no fault \"late\"; there are slow, silent, half, reset, absent");
+    EXPECT_EQ(MistakeIn(R"({"name": "a", "faults": [{"fault": "slow"}]})"), "a.json: faults[0]: \"at\" is missing");
+}
+
+TEST(ScenarioFile, TheSchemaKnowsTheSameWords) {
+    std::ifstream file(SCENARIO_SCHEMA);
+    const auto schema = nlohmann::json::parse(file);
+    const auto wordsOf = [](const nlohmann::json& object) {
+        std::string words;
+        for (const auto& [name, value] : object["properties"].items()) words += "\"" + name + "\": null, ";
+        return "{" + words.substr(0, words.size() - 2) + "}";
+    };
+    // Were one of them unknown, that would be the first mistake.
+    EXPECT_EQ(MistakeIn(wordsOf(schema)).find("means nothing"), std::string::npos) << MistakeIn(wordsOf(schema));
+    for (const char* list : {"waves", "events", "faults"}) {
+        const std::string entry = wordsOf(schema["properties"][list]["items"]);
+        const std::string mistake = MistakeIn(R"({"name": "a", ")" + std::string(list) + "\": [" + entry + "]}");
+        EXPECT_NE(mistake, "none");
+        EXPECT_EQ(mistake.find("means nothing"), std::string::npos) << mistake;
+    }
+}
+
+class PlayedFile : public testing::Test {
+protected:
+    void Live(int seconds) {
+        for (int i = 0; i < seconds * 10; ++i) {
+            m_meter.Advance(100);
+            m_console.Serve();
+        }
+    }
+
+    Meter m_meter{bench::kSeed, bench::kStart};
+    MeterServer m_server{m_meter};
+    DisplayLink m_display{1};  // nobody listens there
+    Console m_console{m_meter, m_server, m_display, bench::kSeed};
+};
+
+TEST_F(PlayedFile, ChangesTheNetworkAndDoesWhatIsDue) {
+    const double before = m_meter.Value(VoltageL1);
+    ASSERT_EQ(m_console.Execute("scenario " MOTOR_START), "ok");
+    Live(4);
+    EXPECT_NEAR(m_meter.Value(VoltageL1) / before, 1.0, 0.02);
+    Live(2);
+    EXPECT_NEAR(m_meter.Value(VoltageL1) / before, 0.86, 0.02);
+    Live(2);
+    EXPECT_NEAR(m_meter.Value(VoltageL1) / before, 0.93, 0.02) << "half-way back";
+    Live(6);
+    EXPECT_NEAR(m_meter.Value(VoltageL1) / before, 1.0, 0.03);
+    EXPECT_EQ(TextIn(bench::Get(m_meter, 111).value), "600.00");
+    Live(2);
+    EXPECT_EQ(m_server.GetFault(), Fault::Slow);
+    Live(2);
+    EXPECT_EQ(m_server.GetFault(), Fault::None);
+    Live(5);
+    EXPECT_NEAR(m_meter.Value(Frequency), 49.8, 0.1);
+    EXPECT_EQ(nlohmann::json::parse(m_console.State())["scenario"], "motor-start");
+    ASSERT_EQ(m_console.Execute("scenario normal"), "ok");
+    Live(1);
+    EXPECT_NEAR(m_meter.Value(Frequency), 50.0, 0.1);
+    EXPECT_EQ(m_console.Execute("scenario no/such.json"), "error cannot read no/such.json");
+}
+
+TEST(Waves, ApproachEvenlyAndKeepWhatTheyDoNotName) {
+    const Waves waves({{.at = 1000, .over = 2000, .harmonics = 3.0}, {.at = 4000, .voltage = Phases{0, 1, 1}}});
+    const Disturbance start{.harmonics = 2.0};
+    EXPECT_EQ(waves.At(999, start).harmonics, 2.0);
+    EXPECT_EQ(waves.At(2000, start).harmonics, 2.5);
+    EXPECT_EQ(waves.At(5000, start).harmonics, 3.0);
+    EXPECT_EQ(waves.At(3999, start).voltage[0], 1.0);
+    EXPECT_EQ(waves.At(4000, start).voltage[0], 0.0);
+}
+
+}  // namespace
