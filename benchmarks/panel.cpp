@@ -3,6 +3,7 @@
 #include <unistd.h>
 
 #include <cstdlib>
+#include <fstream>
 
 #include "localization/localization.h"
 #include "navigation/navigation_handler.h"
@@ -15,16 +16,22 @@ namespace {
 std::filesystem::path MakeBoard() {
     std::string path = (std::filesystem::temp_directory_path() / "bench-board-XXXXXX").string();
     if (mkdtemp(path.data()) == nullptr) std::abort();
-    std::filesystem::create_directory_symlink(ROMFS_DIR, std::filesystem::path(path) / "romfs");
+    const std::filesystem::path board(path);
+    std::filesystem::create_directory_symlink(ROMFS_DIR, board / "romfs");
+    std::ofstream(board / "db9000_fb") << std::string(kFrameBytes, '\0');
     setenv("BOARD_ROOT", path.c_str(), 1);
-    return path;
+    return board;
 }
 
-/// A frame that stays in memory.
-class MemoryScreen : public L16Screen {
+bool framesGoToTheDevice = false;
+
+/// A frame that stays in memory unless it is asked for.
+class BenchScreen : public PegWinScreen {
 public:
-    using L16Screen::L16Screen;
-    void FlushToDevice() override {}
+    using PegWinScreen::PegWinScreen;
+    void FlushToDevice() override {
+        if (framesGoToTheDevice) PegWinScreen::FlushToDevice();
+    }
 };
 
 }  // namespace
@@ -37,12 +44,14 @@ Panel& Panel::Instance() {
 Panel::Panel()
     : m_board(MakeBoard()),
       m_queue(os::msgQCreate(kQueueMessages, kQueueMessageBytes, os::kQueueFifo)),
-      m_objects{std::make_unique<MemoryScreen>(kPanelWidth, kPanelHeight), m_queue} {
+      m_objects{std::make_unique<BenchScreen>(kPanelWidth, kPanelHeight), m_queue} {
     PegFile file;
     if (!file.Open("/romfs/resources.pbr") || PegResources::LoadResourceFile(file, 0) != 1) std::abort();
     PegResources::InstallResourceSet(*PegResources::GetResourceSet(0), false);
     localizationClass::load();
 }
+
+void Panel::WriteFrames(bool toTheDevice) { framesGoToTheDevice = toTheDevice; }
 
 void Panel::Pump() {
     PegMessage message;

@@ -18,6 +18,9 @@ class Panel {
 public:
     static Panel& Instance();
 
+    /// Whether frames go to the board's frame buffer or stay in memory, as they do at first.
+    static void WriteFrames(bool toTheDevice);
+
     /// Delivers every waiting message and draws what is invalid.
     static void Pump();
 

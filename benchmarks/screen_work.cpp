@@ -90,6 +90,16 @@ std::function<void()> ChangeValues(int changing) {
     return Refresh(screen);
 }
 
+/// What follows when the meter's replies are there: four values change and stand in the device's frame.
+std::function<void()> ChangeValuesOnTheDevice() {
+    const auto change = ChangeValues(4);
+    return [change] {
+        Panel::WriteFrames(true);
+        change();
+        Panel::WriteFrames(false);
+    };
+}
+
 /// From one page to another and back, as a key does it; one of the two is measured at a time.
 std::function<void()> PageToPage() {
     Show(kFourRows);
@@ -165,6 +175,7 @@ std::vector<Work> ScreenWork() {
         {"page of four rows, whole",              40.8, 7,    20,  [] { return Redraw(kFourRows); }},
         {"page with four values changed",         32.0, 3,    20,  [] { return ChangeValues(4); }},
         {"page with one value changed",           12.3, 1,    40,  [] { return ChangeValues(1); }},
+        {"four values changed on the device",     0,    10,   20,  ChangeValuesOnTheDevice},
         {"from one page to another",              44.0, 8,    20,  PageToPage},
         {"tick with nothing invalid",             0.05, 0.04, 900, IdleTick},
         {"alarm list, whole",                     0,    7,    20,  [] { return Redraw(kAlarmList); }},

@@ -17,3 +17,6 @@ struct Work {
 /// What the screen driver does, and what whole screens cost.
 std::vector<Work> DrawingWork();
 std::vector<Work> ScreenWork();
+
+/// The same in several sizes, for counting only.
+std::vector<Work> GrowthWork();

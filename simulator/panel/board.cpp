@@ -63,7 +63,8 @@ std::shared_ptr<const Frame> ReadFrame(const Descriptor& frameBuffer) {
 }  // namespace
 
 Board::Board(const fs::path& folder)
-    : m_folder(LockedFolder(folder)),
+    : m_path(folder),
+      m_folder(LockedFolder(folder)),
       m_frameBuffer(OpenFrameBuffer(m_folder)),
       m_keys(OpenKeys(m_folder)),
       m_stop(Opened(::eventfd(0, EFD_CLOEXEC), "make an event")),

@@ -44,6 +44,7 @@ public:
     /// the return the function set before is not running any more.
     void OnChange(std::function<void()> changed);
 
+    const std::filesystem::path& Folder() const { return m_path; }
     BoardState State() const;
 
     /// The newest whole frame; never null.
@@ -60,6 +61,7 @@ private:
     void TakeFrame();
     DeviceSocket Device(const char* name, DeviceSocket::Control control);
 
+    std::filesystem::path m_path;
     Descriptor m_folder;
     Descriptor m_frameBuffer;
     Descriptor m_keys;

@@ -33,6 +33,9 @@ public:
 
     bool Answered() const { return m_answered; }
 
+    /// Whether the request has not come to its own end yet.
+    bool Unfinished() const { return !m_answered && awaitedLine == 0; }
+
     /// The number of the meter's line that is to be the answer, or 0.
     std::uint64_t awaitedLine = 0;
 

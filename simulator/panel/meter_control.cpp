@@ -1,37 +1,24 @@
 #include "simulator/panel/meter_control.h"
 
 #include <sys/socket.h>
-#include <sys/time.h>
-#include <sys/un.h>
 
 #include <array>
 #include <chrono>
 #include <nlohmann/json.hpp>
 
-#include "simulator/descriptor.h"
+#include "simulator/panel/meter_socket.h"
 
 namespace panel {
 namespace {
 
-constexpr timeval kPatience{5, 0};  // the simulator waits for the display in between
 constexpr std::chrono::seconds kStateInterval{1};
 constexpr std::size_t kMaxAnswer = 64 * 1024;
+constexpr std::size_t kMaxQuestions = 32;
 
 /// Puts a line on a connection of its own.
 std::optional<std::string> Exchange(const std::string& path, const std::string& line) {
-    sockaddr_un address{};
-    address.sun_family = AF_UNIX;
-    if (path.size() >= sizeof address.sun_path) return std::nullopt;
-    path.copy(address.sun_path, path.size());
-    const Descriptor simulator(::socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0));
-    ::setsockopt(simulator.Get(), SOL_SOCKET, SO_RCVTIMEO, &kPatience, sizeof kPatience);
-    ::setsockopt(simulator.Get(), SOL_SOCKET, SO_SNDTIMEO, &kPatience, sizeof kPatience);
-    if (::connect(simulator.Get(), reinterpret_cast<const sockaddr*>(&address), sizeof address) != 0)
-        return std::nullopt;
-    const std::string question = line + "\n";
-    if (::send(simulator.Get(), question.data(), question.size(), MSG_NOSIGNAL) !=
-        static_cast<ssize_t>(question.size()))
-        return std::nullopt;
+    const Descriptor simulator = ConnectToMeter(path);
+    if (!simulator || !SendLine(simulator, line)) return std::nullopt;
     std::string answer;
     while (answer.size() < kMaxAnswer) {
         std::array<char, 4096> piece;
@@ -64,8 +51,9 @@ MeterControl::~MeterControl() {
     m_thread.join();
 }
 
-std::uint64_t MeterControl::Ask(std::string line) {
+std::optional<std::uint64_t> MeterControl::Ask(std::string line) {
     const std::lock_guard lock(m_mutex);
+    if (m_questions.size() >= kMaxQuestions) return std::nullopt;
     m_questions.emplace_back(++m_lastNumber, std::move(line));
     m_wake.notify_one();
     return m_lastNumber;
@@ -91,7 +79,7 @@ void MeterControl::Run() {
             lock.unlock();
             std::optional<std::string> answer = Exchange(m_path, line);
             lock.lock();
-            m_answers.push_back({number, std::move(answer)});
+            m_answers.push_back({number, line, std::move(answer)});
             nextState = std::chrono::steady_clock::now();  // what was asked may have changed it
         } else if (std::chrono::steady_clock::now() >= nextState) {
             lock.unlock();

@@ -17,7 +17,8 @@ namespace panel {
 class MeterControl {
 public:
     struct Answer {
-        std::uint64_t number;             // what Ask gave
+        std::uint64_t number;  // what Ask gave
+        std::string question;
         std::optional<std::string> line;  // nothing when the simulator did not answer
     };
 
@@ -28,8 +29,9 @@ public:
     MeterControl(const MeterControl&) = delete;
     MeterControl& operator=(const MeterControl&) = delete;
 
-    /// Has one line put to the simulator; returns at once. @return the number that the answer will carry
-    std::uint64_t Ask(std::string line);
+    /// Has one line put to the simulator; returns at once.
+    /// @return the number that the answer will carry; nothing when too many lines wait already
+    std::optional<std::uint64_t> Ask(std::string line);
 
     std::vector<Answer> TakeAnswers();
 

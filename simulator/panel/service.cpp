@@ -2,10 +2,10 @@
 
 #include <algorithm>
 #include <array>
-#include <cstdio>
 #include <nlohmann/json.hpp>
 
 #include "simulator/panel/page_files.h"
+#include "simulator/panel/registers.h"
 
 namespace panel {
 namespace {
@@ -20,6 +20,7 @@ constexpr auto kTypes = std::to_array<TypeRow>({
     {.suffix = ".html", .type = "text/html; charset=utf-8"},
     {.suffix = ".css",  .type = "text/css; charset=utf-8"},
     {.suffix = ".js",   .type = "text/javascript; charset=utf-8"},
+    {.suffix = ".json", .type = "application/json"},
     {.suffix = ".svg",  .type = "image/svg+xml"},
 });
 // clang-format on
@@ -56,52 +57,54 @@ bool IsThisServer(std::string_view authority, int port) {
     return false;
 }
 
-/// A text from outside in quotes, so that it cannot pass for a line of ours.
-std::string Quoted(std::string text) {
-    std::ranges::replace_if(
-        text, [](unsigned char sign) { return sign < ' ' || sign > '~'; }, '?');
-    return '"' + text + '"';
-}
-
 }  // namespace
 
-Service::Service(Board& board)
-    : m_board(board), m_keys([this](KeyRecord record) { m_keyLost = !m_board.Send(record) || m_keyLost; }) {}
+Service::Service(Board& board, Console& console)
+    : m_board(board), m_console(console), m_keys([this](KeyRecord record) { Report(record); }) {}
 
-bool Service::IsOwn(const Request& request, int port) const {
+void Service::Report(KeyRecord record) {
+    m_screen.Key();
+    m_keyLost = !m_board.Send(record) || m_keyLost;
+}
+
+bool Service::IsOwn(const Request& request, int port) {
     constexpr std::string_view kScheme = "http://";
     const bool ownHost = request.host && IsThisServer(*request.host, port);
     const bool ownOrigin = !request.origin || (request.origin->starts_with(kScheme) &&
                                                IsThisServer(request.origin->substr(kScheme.size()), port));
     if (ownHost && ownOrigin) return true;
-    std::printf("panel-emulator: refused %s %s with host %s and origin %s\n", request.method.c_str(),
-                Quoted(request.path).c_str(), Quoted(request.host.value_or("")).c_str(),
-                Quoted(request.origin.value_or("")).c_str());
+    m_console.Refuse(request.method + " " + Quoted(request.path) + " with host " + Quoted(request.host.value_or("")) +
+                     " and origin " + Quoted(request.origin.value_or("")));
     return false;
 }
 
 Response Service::Answer(const Request& request) {
     if (request.path.starts_with(kKeysPath)) return PressKey(request);
     const PageFile* file = FindPageFile(request.path);
-    if (file == nullptr && request.path != "/frame.png" && request.path != "/state")
+    const auto known = std::to_array<std::string_view>({"/frame.png", "/state", "/registers.json"});
+    if (file == nullptr && std::ranges::find(known, request.path) == known.end())
         return Refusal(404, "there is no " + request.path);
     if (request.method != "GET") return WrongMethod("GET");
     if (file != nullptr) return PageResponse(*file);
+    if (request.path == "/registers.json") return {.type = "application/json", .body = RegistersJson()};
     if (request.path == "/state") return {.type = "application/json", .body = State()};
     return FramePng();
 }
 
-std::string Service::State() const {
+std::string Service::State() {
     const BoardState board = m_board.State();
+    if (!board.displayUp) m_screen.Forget();
     nlohmann::json state = {
         {"frames", board.frames},
         {"backlight", {{"level", board.backlight.level}, {"on", board.backlight.on}}},
         {"lines", {board.lineHigh[0] ? 1 : 0, board.lineHigh[1] ? 1 : 0, board.lineHigh[2] ? 1 : 0}},
         {"alarmLamp", board.AlarmLamp()},
         {"display", board.displayUp},
+        {"screen", nullptr},
         {"meter", nullptr},
         {"meterState", nullptr},
     };
+    if (m_screen.Number()) state["screen"] = {{"number", *m_screen.Number()}, {"certain", m_screen.Certain()}};
     if (m_meter.controlled) {
         state["meter"] = !m_meter.state.empty();
         if (!m_meter.state.empty()) state["meterState"] = nlohmann::json::parse(m_meter.state);

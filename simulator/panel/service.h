@@ -10,6 +10,8 @@
 #include <vector>
 
 #include "simulator/panel/board.h"
+#include "simulator/panel/commanded_screen.h"
+#include "simulator/panel/console.h"
 #include "simulator/panel/key_input.h"
 
 namespace panel {
@@ -41,27 +43,37 @@ struct MeterView {
 /// Answers what the page asks of the board, whatever carries the question. Single-threaded.
 class Service {
 public:
-    explicit Service(Board& board);
+    Service(Board& board, Console& console);
 
     /// A page of another place may not look at the panel, let alone press its keys: requests whose Host is not this
     /// server, or whose Origin is another page, are refused, with a line on the console.
     /// @return whether the request comes from the page or from a program
-    bool IsOwn(const Request& request, int port) const;
+    bool IsOwn(const Request& request, int port);
 
     /// Answers everything but the WebSocket and the meter's lines; `IsOwn` was asked before.
     Response Answer(const Request& request);
 
     /// Everything that the page shows beside the glass, as JSON.
-    std::string State() const;
+    std::string State();
+
+    /// Takes note of a line that the meter carried out.
+    void NoteCommand(std::string_view line) { m_screen.Command(line); }
+
+    void OverhearCommand(std::string_view line) { m_screen.Overhear(line); }
 
     KeyInput& Keys() { return m_keys; }
     MeterView& Meter() { return m_meter; }
+    Console& GetConsole() { return m_console; }
 
 private:
     Response FramePng();
     Response PressKey(const Request& request);
 
+    void Report(KeyRecord record);
+
     Board& m_board;
+    Console& m_console;
+    CommandedScreen m_screen;
     KeyInput m_keys;
     MeterView m_meter;
     bool m_keyLost = false;  // since the last request for a key

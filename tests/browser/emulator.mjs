@@ -12,8 +12,8 @@ export const kFrameBytes = 153600;
 const kPatienceMilliseconds = 10_000;
 
 /** Asks until the answer is not undefined, null or false. */
-export async function eventually(ask, what) {
-  const end = Date.now() + kPatienceMilliseconds;
+export async function eventually(ask, what, patience = kPatienceMilliseconds) {
+  const end = Date.now() + patience;
   while (Date.now() < end) {
     const answer = await ask();
     if (answer) return answer;

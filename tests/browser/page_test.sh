@@ -1,10 +1,20 @@
 #!/bin/sh
-# Runs the page's test with the Chromium that is installed: page_test.sh PANEL-EMULATOR
+# Runs a test of the page in a network of its own, with the Chromium that is installed:
+#     page_test.sh SCRIPT PROGRAM... gives the script the programs and, last, the browser
 
-for program in node chromium; do
+for program in node chromium unshare ip; do
     if ! command -v "$program" >/dev/null; then
         echo "skipped: $program is not installed"
         exit 77
     fi
 done
-exec node "$(dirname "$0")/page_test.mjs" "$1" "$(command -v chromium)"
+mapping=
+[ "$(id -u)" -eq 0 ] || mapping=-r
+if ! unshare $mapping -n true 2>/dev/null; then
+    echo "skipped: no network namespace can be made here"
+    exit 77
+fi
+script=$1
+shift
+exec unshare $mapping -n sh -c 'ip link set lo up && exec node "$@"' sh \
+    "$(dirname "$0")/$script" "$@" "$(command -v chromium)"

@@ -210,7 +210,9 @@ const Signature& Named(std::span<const Signature> calls, std::string_view name) 
     const auto sameLetter = [](char one, char other) { return std::tolower(one) == std::tolower(other); };
     if (near.empty())
         for (const Signature& call : calls)
-            if (!std::ranges::search(call.name, name, sameLetter).empty()) near += " " + std::string(call.name);
+            if (std::search(call.name.begin(), call.name.end(), name.begin(), name.end(), sameLetter) !=
+                call.name.end())
+                near += " " + std::string(call.name);
     throw std::invalid_argument("there is no call \"" + std::string(name) + "\"" +
                                 (near.empty() ? "; rda list names them all" : "; perhaps one of:" + near));
 }

@@ -1,3 +1,5 @@
+import { isForPage } from "./shortcuts.js";
+
 /**
  * Tells which keys of the panel are held, by however many fingers: pointers on the buttons, 1 to 4 and H on the
  * keyboard, Space and Enter on the button that has the focus. A key is down from the first finger to the last.
@@ -51,9 +53,8 @@ export function watchKeys(buttons, report) {
 
 /** @return the button that a keyboard event is meant for, if any */
 function keyFor(event, byShortcut, fingers) {
-  if (event.ctrlKey || event.altKey || event.metaKey) return null;
+  if (!isForPage(event)) return null;
   const focused = document.activeElement;
   if (event.key === " " || event.key === "Enter") return fingers.has(focused) ? focused : null;
-  if (focused.matches("input, select")) return null;
   return byShortcut.get(event.key.toLowerCase()) ?? null;
 }

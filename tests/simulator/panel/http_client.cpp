@@ -32,6 +32,11 @@ bool HttpClient::Offer(std::string_view bytes) {
     return ::send(m_socket.Get(), bytes.data(), bytes.size(), MSG_NOSIGNAL) == static_cast<ssize_t>(bytes.size());
 }
 
+void HttpClient::Stall() {
+    constexpr int kSmall = 131072;
+    ::setsockopt(m_socket.Get(), SOL_SOCKET, SO_RCVBUF, &kSmall, sizeof kSmall);
+}
+
 HttpClient::Reply HttpClient::Read() {
     Reply reply;
     while (!reply.headers.ends_with(kHeadersEnd)) {

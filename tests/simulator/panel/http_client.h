@@ -28,6 +28,9 @@ public:
     /// Sends to a server that may have hung up. @return whether it took the bytes
     bool Offer(std::string_view bytes);
 
+    /// Leaves the server as little room as there can be for what is not read.
+    void Stall();
+
     /// Reads one answer, whose body is as long as it says.
     Reply Read();
 

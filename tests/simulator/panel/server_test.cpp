@@ -1,78 +1,47 @@
 #include "simulator/panel/server.h"
 
-#include <fcntl.h>
-#include <sys/socket.h>
-#include <sys/un.h>
-#include <unistd.h>
+#include "tests/simulator/panel/fake_meter.h"
+#include "tests/simulator/panel/panel_server.h"
 
-#include <fstream>
-#include <memory>
-#include <nlohmann/json.hpp>
-#include <vector>
-
-#include "tests/simulator/panel/emulated_board.h"
-#include "tests/simulator/panel/http_client.h"
+#include <set>
 
 namespace {
 
 using panel::KeyRecord;
-
-/// A board with its server on a free port.
-class PanelServer : public EmulatedBoard {
-protected:
-    void SetUp() override {
-        EmulatedBoard::SetUp();
-        Serve("");
-        m_keys = Descriptor(::open((m_root / "buttons").c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC));
-    }
-    void TearDown() override {
-        m_server.reset();
-        EmulatedBoard::TearDown();
-    }
-
-    void Serve(const std::string& meterControl) {
-        m_server = std::make_unique<panel::Server>(board(), 0, meterControl);
-    }
-    HttpClient Client() { return HttpClient(m_server->Port()); }
-    HttpClient::Reply Ask(std::string_view method, std::string_view target, std::string_view body = {},
-                          std::string_view extra = {}) {
-        return Client().Ask(method, target, body, extra);
-    }
-    nlohmann::json State() { return nlohmann::json::parse(Ask("GET", "/state").body); }
-
-    void WriteFrame(char value) {
-        std::fstream frame(m_root / "db9000_fb", std::ios::in | std::ios::out | std::ios::binary);
-        frame << std::string(panel::kFrameBytes, value);
-    }
-
-    /// The key records that come, as many as expected, and then what else there is.
-    std::vector<KeyRecord> Keys(std::size_t count) {
-        std::vector<KeyRecord> records;
-        KeyRecord record{};
-        Eventually([&] {
-            while (::read(m_keys.Get(), &record, sizeof record) == sizeof record) records.push_back(record);
-            return records.size() >= count;
-        });
-        return records;
-    }
-
-    std::unique_ptr<panel::Server> m_server;
-    Descriptor m_keys;
-};
-
 using Records = std::vector<KeyRecord>;
+
+/// The files of this server that a page or a module names.
+std::vector<std::string> PartsOf(const std::string& text) {
+    std::vector<std::string> parts;
+    for (const std::string opening : {"href=\"", "src=\"", "from \"./", "fetch(\"/"}) {
+        for (std::size_t at = text.find(opening); at != std::string::npos; at = text.find(opening, at)) {
+            at += opening.size();
+            const std::string part = text.substr(at, text.find('"', at) - at);
+            if (part.find('.') != std::string::npos && part.find(':') == std::string::npos) parts.push_back(part);
+        }
+    }
+    return parts;
+}
 
 TEST_F(PanelServer, ServesThePageAndItsParts) {
     const auto page = Ask("GET", "/");
     EXPECT_EQ(page.status, 200);
     EXPECT_NE(page.headers.find("content-type: text/html"), std::string::npos);
     EXPECT_NE(page.headers.find("content-security-policy: default-src 'none'"), std::string::npos);
-    // All that the page names is there.
-    for (const std::string attribute : {"href=\"", "src=\""}) {
-        const std::size_t start = page.body.find(attribute + "panel") + attribute.size();
-        const std::string part = page.body.substr(start, page.body.find('"', start) - start);
-        EXPECT_EQ(Ask("GET", "/" + part).status, 200) << part;
+    // All that the page names is there, and all that its modules name.
+    std::vector<std::string> waiting{page.body};
+    std::set<std::string> seen;
+    while (!waiting.empty()) {
+        const std::string text = waiting.back();
+        waiting.pop_back();
+        for (const std::string& part : PartsOf(text)) {
+            if (!seen.insert(part).second) continue;
+            const auto reply = Ask("GET", "/" + part);
+            EXPECT_EQ(reply.status, 200) << part;
+            waiting.push_back(reply.body);
+        }
     }
+    EXPECT_TRUE(seen.contains("desk.css") && seen.contains("address.js") && seen.contains("screens.json"));
     EXPECT_NE(Ask("GET", "/panel.js").headers.find("text/javascript"), std::string::npos);
 }
 
@@ -258,42 +227,6 @@ TEST_F(PanelServer, SaysThatAPortIsTaken) {
     EXPECT_THROW(panel::Server(board(), m_server->Port(), ""), std::runtime_error);
     EXPECT_EQ(Ask("GET", "/state").status, 200);
 }
-
-/// A control socket of a meter that answers what the test says, or is silent.
-class FakeMeter {
-public:
-    explicit FakeMeter(const std::string& path) : m_listener(::socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0)) {
-        sockaddr_un address{};
-        address.sun_family = AF_UNIX;
-        path.copy(address.sun_path, sizeof address.sun_path - 1);
-        EXPECT_EQ(::bind(m_listener.Get(), reinterpret_cast<const sockaddr*>(&address), sizeof address), 0);
-        EXPECT_EQ(::listen(m_listener.Get(), 8), 0);
-        m_thread = std::thread([this] { Run(); });
-    }
-    ~FakeMeter() {
-        ::shutdown(m_listener.Get(), SHUT_RDWR);
-        m_thread.join();
-    }
-
-private:
-    void Run() {
-        for (;;) {
-            Descriptor client(::accept(m_listener.Get(), nullptr, nullptr));
-            if (!client) return;
-            std::array<char, 1024> line{};
-            const ssize_t size = ::recv(client.Get(), line.data(), line.size(), 0);
-            const std::string text(line.data(), static_cast<std::size_t>(std::max<ssize_t>(size, 0)));
-            if (text == "silent\n") continue;  // hangs up without a word
-            if (text == "slow\n") std::this_thread::sleep_for(std::chrono::milliseconds(300));
-            const std::string answer = text == "state\n" ? "{\"scenario\":\"sag\"}\n" : "ok " + text;
-            EXPECT_EQ(::send(client.Get(), answer.data(), answer.size(), MSG_NOSIGNAL),
-                      static_cast<ssize_t>(answer.size()));
-        }
-    }
-
-    Descriptor m_listener;
-    std::thread m_thread;
-};
 
 TEST_F(PanelServer, PutsLinesToTheMeter) {
     const std::string path = (m_root / "meter").string();

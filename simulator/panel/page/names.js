@@ -1,0 +1,39 @@
+// What the bench calls things: the words of the address and of the meter's lines.
+
+/** In the order of the meter's numbers. */
+export const kLanguages = [
+  { code: "en", name: "English" },
+  { code: "de", name: "Deutsch" },
+  { code: "fr", name: "Français" },
+  { code: "es", name: "Español" },
+  { code: "it", name: "Italiano" },
+  { code: "ru", name: "Русский" },
+];
+export const kPhaseLabels = ["1, 2, 3", "A, B, C", "R, S, T"];
+export const kSymbols = ["IEC", "ANSI"];
+
+export const kModes = [
+  { code: "normal", name: "Normal", line: "alt-mode 0" },
+  { code: "alt", name: "Alternate", line: "alt-mode 1" },
+  { code: "test", name: "Test", line: "test-mode 1" },
+];
+
+export const kFaults = [
+  { code: "none", name: "None", note: "the link is sound" },
+  { code: "slow", name: "Slow", note: "each answer takes a second" },
+  { code: "silent", name: "Silent", note: "connected, but no answers" },
+  { code: "half", name: "Half", note: "answers break off half-way" },
+  { code: "garbage", name: "Garbage", note: "answers are nonsense" },
+  { code: "reset", name: "Reset", note: "each call ends the connection" },
+  { code: "absent", name: "Absent", note: "nobody listens" },
+];
+
+export function modeOf(meterState) {
+  return meterState.testMode ? "test" : meterState.altMode ? "alt" : "normal";
+}
+
+/** The faults that this meter can play; one that does not list them plays all but garbage. */
+export function faultsOf(meterState) {
+  const known = meterState?.faults ?? kFaults.map(({ code }) => code).filter((code) => code !== "garbage");
+  return known.map((code) => kFaults.find((fault) => fault.code === code) ?? { code, name: code, note: "" });
+}
