@@ -2,10 +2,14 @@
 #include <unistd.h>
 #include <CLI/CLI.hpp>
 
+#include <cerrno>
 #include <cstdio>
 #include <filesystem>
 #include <fstream>
 #include <string>
+#include <string_view>
+#include <system_error>
+#include <vector>
 
 #include "simulator/session/modes.h"
 #include "simulator/session/picture.h"
@@ -28,7 +32,7 @@ struct Options : session::ModeOptions {
 /// What the display prints goes elsewhere, so that the standard output is the pictures' own.
 /// @return the standard output
 int SetConsoleAside(const std::string& console) {
-    const int output = ::dup(STDOUT_FILENO);
+    const int output = ::fcntl(STDOUT_FILENO, F_DUPFD_CLOEXEC, 0);
     const int file = ::open(console.c_str(), O_WRONLY | O_CREAT | O_APPEND | O_CLOEXEC, 0644);
     if (output < 0 || file < 0 || ::dup2(file, STDOUT_FILENO) < 0) throw std::runtime_error("cannot write " + console);
     return output;
@@ -66,11 +70,37 @@ fs::path RomfsBeside(const char* program) {
     return (self.empty() ? fs::path(program) : self).parent_path().parent_path() / "romfs";
 }
 
-int Run(const Options& options) {
+/// The first file of that name and another number that is not there: kitchen.rec and kitchen-2.rec lead to
+/// kitchen-3.rec.
+std::string NextFile(const fs::path& file) {
+    std::string stem = file.stem().string();
+    const std::size_t last = stem.find_last_not_of("0123456789");
+    if (last != stem.npos && last > 0 && last + 1 < stem.size() && stem[last] == '-') stem.erase(last);
+    for (int number = 2;; ++number) {
+        const std::string name = stem + '-' + std::to_string(number) + file.extension().string();
+        if (!fs::exists(file.parent_path() / name)) return (file.parent_path() / name).string();
+    }
+}
+
+/// Becomes this program again, with the same arguments but for the file to record in.
+void RecordAgain(std::vector<std::string> arguments, const std::string& file) {
+    constexpr std::string_view kRecord = "--record";
+    for (std::size_t i = 1; i < arguments.size(); ++i) {
+        if (arguments[i] == kRecord && i + 1 < arguments.size()) arguments[i + 1] = NextFile(file);
+        if (arguments[i].starts_with(std::string(kRecord) + '=')) arguments[i] = "--record=" + NextFile(file);
+    }
+    std::vector<char*> pointers;
+    for (std::string& argument : arguments) pointers.push_back(argument.data());
+    pointers.push_back(nullptr);
+    ::execv("/proc/self/exe", pointers.data());
+    throw std::system_error(errno, std::generic_category(), "cannot start again");
+}
+
+int Run(const Options& options, const std::vector<std::string>& arguments) {
     const int output = SetConsoleAside(options.console);
     if (!options.picture.empty()) TakePicture(options, output);
     if (!options.all.empty()) TakeAll(options);
-    if (!options.record.empty()) session::Record(options);
+    if (!options.record.empty() && session::Record(options)) RecordAgain(arguments, options.record);
     return options.replay.empty() || session::ReplayAgain(options) ? 0 : kFailed;
 }
 
@@ -116,7 +146,7 @@ int main(int argc, char** argv) {
     }
     int status = 0;
     try {
-        status = Run(options);
+        status = Run(options, {argv, argv + argc});
     } catch (const std::invalid_argument& error) {
         std::fprintf(stderr, "display-session: %s\n", error.what());
         status = kUsageError;

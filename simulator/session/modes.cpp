@@ -1,30 +1,28 @@
 #include "simulator/session/modes.h"
 
-#include <poll.h>
 #include <unistd.h>
 
-#include <chrono>
 #include <csignal>
 #include <cstdio>
 #include <fstream>
-#include <thread>
+#include <memory>
 
-#include "simulator/meter/link/control_socket.h"
 #include "simulator/meter/link/script.h"
 #include "simulator/session/live_board.h"
+#include "simulator/session/live_session.h"
 #include "simulator/session/picture.h"
+#include "simulator/session/playback.h"
 #include "simulator/session/recording.h"
 #include "simulator/session/replay.h"
 
 namespace session {
 namespace {
 
-using std::chrono::steady_clock;
-
-constexpr int kPace = 5;  // milliseconds between two looks at the board
 constexpr Instant kStep = 10;
 
 volatile std::sig_atomic_t stopRequested = 0;
+
+bool IsStopped() { return stopRequested != 0; }
 
 void StopOnSignals() {
     std::signal(SIGPIPE, SIG_IGN);
@@ -49,33 +47,6 @@ void PlayScript(Session& session, const ModeOptions& options) {
     }
 }
 
-/// Runs beside the clock on the wall until the process is told to end.
-void PlayLive(Session& session, LiveBoard& board, const ModeOptions& options) {
-    std::unique_ptr<meter::ControlSocket> control;
-    std::uint64_t calls = 0;
-    const meter::CallObserver report = [&](const meter::LinkCall& call) {
-        ++calls;
-        if (control && control->IsTraced()) control->Trace(meter::TraceLine(call, calls, session.Model().Now()));
-    };
-    session.Server().OnCall(report);
-    session.Link().OnCall(report);
-    if (!options.control.empty())
-        control = std::make_unique<meter::ControlSocket>(options.control,
-                                                         [&](std::string_view line) { return session.Execute(line); });
-    const auto start = steady_clock::now() - std::chrono::milliseconds(Scheduler::Instance().Now());
-    std::vector<pollfd> polled;
-    while (stopRequested == 0) {
-        polled.clear();
-        if (control) control->Watch(polled);
-        ::poll(polled.data(), polled.size(), kPace);
-        session.RunUntil(std::chrono::duration_cast<std::chrono::milliseconds>(steady_clock::now() - start).count());
-        while (const auto key = board.TakeKey()) session.Press(key->code, key->state);
-        if (control) control->Serve();
-    }
-    session.Server().OnCall({});
-    session.Link().OnCall({});
-}
-
 void Tell(const Difference& difference, const std::string& recording) {
     std::fprintf(stderr, "display-session: frame %zu at %.3f s ", difference.index,
                  static_cast<double>(difference.time) / 1000.0);
@@ -94,8 +65,9 @@ void Tell(const Difference& difference, const std::string& recording) {
 
 }  // namespace
 
-void Record(const ModeOptions& options) {
+bool Record(const ModeOptions& options) {
     StopOnSignals();
+    bool anotherWanted = false;
     Recorder recorder(options.record, options.setting, BuildName(options.setting.romfs));
     if (options.board.empty()) {
         BoardPort board;
@@ -106,11 +78,13 @@ void Record(const ModeOptions& options) {
         LiveBoard board(options.board);
         Session session(options.setting, board, &recorder);
         session.Start();
-        PlayLive(session, board, options);
+        anotherWanted = LiveSession(session, board, recorder, options.record).Run(options.control, IsStopped);
     }
+    if (recorder.IsFinished()) return anotherWanted;
     recorder.Finish();
     std::fprintf(stderr, "display-session: recorded %zu frames, %.1f s, in %s\n", recorder.FrameCount(),
                  static_cast<double>(Scheduler::Instance().Now()) / 1000.0, options.record.c_str());
+    return anotherWanted;
 }
 
 bool ReplayAgain(const ModeOptions& options) {
@@ -122,17 +96,17 @@ bool ReplayAgain(const ModeOptions& options) {
     std::unique_ptr<LiveBoard> live;
     if (!options.board.empty()) live = std::make_unique<LiveBoard>(options.board);
     Replay replay(recording, options.setting.romfs, live ? *live : nobody);
-    const auto start = steady_clock::now();
-    const auto difference = replay.Run([&](Instant when) {
-        if (live) std::this_thread::sleep_until(start + std::chrono::milliseconds(when));
-    });
+    std::unique_ptr<Playback> playback;
+    if (live) playback = std::make_unique<Playback>(replay, *live, options.replay, options.control, IsStopped);
+    const auto difference = replay.Run([&](Instant when) { return playback ? playback->Await(when) : !IsStopped(); });
     if (!replay.Stray().empty()) std::fprintf(stderr, "display-session: %s\n", replay.Stray().c_str());
     if (difference) {
         Tell(*difference, options.replay);
         return false;
     }
-    std::fprintf(stderr, "display-session: %zu frames, all as recorded\n", replay.FrameCount());
-    return true;
+    std::fprintf(stderr, "display-session: %zu frames, all as recorded%s\n", replay.FrameCount(),
+                 replay.IsWhole() ? "" : ", and then it was stopped");
+    return replay.IsWhole();
 }
 
 }  // namespace session

@@ -17,10 +17,12 @@ struct ModeOptions {
 };
 
 /// Records a session: without a board a scripted one of so many seconds, with a board until the process is told to end.
-void Record(const ModeOptions& options);
+/// @return whether another recording is wanted, with the display started anew
+bool Record(const ModeOptions& options);
 
-/// Replays a recording and says on standard error how it went. Of the first frame that differs, both pictures are
-/// written beside the recording. @return whether every frame was as recorded
+/// Replays a recording, beside a board at the pace of its control lines, and says on standard error how it went. Of the
+/// first frame that differs, both pictures are written beside the recording. @return whether every frame was as
+/// recorded
 bool ReplayAgain(const ModeOptions& options);
 
 }  // namespace session

@@ -145,6 +145,7 @@ void Recorder::OnFrame(const panel::Frame& frame) {
 }
 
 void Recorder::Finish() {
+    m_finished = true;
     Write({{"end", true}});
     m_file.flush();
     if (!m_file) throw std::runtime_error("the recording could not be written whole");

@@ -67,6 +67,7 @@ public:
 
     /// Writes the end, without which a recording is none.
     void Finish();
+    bool IsFinished() const { return m_finished; }
     std::size_t FrameCount() const { return m_frames; }
 
 private:
@@ -75,6 +76,7 @@ private:
     std::ofstream m_file;
     panel::Frame m_last{};
     std::size_t m_frames = 0;
+    bool m_finished = false;
 };
 
 /// Tells one build of the display from another: a digest of this program and of the files it reads.

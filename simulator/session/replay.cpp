@@ -27,25 +27,33 @@ Replay::Replay(const Recording& recording, std::filesystem::path romfs, BoardPor
     SetWorld(*this);
 }
 
-std::optional<Difference> Replay::Run(const std::function<void(Instant)>& pace) {
+std::optional<Difference> Replay::Run(const std::function<bool(Instant)>& mayGo) {
     constexpr Instant kStep = 50;
     Scheduler& scheduler = Scheduler::Instance();
     StartDisplay();
     for (const Event& event : m_recording.events) {
         if (!IsInput(event)) continue;
         while (scheduler.Now() < event.time && !m_difference) {
-            const Instant next = std::min(event.time, scheduler.Now() + kStep);
-            pace(next);
+            const Instant next = std::min({event.time, scheduler.Now() + kStep, NextFrame()});
+            if (!mayGo(next)) return std::nullopt;
             scheduler.RunUntil(next);
         }
         if (m_difference) return m_difference;
         Deliver(event);
     }
+    m_whole = true;
     if (!m_difference && m_frames < m_recordedFrames.size()) {
         const Event& missing = *m_recordedFrames[m_frames];
         m_difference = {m_frames, missing.time, std::get<FrameEvent>(missing.what).frame, std::nullopt};
     }
     return m_difference;
+}
+
+/// When the next frame was recorded, so that no step leads past two of them; kNever when it should be there already.
+Instant Replay::NextFrame() const {
+    if (m_frames >= m_recordedFrames.size()) return kNever;
+    const Instant time = m_recordedFrames[m_frames]->time;
+    return time > Scheduler::Instance().Now() ? time : kNever;
 }
 
 void Replay::Deliver(const Event& event) {

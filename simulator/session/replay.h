@@ -26,10 +26,14 @@ public:
     Replay(const Recording& recording, std::filesystem::path romfs, BoardPort& board);
 
     /// Runs from the start to the end, or to the first frame that differs.
-    /// @param pace  called with the time of each step before it is taken
-    std::optional<Difference> Run(const std::function<void(Instant)>& pace = [](Instant) {});
+    /// @param mayGo  asked before each step with the time to which it leads; false ends the replay there
+    std::optional<Difference> Run(const std::function<bool(Instant)>& mayGo = [](Instant) { return true; });
 
+    /// Whether `Run` came to the end of the recording.
+    bool IsWhole() const { return m_whole; }
     std::size_t FrameCount() const { return m_frames; }
+    std::size_t RecordedFrameCount() const { return m_recordedFrames.size(); }
+    Instant Length() const { return m_recording.events.back().time; }
     /// The first call that was not as recorded, in words; empty when there was none.
     const std::string& Stray() const { return m_stray; }
 
@@ -42,6 +46,7 @@ public:
 
 private:
     void Deliver(const Event& event);
+    Instant NextFrame() const;
 
     const Recording& m_recording;
     std::filesystem::path m_romfs;
@@ -51,6 +56,7 @@ private:
     std::size_t m_nextCall = 0;
     std::size_t m_frames = 0;
     bool m_listens = true;
+    bool m_whole = false;
     std::string m_stray;
     std::optional<Difference> m_difference;
 };

@@ -67,6 +67,9 @@ public:
     void RunUntil(Instant when);
     void Run(Instant milliseconds) { RunUntil(Scheduler::Instance().Now() + milliseconds); }
 
+    /// The listener hears no more.
+    void TellNobody() { m_listener = nullptr; }
+
     /// The meter's clock stands still from now on.
     void FreezeMeter() { m_frozen = true; }
 

@@ -30,6 +30,16 @@ export class Bench {
     await eventually(async () => (await this.state()).lines[1] === 1, "the display to hand over");
   }
 
+  /** Starts a recorded session, or its replay, before the board. @param options of display-session */
+  async startSession(...options) {
+    const control = path.join(this.#board, "meter");
+    this.#run("panel-emulator", "board.txt", "--board", this.#board, "--romfs", this.#romfs, "--meter-control", control);
+    await eventually(() => fs.existsSync(path.join(this.#board, "db9000_bl")), "the board");
+    const where = ["--board", this.#board, "--control", control, "--console", path.join(this.#board, "display.log")];
+    this.#run("display-session", "session.log", "--romfs", this.#romfs, ...where, ...options);
+    await eventually(async () => (await this.state()).meterState, "the session");
+  }
+
   async state() {
     return (await fetch(`${this.address}state`)).json();
   }
@@ -41,6 +51,7 @@ export class Bench {
 
   async stop() {
     for (const process of this.#processes.splice(0).reverse()) {
+      if (process.exitCode !== null) continue;
       const ended = once(process, "exit");
       process.kill("SIGTERM");
       await ended;

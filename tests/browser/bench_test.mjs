@@ -209,6 +209,54 @@ test("reads and writes a register, and drives the meter by lines", async () => {
   await page.close();
 });
 
+test("puts the meter into conditions by one click each", async () => {
+  const page = await open();
+  const meterState = async () => (await bench.state()).meterState;
+  const becomes = (field, wanted) =>
+    eventually(async () => JSON.stringify((await meterState())[field]) === JSON.stringify(wanted), `${field} ${wanted}`);
+  const click = (name) => page.getByRole("button", { name, exact: true }).click();
+  const pressed = (name, is) =>
+    eventually(() => page.getByRole("button", { name, exact: true, pressed: is }).count(), `${name} pressed ${is}`);
+
+  for (const fault of ["Slow", "Silent", "Half", "Garbage", "Reset", "None"]) {
+    await page.getByRole("group", { name: "Fault of the link" }).getByRole("button", { name: fault }).click();
+    await becomes("fault", fault.toLowerCase());
+  }
+  const { connectionId, events } = await meterState();
+  await click("Restart meter");
+  await eventually(async () => (await meterState()).connectionId !== connectionId, "a new life");
+
+  await page.getByLabel("Alarm", { exact: true }).selectOption("Phase loss");
+  await click("Hold on");
+  await becomes("heldAlarms", ["Phase loss"]);
+  await eventually(() => page.locator("#lamp[aria-label='Alarm lamp on']").count(), "the lamp", kRecovery);
+  await pressed("Hold on", true);
+  await click("Hold on");
+  await becomes("heldAlarms", []);
+
+  await page.getByLabel("Event").fill("Somebody knocks");
+  await page.keyboard.press("Enter");
+  await eventually(async () => (await meterState()).events > events, "the event");
+  await click("Hardware lock");
+  await becomes("hardwareLock", true);
+  await pressed("Hardware lock", true);
+  await click("Hardware lock");
+  await becomes("hardwareLock", false);
+  await click("Front-panel rights");
+  await becomes("frontPanelRights", false);
+  await pressed("Front-panel rights", false);
+  await click("Front-panel rights");
+  await becomes("frontPanelRights", true);
+  await page.getByLabel("Refusal").fill("Not today");
+  await click("Refuse writes");
+  await becomes("refusal", "Not today");
+  assert.match(await bench.tell("set 111 500"), /error Not today/);
+  await pressed("Refuse writes", true);
+  await click("Refuse writes");
+  await becomes("refusal", null);
+  await page.close();
+});
+
 test("keeps focus and keys in an open dialog, and gives the focus back", async () => {
   const page = await open();
   const { frames } = await bench.state();

@@ -177,7 +177,7 @@ TEST_F(Display, SurvivesEveryFaultOfTheLink) {
     StartMeter();
     StartDisplay();
     ASSERT_TRUE(IsHandedOver());
-    for (const char* fault : {"slow", "half", "reset", "silent"}) {
+    for (const char* fault : {"slow", "half", "garbage", "reset", "silent"}) {
         EXPECT_EQ(ToMeter(std::string("fault ") + fault).substr(0, 2), "ok");
         std::this_thread::sleep_for(seconds(2));
         EXPECT_TRUE(display->IsRunning()) << fault;

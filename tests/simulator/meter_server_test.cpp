@@ -122,6 +122,22 @@ TEST_F(Server, MisbehavesAsTold) {
     EXPECT_EQ(again.Receive(m_buffer), 23);
 }
 
+TEST_F(Server, GarbageHasTheRightLengthAndIsRepeatable) {
+    const Frame ask{"DATETIMEINTERFACE_getLocalDateTimeStrings", {}, 23};
+    const auto truth = m_server.Take(ask).reply;
+    m_console.Execute("fault garbage");
+    const auto first = m_server.Take(ask).reply;
+    const auto second = m_server.Take(ask).reply;
+    EXPECT_EQ(first.size(), 23U);
+    EXPECT_NE(first, truth);
+    EXPECT_NE(first, second);
+    Meter twin{bench::kSeed, bench::kStart};
+    MeterServer other{twin};
+    other.SetFault(Fault::Garbage);
+    EXPECT_EQ(other.Take(ask).reply, first);
+    EXPECT_TRUE(m_server.Take({"NO_SUCH_CALL", {}, 4}).reply.empty());
+}
+
 TEST_F(Server, ConsoleAnswersEveryLineWithOneLine) {
     EXPECT_EQ(m_console.Execute("scenario sag"), "ok");
     EXPECT_EQ(m_console.Execute("advance 30"), "ok");

@@ -45,7 +45,7 @@ TEST(ScenarioFile, NamesThePlaceOfEveryMistake) {
     EXPECT_EQ(MistakeIn(R"({"name": "a", "events": [{"at": 1, "do": "scenario sag"}]})"),
               "a.json: events[0].do: a scenario cannot start another");
     EXPECT_EQ(MistakeIn(R"({"name": "a", "faults": [{"at": 1, "fault": "late"}]})"),
-              "a.json: faults[0].fault: there is no fault \"late\"; there are slow, silent, half, reset, absent");
+              "a.json: faults[0].fault: there is no fault \"late\"; there are slow, silent, half, garbage, reset, absent");
     EXPECT_EQ(MistakeIn(R"({"name": "a", "faults": [{"fault": "slow"}]})"), "a.json: faults[0]: \"at\" is missing");
 }
 

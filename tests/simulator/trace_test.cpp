@@ -140,6 +140,14 @@ TEST_F(TraceLines, NameTheFaultThatSpoiledACall) {
     EXPECT_EQ(half["bytes"], 132);
     EXPECT_TRUE(half["reply"].contains("description"));
     EXPECT_FALSE(half["reply"].contains("label")) << "it did not come whole";
+    m_server.SetFault(Fault::Garbage);
+    for (const Signature& signature : MeterOperations()) {
+        const std::vector<std::string> ones(signature.Arguments().size(), "1");
+        const auto payload = EncodeArguments(signature, ones);
+        const auto size = ReplySize(signature, payload);
+        if (size == 0) continue;
+        EXPECT_EQ(Last(signature.name, payload, size)["bytes"], size) << signature.name;
+    }
     m_server.SetFault(Fault::Slow);
     EXPECT_GE(Last("DISPTSK_getConnectionId", {}, 4)["us"], 1'000'000);
     EXPECT_EQ(m_lines.back()["result"], "slow");

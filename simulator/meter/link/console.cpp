@@ -8,6 +8,8 @@
 #include <optional>
 
 #include "rda/wire.h"
+#include "simulator/meter/link/condition_lines.h"
+#include "simulator/meter/wire/codec.h"
 
 namespace meter {
 namespace {
@@ -164,9 +166,10 @@ std::string Console::Execute(std::string_view line) {
         const auto id = ParseWord(first);
         if (!id) return "error no such register";
         const auto refusal = m_meter.Write(*id, Trimmed(arguments), kMeterModule);
-        if (refusal) return "error " + std::string(*refusal);
+        if (refusal) return "error " + ToUtf8(*refusal);
         return PassOnSettings() ? "ok" : "ok, the display does not answer";
     }
+    if (const auto answer = ExecuteConditionLine(m_meter, word, rest)) return *answer;
     const auto setting = std::ranges::find(kSettings, word, &SettingRow::word);
     if (setting != kSettings.end()) return ChooseItem(setting->id, rest);
     return CommandDisplay(word, first, Trimmed(arguments));
@@ -211,7 +214,7 @@ std::string Console::ChooseItem(std::uint16_t id, std::string_view item) {
         text = row->items[*index];
     }
     const auto refusal = m_meter.Write(id, text, kMeterModule);
-    if (refusal) return "error " + std::string(*refusal);
+    if (refusal) return "error " + ToUtf8(*refusal);
     return PassOnSettings() ? "ok" : "ok, the display does not answer";
 }
 
@@ -250,6 +253,7 @@ std::string Console::State() const {
         {"time", clock.DateText(m_meter.Now()) + " " + clock.TimeText(m_meter.Now())},
         {"scenario", m_meter.PlayedScenario().name},
         {"fault", FaultName(m_server.GetFault())},
+        {"faults", FaultNames()},
         {"connectionId", m_meter.ConnectionId()},
         {"connections", m_server.ConnectionCount()},
         {"calls", m_server.CallCount()},
@@ -263,6 +267,7 @@ std::string Console::State() const {
         {"activeAlarms", m_meter.GetAlarms().Active().size()},
         {"events", m_meter.GetEventLog().Count()},
     };
+    state.update(Conditions(m_meter));
     for (const Scenario& scenario : Scenarios()) state["scenarios"].push_back(scenario.name);
     const std::array<std::pair<const char*, Quantity>, 6> values = {{{"frequency", Quantity::Frequency},
                                                                      {"lineVoltage", Quantity::VoltageLlAverage},

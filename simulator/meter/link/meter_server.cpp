@@ -27,7 +27,10 @@ void ResetOnClose(int socket) {
 
 }  // namespace
 
-MeterServer::MeterServer(Meter& meter, std::uint16_t port) : m_meter(meter), m_listens(true), m_port(port) { Listen(); }
+MeterServer::MeterServer(Meter& meter, std::uint16_t port)
+    : m_meter(meter), m_listens(true), m_port(port), m_garbage(meter.ConnectionId()) {
+    Listen();
+}
 
 void MeterServer::Listen() {
     m_listener = Descriptor(::socket(AF_INET, SOCK_STREAM | SOCK_NONBLOCK | SOCK_CLOEXEC, 0));
@@ -134,6 +137,7 @@ CallOutcome MeterServer::Take(const Frame& frame) {
     }
     const bool spoiled = !outcome.reply.empty() && m_fault != Fault::None;
     if (m_fault == Fault::Half) outcome.reply.resize(outcome.reply.size() / 2);
+    if (m_fault == Fault::Garbage) std::ranges::generate(outcome.reply, [this] { return m_garbage.Byte(); });
     if (m_fault == Fault::Slow && spoiled) outcome.held = kSlowness;
     Report(frame, outcome, arrived, spoiled ? FaultName(m_fault) : "ok");
     return outcome;

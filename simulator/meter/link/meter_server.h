@@ -12,6 +12,7 @@
 #include "simulator/meter/link/frame_reader.h"
 #include "simulator/meter/link/trace.h"
 #include "simulator/meter/model/meter.h"
+#include "simulator/meter/model/noise.h"
 
 namespace meter {
 
@@ -32,7 +33,7 @@ public:
     /// @throws std::system_error when nobody may listen on the port; port 0 takes a free one
     MeterServer(Meter& meter, std::uint16_t port);
     /// Listens nowhere: calls come by `Take` alone.
-    explicit MeterServer(Meter& meter) : m_meter(meter) {}
+    explicit MeterServer(Meter& meter) : m_meter(meter), m_garbage(meter.ConnectionId()) {}
 
     /// Answers one call, or misbehaves.
     CallOutcome Take(const Frame& frame);
@@ -81,6 +82,7 @@ private:
     Descriptor m_listener;
     std::list<Connection> m_connections;
     Fault m_fault = Fault::None;
+    Noise m_garbage;  // what replies are made of while the fault says so
     std::uint64_t m_calls = 0;
     std::uint64_t m_unanswered = 0;
     CallObserver m_observer;

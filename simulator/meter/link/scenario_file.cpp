@@ -137,7 +137,8 @@ Script ScriptOf(const Value& file) {
         const std::string name = entry.At("fault").Text();
         Fault fault{};
         if (!FindFault(name, fault))
-            entry.At("fault").Refuse("there is no fault \"" + name + "\"; there are slow, silent, half, reset, absent");
+            entry.At("fault").Refuse("there is no fault \"" + name +
+                                     "\"; there are slow, silent, half, garbage, reset, absent");
         const std::int64_t at = entry.At("at").Milliseconds();
         script.Add(at, "fault " + name);
         if (entry.Has("for")) script.Add(at + entry.At("for").Milliseconds(), "fault none");

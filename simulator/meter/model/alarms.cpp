@@ -91,7 +91,8 @@ void Alarms::Step(const Readings& readings, const Nominals& nominals, double sec
         const double value = readings[definition.quantity];
         const double unit = ReferenceValue(definition.reference, nominals);
         const double limit = unit * (state.on ? definition.dropout : definition.pickup);
-        const bool beyond = state.enabled && !std::isnan(value) && IsBeyond(definition.compare, value, limit);
+        const bool beyond =
+            state.held || (state.enabled && !std::isnan(value) && IsBeyond(definition.compare, value, limit));
         if (state.on && !beyond) {
             End(i, now);
             log.Add(now, definition.name, texts::kAlarmEnded);
@@ -102,11 +103,11 @@ void Alarms::Step(const Readings& readings, const Nominals& nominals, double sec
             continue;
         }
         if (!beyond) {
-            state.heldSeconds = 0.0;
+            state.beyondSeconds = 0.0;
             continue;
         }
-        state.heldSeconds += seconds;
-        if (state.heldSeconds < definition.delaySeconds) continue;
+        state.beyondSeconds += seconds;
+        if (!state.held && state.beyondSeconds < definition.delaySeconds) continue;
         Begin(i, value, now);
         log.Add(now, definition.name, texts::kAlarmStarted);
     }
@@ -158,8 +159,9 @@ std::uint32_t Alarms::GlobalStatus() const {
 void Alarms::Clear() {
     m_occurrences.clear();
     for (State& state : m_states) {
+        state.held = false;
         state.on = false;
-        state.heldSeconds = 0.0;
+        state.beyondSeconds = 0.0;
     }
 }
 
@@ -181,7 +183,7 @@ void Alarms::Begin(std::size_t definition, double value, Instant now) {
 void Alarms::End(std::size_t definition, Instant now) {
     State& state = m_states[definition];
     state.on = false;
-    state.heldSeconds = 0.0;
+    state.beyondSeconds = 0.0;
     Occurrence* running = Running(definition);
     if (running == nullptr) return;
     running->ended = true;

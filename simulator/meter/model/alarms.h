@@ -61,6 +61,10 @@ public:
     /// Switches the alarm of a register. @return false when no alarm has that register
     bool Enable(std::uint32_t registerId, bool enabled);
 
+    /// Holds an alarm on whatever its limit says and whether it is enabled, or leaves it to its limit again.
+    void Hold(std::size_t definition, bool held) { m_states[definition].held = held; }
+    bool IsHeld(std::size_t definition) const { return m_states[definition].held; }
+
     /// Newest first; the references hold until the next step.
     std::vector<const Occurrence*> Active() const;
     std::vector<const Occurrence*> History() const;
@@ -70,6 +74,7 @@ public:
     /// The status that drives the display's alarm lamp.
     std::uint32_t GlobalStatus() const;
 
+    /// Forgets what was on, and holds none.
     void Clear();
     /// Fills both lists with so many alarms that stay on.
     void Flood(std::size_t count, Instant now);
@@ -77,8 +82,9 @@ public:
 private:
     struct State {
         bool enabled;
+        bool held = false;
         bool on = false;
-        double heldSeconds = 0.0;
+        double beyondSeconds = 0.0;
     };
 
     void Begin(std::size_t definition, double value, Instant now);

@@ -138,6 +138,8 @@ void Meter::Play(const Scenario& scenario, Waves waves) {
     m_wavesStart = m_now;
     if (m_scenario->alarms > 0 || scenario.emptyLog) m_alarms.Clear();
     m_scenario = &scenario;
+    m_hardwareLock = scenario.hardwareLock;
+    m_refusal = scenario.refuseWrites ? std::optional(std::string(texts::kRefused)) : std::nullopt;
     if (scenario.alarms > 0) m_alarms.Flood(scenario.alarms, m_now);
     if (scenario.emptyLog) m_log.Clear();
 }
@@ -149,7 +151,7 @@ std::optional<std::string_view> Meter::WriteFromPanel(std::uint32_t id, std::str
 }
 
 std::optional<std::string_view> Meter::Write(std::uint32_t id, std::string_view text, std::string_view module) {
-    if (m_scenario->refuseWrites) return texts::kRefused;
+    if (m_refusal) return *m_refusal;
     const auto alarms = AlarmDefinitions();
     const auto alarm = std::ranges::find(alarms, id, &AlarmDefinition::registerId);
     if (alarm != alarms.end()) {

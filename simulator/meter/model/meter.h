@@ -7,6 +7,7 @@
 #include <span>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "simulator/meter/model/alarms.h"
@@ -72,12 +73,18 @@ public:
     /// The commands that settings gave rise to since the last call.
     std::vector<DisplayCommand> TakeCommands();
 
+    /// What scenarios say of the lock on the housing and of writes holds until it is said anew.
+    void SetHardwareLock(bool closed) { m_hardwareLock = closed; }
+    /// Why every write is refused, or nothing.
+    void SetRefusal(std::optional<std::string> why) { m_refusal = std::move(why); }
+    const std::optional<std::string>& Refusal() const { return m_refusal; }
+
     /// A new life: connection and login are gone, settings and energies stay.
     void Restart();
 
     Instant Now() const { return m_now; }
     std::uint32_t ConnectionId() const { return m_connectionId; }
-    bool HasHardwareLock() const { return m_scenario->hardwareLock; }
+    bool HasHardwareLock() const { return m_hardwareLock; }
 
     const Network& GetNetwork() const { return m_network; }
     const Settings& GetSettings() const { return m_settings; }
@@ -119,6 +126,8 @@ private:
     IoPoints m_io;
     std::array<PageCursor, kPageSetCount> m_cursors;
     const Scenario* m_scenario;
+    bool m_hardwareLock = false;
+    std::optional<std::string> m_refusal;
     Waves m_waves;
     Instant m_wavesStart = 0;
     std::uint32_t m_connectionId;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cmath>
+#include <cstddef>
 #include <cstdint>
 
 /// Repeatable randomness: the same seed gives the same sequence on every machine.
@@ -12,6 +13,8 @@ public:
 
     /// Evenly spread over 0 to 1, 1 excluded.
     double Even() { return static_cast<double>(Next() >> 11U) * 0x1.0p-53; }
+
+    std::byte Byte() { return static_cast<std::byte>(Next() >> 56U); }
 
     /// Bell-shaped with mean 0 and deviation 1: twelve even numbers are close enough.
     double Bell() {

@@ -69,7 +69,7 @@ constexpr auto kOperations = std::to_array<Operation>({
     {"ALARMSINTERFACE_getSettableAlarms",            3, 0, sizeof(SettableAlarmEntry), 1,          GetSettableAlarms},
     {"SECURITYINTERFACE_getHwLockStatus",            0, 0, kWord, kFixedSize, [](Meter& m, const Request&, Reply r) { PutWord(r, m.HasHardwareLock() ? kLockClosed : kLockOpen); }},
     {"SECURITYINTERFACE_resetFactoryAccessTimeout",  0, 0, 0,     kFixedSize, Nothing},
-    {"SECURITYINTERFACE_getFrontPanelAccessRights",  0, 0, sizeof(AccessRights), kFixedSize, [](Meter& m, const Request&, Reply r) { AccessRights rights{}; rights.frontPanel.Set(m.GetSecurity().frontPanelAllowed && !m.HasHardwareLock() ? 1 : 0); Put(r, rights); }},
+    {"SECURITYINTERFACE_getFrontPanelAccessRights",  0, 0, sizeof(AccessRights), kFixedSize, [](Meter& m, const Request&, Reply r) { AccessRights rights{}; rights.frontPanel.Set(m.GetSecurity().IsFrontPanelAllowed() && !m.HasHardwareLock() ? 1 : 0); Put(r, rights); }},
     {"SECURITYINTERFACE_verifyFrontPanelPassword",   0, 2, kWord, kFixedSize, VerifyPassword},
     {"SECURITYINTERFACE_clearFrontPanelPassword",    0, 0, 0,     kFixedSize, [](Meter& m, const Request&, Reply) { m.GetSecurity().LogOut(); }},
     {"PQINTERFACE_getPhasorData",                    1, 0, sizeof(PhasorEntry),      0,          GetPhasorData},

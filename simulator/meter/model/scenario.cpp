@@ -23,11 +23,13 @@ constexpr auto kScenarios = std::to_array<Scenario>({
     {.name = "slow", .purpose = "each answer takes a second", .fault = Fault::Slow},
     {.name = "silent", .purpose = "connected, but no answers", .fault = Fault::Silent},
     {.name = "half", .purpose = "answers break off half-way", .fault = Fault::Half},
+    {.name = "garbage", .purpose = "answers of the right length that mean nothing", .fault = Fault::Garbage},
     {.name = "reset", .purpose = "each call ends the connection", .fault = Fault::Reset},
     {.name = "absent", .purpose = "nobody listens", .fault = Fault::Absent},
 });
 
-constexpr auto kFaultNames = std::to_array<std::string_view>({"none", "slow", "silent", "half", "reset", "absent"});
+constexpr auto kFaultNames = std::to_array<std::string_view>({"none", "slow", "silent", "half", "garbage", "reset", "absent"});
+static_assert(kFaultNames.size() == static_cast<std::size_t>(Fault::Absent) + 1);
 // clang-format on
 
 }  // namespace
@@ -38,6 +40,8 @@ const Scenario* FindScenario(std::string_view name) {
     const auto found = std::ranges::find(kScenarios, name, &Scenario::name);
     return found != kScenarios.end() ? &*found : nullptr;
 }
+
+std::span<const std::string_view> FaultNames() { return kFaultNames; }
 
 std::string_view FaultName(Fault fault) { return kFaultNames[static_cast<std::size_t>(fault)]; }
 

@@ -10,7 +10,7 @@
 namespace meter {
 
 /// What the link does to the display.
-enum class Fault : std::uint8_t { None, Slow, Silent, Half, Reset, Absent };
+enum class Fault : std::uint8_t { None, Slow, Silent, Half, Garbage, Reset, Absent };
 
 struct Scenario {
     std::string_view name;
@@ -29,7 +29,8 @@ std::span<const Scenario> Scenarios();
 /// @return the scenario, or null when there is none of that name
 const Scenario* FindScenario(std::string_view name);
 
-/// @return the name of a fault as commands spell it
+/// The names of the faults as commands spell them, in the order of their values.
+std::span<const std::string_view> FaultNames();
 std::string_view FaultName(Fault fault);
 bool FindFault(std::string_view name, Fault& fault);
 

@@ -20,7 +20,7 @@ Verdict Security::LogIn(std::string_view user, std::string_view password) {
     m_loggedIn = false;
     const auto found = std::ranges::find(kUsers, user, &User::name);
     if (found == kUsers.end() || found->password != password) return Verdict::WrongPassword;
-    if (!found->mayChange || !frontPanelAllowed) return Verdict::NotAllowed;
+    if (!found->mayChange || !m_frontPanelAllowed) return Verdict::NotAllowed;
     m_loggedIn = true;
     return Verdict::Accepted;
 }

@@ -19,11 +19,16 @@ public:
     void LogOut() { m_loggedIn = false; }
     bool IsLoggedIn() const { return m_loggedIn; }
 
-    /// Whether the front panel may change anything at all.
-    bool frontPanelAllowed = true;
+    /// Whether the front panel may change anything at all; who is logged in is logged out when it may not.
+    bool IsFrontPanelAllowed() const { return m_frontPanelAllowed; }
+    void AllowFrontPanel(bool allowed) {
+        m_frontPanelAllowed = allowed;
+        if (!allowed) LogOut();
+    }
 
 private:
     bool m_loggedIn = false;
+    bool m_frontPanelAllowed = true;
 };
 
 }  // namespace meter

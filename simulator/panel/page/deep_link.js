@@ -21,7 +21,7 @@ export class DeepLink {
 
   follow(state) {
     this.#state = state;
-    if (this.#opening) return;
+    if (this.#opening || state.meterState?.replay) return;
     const address = writeAddress(wordsFor(state));
     if (address && address !== location.hash) history.replaceState(null, "", address);
   }
@@ -34,6 +34,7 @@ export class DeepLink {
     say("Opening the link…");
     await this.#until(() => this.#state, wish);
     if (this.#state.meter === null) warn(["The meter is not watched: the link cannot be opened."]);
+    else if (this.#state.meterState?.replay) warn(["A recording is replayed: the link cannot be opened."]);
     else await this.#bringAbout(words, wish);
     if (wish === this.#wish) this.#opening = false;
   }

@@ -1,4 +1,5 @@
 import { faultsOf, kLanguages, kModes, kPhaseLabels, kSymbols, modeOf } from "./names.js";
+import { Conditions } from "./conditions.js";
 import { askMeter } from "./meter_line.js";
 import { RegisterForm } from "./register_form.js";
 
@@ -23,6 +24,7 @@ export class MeterControls {
   #root;
   #answer;
   #scenario;
+  #conditions;
 
   constructor(root, registers, chooser) {
     this.#root = root;
@@ -37,14 +39,16 @@ export class MeterControls {
     this.#offer("#modes", kModes);
     root.addEventListener("click", ({ target }) => target.dataset.line && this.#ask(target.dataset.line));
     new RegisterForm(this.#find("#register-form"), registers, chooser, (line) => this.#ask(line));
+    this.#conditions = new Conditions(this.#find("#conditions"), (line) => this.#ask(line));
     this.#watchLine();
   }
 
   /** Follows the meter, but never moves what the user is just choosing from. */
   show({ meter, meterState }) {
-    this.#root.hidden = meter === null;
+    this.#root.hidden = meter === null || Boolean(meterState?.replay);
     document.getElementById("meter-absent").hidden = meter !== null;
-    if (!meterState) return;
+    document.getElementById("meter-replayed").hidden = !meterState?.replay;
+    if (!meterState || meterState.replay) return;
     const scenarios = meterState.scenarios ?? [];
     if (this.#scenario.options.length !== scenarios.length)
       this.#scenario.replaceChildren(...scenarios.map((name) => new Option(name)));
@@ -53,6 +57,7 @@ export class MeterControls {
     this.#offer("#faults", faultsOf(meterState).map((fault) => ({ ...fault, line: `fault ${fault.code}` })));
     this.#press("#faults", `fault ${meterState.fault}`);
     this.#press("#modes", kModes.find(({ code }) => code === modeOf(meterState)).line);
+    this.#conditions.show(meterState);
     this.#showValues(meterState);
   }
 

@@ -32,8 +32,7 @@ export function modeOf(meterState) {
   return meterState.testMode ? "test" : meterState.altMode ? "alt" : "normal";
 }
 
-/** The faults that this meter can play; one that does not list them plays all but garbage. */
+/** The faults that this meter can play. */
 export function faultsOf(meterState) {
-  const known = meterState?.faults ?? kFaults.map(({ code }) => code).filter((code) => code !== "garbage");
-  return known.map((code) => kFaults.find((fault) => fault.code === code) ?? { code, name: code, note: "" });
+  return (meterState?.faults ?? []).map((code) => kFaults.find((fault) => fault.code === code) ?? { code, name: code, note: "" });
 }

@@ -11,6 +11,8 @@ import { askMeter } from "./meter_line.js";
 import { faultsOf, kLanguages, kModes, modeOf } from "./names.js";
 import { say } from "./notices.js";
 import { savePicture } from "./picture.js";
+import { Recording } from "./recording.js";
+import { Replay } from "./replay.js";
 import { Screens } from "./screens.js";
 import { watchShortcuts } from "./shortcuts.js";
 import { showConnection, Status } from "./status.js";
@@ -26,6 +28,8 @@ const status = new Status();
 const link = new DeepLink(screens);
 const chooser = new Chooser(element("chooser"));
 const meter = new MeterControls(element("meter-controls"), registers, chooser);
+const recording = new Recording(element("record"), element("recording"));
+const replay = new Replay(element("replay"));
 const trace = new Trace(element("tool-link"));
 const consoleLines = makeConsole(element("tool-console"));
 const benchButtons = document.querySelectorAll("[data-action]");
@@ -39,13 +43,20 @@ const live = new Live({
     status.show(state, screens);
     glass.light(state.backlight);
     meter.show(state);
+    recording.show(state);
+    replay.show(state);
     link.follow(state);
-    for (const button of benchButtons) button.disabled = "meter" in button.dataset && !state.meter;
+    for (const button of benchButtons) button.disabled = "meter" in button.dataset && !hasMeter(state);
   },
   console: (lines, lost) => consoleLines.add(lines, lost),
   trace: (calls, lost) => trace.add(calls, lost),
   connected: showConnection,
 });
+
+/** Whether a meter takes lines; a replay has none. */
+function hasMeter({ meter, meterState }) {
+  return meter && !meterState?.replay;
+}
 
 /** Lets one of several things be chosen, and has the meter bring it about. */
 function choose(title, items, lineOf, nameOf) {
@@ -82,6 +93,9 @@ watchShortcuts(benchButtons, {
   fault: () =>
     chooseNamed("Fault of the link", faultsOf(state.meterState), state.meterState.fault, (code) => `fault ${code}`),
   picture: () => savePicture(state ? wordsFor(state) : {}),
+  record: () => recording.toggle(),
+  play: () => replay.toggle(),
+  step: () => replay.step(),
   keys: () => element("key-map").showModal(),
 });
 

@@ -15,7 +15,7 @@ export function watchShortcuts(buttons, actions) {
   }
   addEventListener("keydown", (event) => {
     const button = isForPage(event) && !event.repeat && byKey.get(event.key.toLowerCase());
-    if (!button || button.disabled || button.hidden) return;
+    if (!button || button.disabled || button.closest("[hidden]")) return;
     event.preventDefault();
     button.click();
   });

@@ -13,6 +13,7 @@ export class Status {
     this.#showLamp(state.alarmLamp);
     show("display", state.display ? "running" : "silent", state.display);
     if (state.meter === null) show("meter", "not watched", null);
+    else if (state.meterState?.replay) show("meter", "replayed", null);
     else show("meter", state.meter ? "running" : "silent", state.meter);
     const percent = Math.round((state.backlight.level / 255) * 100);
     show("backlight", state.backlight.on ? `${percent} %` : "off", null);
