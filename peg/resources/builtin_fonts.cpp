@@ -333,10 +333,10 @@ constexpr std::array<std::uint8_t, 2119> kGlyphsB = {
 constexpr std::uint16_t kFirst = 0;
 constexpr std::uint16_t kLast = 255;
 
-constexpr PegFont kFontA = {PegFont::kBuiltIn, 14, 2, 16, {}, 0, 213, kFirst, kLast, kOffsetsA.data(), nullptr,
-                            kGlyphsA.data(), nullptr};
-constexpr PegFont kFontB = {PegFont::kBuiltIn, 12, 1, 13, {}, 0, 163, kFirst, kLast, kOffsetsB.data(), nullptr,
-                            kGlyphsB.data(), nullptr};
+constexpr PegFont kFontA = {PegFont::kBuiltIn, 14,     2, 16, {}, 0, 213, kFirst, kLast, kOffsetsA.data(), nullptr,
+                            kGlyphsA.data(),   nullptr};
+constexpr PegFont kFontB = {PegFont::kBuiltIn, 12,     1, 13, {}, 0, 163, kFirst, kLast, kOffsetsB.data(), nullptr,
+                            kGlyphsB.data(),   nullptr};
 
 static_assert(kGlyphsA.size() == std::size_t{kFontA.bytesPerRow} * kFontA.height);
 static_assert(kGlyphsB.size() == std::size_t{kFontB.bytesPerRow} * kFontB.height);

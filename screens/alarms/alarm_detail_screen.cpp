@@ -81,18 +81,18 @@ void almDetailScrnClass::SetAlarm(const AlarmRow& alarm, std::uint32_t icon) {
 
 void almDetailScrnClass::UpdateScreenData() {
     for (DetailField* field : {&m_name, &m_qualifier, &m_start, &m_end, &m_value}) field->Relabel();
-    m_name.Show(DetailField::ValueText().Add(TextIn(m_alarm.name)));
-    m_qualifier.Show(DetailField::ValueText().Add(u"(").Add(TextIn(m_alarm.qualifier)).Add(u")"));
+    if (m_duration.has_value()) m_duration->Relabel();
+    if (!m_alarm.has_value()) return;
+    m_name.Show(DetailField::ValueText().Add(TextIn(m_alarm->name)));
+    m_qualifier.Show(DetailField::ValueText().Add(u"(").Add(TextIn(m_alarm->qualifier)).Add(u")"));
     if (m_priority.BitmapNumber(PegBitmapPrompt::LeftIcon) != m_icon) {
         m_priority.SetBitmapNumber(PegBitmapPrompt::LeftIcon, m_icon);
     }
-    m_start.Show(InstantText(TextIn(m_alarm.startDate), TextIn(m_alarm.startTime)));
-    const bool ended = m_alarm.hasEnded != 0;
+    m_start.Show(InstantText(TextIn(m_alarm->startDate), TextIn(m_alarm->startTime)));
+    const bool ended = m_alarm->hasEnded != 0;
     m_end.SetValueColor(ended ? kEndedColor : kStillOnColor);
-    m_end.Show(ended ? InstantText(TextIn(m_alarm.endDate), TextIn(m_alarm.endTime))
+    m_end.Show(ended ? InstantText(TextIn(m_alarm->endDate), TextIn(m_alarm->endTime))
                      : DetailField::ValueText().Add(LocalizedString(kStillOn)));
-    m_value.Show(DetailField::ValueText().Add(TextIn(m_alarm.value)));
-    if (!m_duration.has_value()) return;
-    m_duration->Relabel();
-    m_duration->Show(DurationText(m_alarm.startSeconds, m_alarm.endSeconds));
+    m_value.Show(DetailField::ValueText().Add(TextIn(m_alarm->value)));
+    if (m_duration.has_value()) m_duration->Show(DurationText(m_alarm->startSeconds, m_alarm->endSeconds));
 }

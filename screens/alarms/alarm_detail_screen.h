@@ -21,7 +21,8 @@ struct AlarmDetailRow {
 /// The places on a detail screen, or null for any other screen.
 const AlarmDetailRow* AlarmDetailRowOf(std::int32_t screenId);
 
-/// Shows all fields of one alarm, as they were when it was chosen from the list. Asks the meter for nothing.
+/// Shows all fields of one alarm, as they were when it was chosen from the list; the labels alone until one
+/// was chosen. Asks the meter for nothing.
 class almDetailScrnClass : public DSBC_dataScrnBaseClass {
 public:
     explicit almDetailScrnClass(const AlarmDetailRow& places);
@@ -32,7 +33,7 @@ public:
     void SetAlarm(const AlarmRow& alarm, std::uint32_t icon);
 
 private:
-    AlarmRow m_alarm;
+    std::optional<AlarmRow> m_alarm;
     std::uint32_t m_icon = 0;
     DetailField m_name;
     DetailField m_qualifier;

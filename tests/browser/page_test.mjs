@@ -40,8 +40,8 @@ const kState = {
 };
 
 before(async () => {
-  await emulator.start();
   browser = await launch(chromium);
+  await emulator.start();
   page = await open();
 });
 

@@ -23,6 +23,7 @@ protected:
         PressEveryKey();
         OpenEveryMenu();
         OpenEveryDialog();
+        ChangeEverySetting();
         VisitEverySet(language);
         if (m_collectsLimits) CollectLimits();
         meter().FallSilent();

@@ -5,18 +5,23 @@
 #include "app/application.h"
 #include "navigation/menu/menu_screen.h"
 #include "navigation/menu_trees.h"
+#include "rda/records/register.h"
 #include "screens/base/options_menu_table.h"
 #include "tests/navigation/keyboard_keys.h"
 
 namespace {
 
 constexpr std::string_view kVerify = "SECURITYINTERFACE_verifyFrontPanelPassword";
+constexpr std::string_view kWrite = "PDMINTERFACE_setRegisterValue";
 constexpr std::string_view kLockStatus = "SECURITYINTERFACE_getHwLockStatus";
 constexpr std::uint32_t kUnlocked = 0;
 constexpr int kTicksToValues = 2;  // a screen of settings reads its values at its first tick
 constexpr std::uint32_t kLocked = 2;
+constexpr std::int32_t kAnyData = 11;  // a data screen
+constexpr std::uint32_t kLastAlarmStatus = 12;
 
 std::string NameOf(std::int32_t id) {
+    if (id == SCREEN_ID_FACTORY_TEST) return "display test";
     return (id <= MenuOfMode(DISPLAY_MODE_TEST) ? "menu " : "screen ") + std::to_string(id);
 }
 
@@ -133,4 +138,51 @@ void PanelTour::OpenEveryDialog() {
     AskForPassword();
     LookAt("locked");
     Press(KEY_SOFT_4);
+}
+
+/// Changes a setting with that arrow key. @return whether there is now a question to be answered
+bool PanelTour::AskAboutChange(std::int32_t id, KeyCode key) {
+    GoTo(id);
+    Ticks(kTicksToValues);
+    Press(key);
+    Press(KEY_SOFT_2_3);  // switches the item of a list
+    LookAt(NameOf(id));
+    Press(KEY_SOFT_4);
+    return Navigation().getCurrentScreenId() == id;
+}
+
+void PanelTour::ChangeEverySetting() {
+    RegisterWriteResult refusal{};
+    refusal.result.Set(1);
+    meter().Answer(kWrite, refusal);
+    for (const std::int32_t id : m_screens) {
+        if (Navigation().getScreenKind(id) != SCREEN_KIND_SETUP_EDIT) continue;
+        if (!AskAboutChange(id, KEY_SOFT_3) && !AskAboutChange(id, KEY_SOFT_2)) continue;
+        LookAt(NameOf(id) + " confirmation");
+        Press(KEY_SOFT_4);
+        LookAt(NameOf(id) + " refused");
+        Press(KEY_SOFT_4);
+    }
+}
+
+void PanelTour::ShowEveryHeader() {
+    GoTo(kAnyData);
+    for (std::uint32_t status = 0; status <= kLastAlarmStatus; ++status) {
+        PegMessage message = MessageOf(MSG_ALARM_STATUS, 1);
+        message.target = Navigation().getCurrentScreen();
+        message.data[0] = status;
+        toolkit.queue->Push(message);
+        Pump();
+        LookAt("header with alarm status " + std::to_string(status));
+    }
+    meter().Answer(kLockStatus, kLocked);
+    GoTo(kAnyData);
+    LookAt("header locked");
+    meter().Answer(kLockStatus, kUnlocked);
+    for (const std::int32_t mode : {DISPLAY_MODE_ALT, DISPLAY_MODE_TEST}) {
+        Navigation().setDisplayMode(mode);
+        GoTo(kAnyData);
+        LookAt("header of mode " + std::to_string(mode));
+    }
+    Navigation().setDisplayMode(DISPLAY_MODE_NORMAL);
 }

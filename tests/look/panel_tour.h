@@ -7,7 +7,8 @@
 #include "tests/bench/text_record.h"
 
 /// Leads to everything that the panel can show: every registered screen, what its keys open, the menus with all their
-/// groups open, the password dialog with its keyboard and its answers.
+/// groups open, the password dialog with its keyboard and its answers, the
+/// questions about changed settings, the icons of the header.
 class PanelTour : public PanelBench {
 protected:
     PanelTour();
@@ -19,14 +20,17 @@ protected:
     void PressEveryKey();
     void OpenEveryMenu();
     void OpenEveryDialog();
+    void ChangeEverySetting();
+    void ShowEveryHeader();
 
     const TextRecord& Record() const { return m_record; }
 
 private:
     static constexpr std::int32_t kNeutral = 1;  // a screen to come from
 
-    void LookAt(const std::string& place);
     void GoTo(std::int32_t id);
+    void LookAt(const std::string& place);
+    bool AskAboutChange(std::int32_t id, KeyCode key);
     void FirstItem(std::int32_t menuId);
     void AskForPassword();
     void Type(std::uint16_t key);

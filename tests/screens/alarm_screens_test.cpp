@@ -192,6 +192,8 @@ TEST_F(AlarmScreens, DrawNothingWhenNothingHasChanged) {
 }
 
 TEST_F(AlarmScreens, ShowOneAlarmInFullAndReturn) {
+    Show(8);
+    EXPECT_TRUE(PanelShows("alarms/detail_of_none"));
     Fill(10);
     Show(7);
     Press(KEY_SOFT_4);

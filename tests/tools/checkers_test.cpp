@@ -114,4 +114,34 @@ TEST_F(AssetChecker, ComparesNumbersWithTheirSources) {
     EXPECT_NE(Check("kFrameColor = 85").out.find("string 100 \"Power\" is used nowhere"), std::string::npos);
 }
 
+/// A palette of two colours and a design sheet.
+class Contrasts : public Workshop {
+protected:
+    Run Renew(const std::string& text, const std::string& options = "") {
+        Write("palette.json", R"({"colours": [{"number": 1, "name": "ink", "value": ")" + text +
+                                  R"("}, {"number": 2, "name": "paper", "value": "#ffffff"}],
+            "texts": [{"text": "ink", "on": ["paper"]}]})");
+        return Call("contrast", "palette.json --sheet sheet.md" + options);
+    }
+};
+
+TEST_F(Contrasts, KeepTheDesignSheetTrue) {
+    const std::string rest = "| text | contrast with its grounds |\n|---|\n| old |\n\nBetween.\n\n";
+    Write("sheet.md", rest + "| number | name | colour | on white | on black | use |\n|---|\n| old |");
+    EXPECT_EQ(Renew("#000000", " --check").status, 1);
+    EXPECT_EQ(Renew("#000000").status, 0);
+    EXPECT_EQ(Read("sheet.md"),
+              "| text | contrast with its grounds |\n|---|---|\n| ink | paper 21.0 |\n\nBetween.\n\n"
+              "| number | name | colour | on white | on black | use |\n|---|---|---|---|---|---|\n"
+              "| 1 | ink | `#000000` | 21.0 | 1.0 |  |\n| 2 | paper | `#ffffff` | 1.0 | 21.0 |  |\n");
+    EXPECT_EQ(Renew("#000000", " --check").status, 0);
+    EXPECT_EQ(Renew("#400000", " --check").status, 1);
+}
+
+TEST_F(Contrasts, RefuseATextThatIsHardToRead) {
+    const Run run = Renew("#808080");
+    EXPECT_EQ(run.status, 1);
+    EXPECT_NE(run.errors.find("palette.json: /texts/0/on/0: \"ink\" is hard to read"), std::string::npos) << run.errors;
+}
+
 }  // namespace

@@ -18,7 +18,7 @@ public:
 private:
     using Words = std::vector<std::u16string>;
     struct Term {
-        std::u16string english;  // with capitals: matches only as it is
+        std::u16string english;              // with capitals: matches only as it is
         std::map<std::string, Words> words;  // by language: one of them, or of their abbreviations
         std::map<std::string, Words> avoid;
     };
