@@ -3,6 +3,7 @@
 import assert from "node:assert/strict";
 import fs from "node:fs";
 import { after, before, test } from "node:test";
+import { isDeepStrictEqual } from "node:util";
 
 import { Bench } from "./bench.mjs";
 import { launch } from "./browser.mjs";
@@ -84,11 +85,11 @@ test("opens a link, and says what of it cannot be had", async () => {
   await textBecomes(page, "#notice", "The link is open");
   await textBecomes(page, "#screen-now", "68 Zeigerdiagramm");
   await hashBecomes(page, hash);
-  const { meterState, screen } = await bench.state();
-  assert.deepEqual(
-    [screen, meterState.language, meterState.scenario, meterState.altMode],
-    [{ number: 68, certain: true }, 1, "sag", 1],
-  );
+  await eventually(async () => {
+    const { meterState, screen } = await bench.state();
+    const reached = [screen, meterState.language, meterState.scenario, meterState.altMode];
+    return isDeepStrictEqual(reached, [{ number: 68, certain: true }, 1, "sag", 1]);
+  }, "a meter as the link says");
   assert.equal(await page.locator("#warning").isVisible(), false);
   await page.evaluate(() => (location.hash = "#screen=999&lang=xx&scenario=calm&seed=8&light=1&mode=normal"));
   for (const word of ["999", "xx", "calm", "light", "./run --seed 8"]) await textBecomes(page, "#warning-text", word);

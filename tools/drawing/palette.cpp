@@ -76,6 +76,6 @@ std::string HexOf(std::uint16_t rgb565) {
 }
 
 double Contrast(std::uint16_t one, std::uint16_t other) {
-    const auto [dark, light] = std::minmax(Luminance(one), Luminance(other));
+    const auto [dark, light] = std::minmax({Luminance(one), Luminance(other)});
     return (light + 0.05) / (dark + 0.05);
 }
