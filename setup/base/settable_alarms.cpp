@@ -17,6 +17,7 @@ std::span<SettableAlarmEntry> ReadSettableAlarms(AlarmListUse use) {
     }
     const std::span entries(buffer.data(), count);
     if (ALARMSINTERFACE_getSettableAlarms(0, static_cast<std::uint32_t>(use), entries) != 0) return {};
-    const auto unlisted = std::ranges::remove_if(entries, [](const auto& entry) { return entry.kind.Get() == 0; });
-    return entries.first(entries.size() - unlisted.size());
+    const auto listed =
+        std::remove_if(entries.begin(), entries.end(), [](const auto& entry) { return entry.kind.Get() == 0; });
+    return {entries.begin(), listed};
 }

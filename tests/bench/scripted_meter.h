@@ -33,6 +33,9 @@ public:
     void AnswerBytes(std::string_view operation, Bytes bytes);
     void AnswerBy(std::string_view operation, Reply reply) { m_replies[std::string(operation)] = std::move(reply); }
 
+    /// From now on every call of every operation is answered so; null: as before.
+    void AnswerEveryCallBy(Reply reply) { m_everyReply = std::move(reply); }
+
     /// The operation, or every operation, fails until told otherwise.
     void Fail(std::string_view operation);
     void FallSilent() { m_silent = true; }
@@ -65,6 +68,7 @@ private:
 
     meter::Meter m_model;
     std::map<std::string, Reply, std::less<>> m_replies;
+    Reply m_everyReply;
     std::set<std::string, std::less<>> m_failing;
     std::vector<CallRecord> m_calls;
     bool m_silent = false;
