@@ -102,7 +102,7 @@ void MinMaxBar::Show(const MinMaxBarDisplay& values, const BarPositions& positio
     ShowPositions(positions);
     MinMaxBarDisplay next = values;
     if (!values.IsValid()) {
-        const std::u16string_view none = LocalizedString(kNotAvailable);
+        const char16_t* none = LocalizedString(kNotAvailable);
         next.minimum.text = next.maximum.text = ComposedText<48>().Add(none).Units();
         next.label = ComposedText<40>().Add(none).Units();
         next.present.text = {};

@@ -87,8 +87,8 @@ BarLayout AskForLayout() {
 
 template <std::size_t size>
 std::array<char16_t, size> LabelText(std::uint32_t stringNumber) {
-    const std::u16string_view label = LocalizedString(stringNumber);
-    return ComposedText<size>().Add(label.substr(0, kLongestLabel)).Add(u":").Units();
+    const auto label = ComposedText<kLongestLabel + 1>().Add(LocalizedString(stringNumber));
+    return ComposedText<size>().Add(label.Text()).Add(u":").Units();
 }
 
 }  // namespace

@@ -1,4 +1,5 @@
 #include "app/application.h"
+#include "peg/resources/resources.h"
 #include "screens/base/screen_info_table.h"
 #include "tests/bench/meter_texts.h"
 #include "tests/bench/panel_bench.h"
@@ -35,6 +36,21 @@ TEST_F(EveryDataScreen, ShowsTextsThatFillTheirFields) {
     meter().Model().Advance(1000);
     FillEveryText();
     LooksAsItShould("widest");
+}
+
+/// The same on a panel whose resource file is missing.
+class WithoutResources : public PanelBench {};
+
+TEST_F(WithoutResources, EveryDataScreenIsStillThere) {
+    PegResources::Reset();
+    BuildApplication(Manager());
+    for (const bool silent : {false, true}) {
+        if (silent) meter().FallSilent();
+        for (const ScreenInfoRow& row : kScreenInfoRows) {
+            Show(row.screen);
+            EXPECT_EQ(Navigation().getCurrentScreenId(), row.screen);
+        }
+    }
 }
 
 }  // namespace
