@@ -3,7 +3,6 @@
 
 #include <fcntl.h>
 #include <poll.h>
-#include <sched.h>
 #include <sys/inotify.h>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -18,6 +17,7 @@
 #include <optional>
 #include <thread>
 
+#include "benchmarks/processor.h"
 #include "simulator/descriptor.h"
 #include "simulator/panel/keys.h"
 #include "tests/end_to_end/programs.h"
@@ -130,13 +130,6 @@ void MeasureStart(Board& board) {
     Print("resident memory at the splash", resident, "MB", 8);
 }
 
-/// Has a process run before whatever else this machine does, as far as that is allowed: meant is an idle machine.
-void RunBeforeOthers(pid_t process) {
-    sched_param urgency{};
-    urgency.sched_priority = sched_get_priority_max(SCHED_FIFO);
-    sched_setscheduler(process, SCHED_FIFO | SCHED_RESET_ON_FORK, &urgency);
-}
-
 /// Presses a key that changes the screen. @return how long its release took to reach the device
 std::optional<double> MeasureKey(Board& board) {
     board.Send(panel::Key::Home, 0);
@@ -159,8 +152,6 @@ bool MeasureLive(Board& board) {
     const double share = (ProcessorTime(*display) - before) / std::chrono::duration<double>(kWatched).count();
     Print("processor time on a live screen", 100 * share, "%", 0.2);
     std::vector<double> keys;
-    RunBeforeOthers(meter.Process());
-    RunBeforeOthers(getpid());
     while (keys.size() < kKeys) {
         const auto time = MeasureKey(board);
         if (!time) return false;
@@ -179,6 +170,7 @@ int main() {
         std::cerr << "bench-process: no network namespace can be made here\n";
         return 1;
     }
+    bench::StayOnOneProcessor();
     Board board;
     MeasureStart(board);
     if (MeasureLive(board)) return 0;
