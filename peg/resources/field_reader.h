@@ -1,8 +1,10 @@
 #pragma once
 
+#include <algorithm>
 #include <array>
 #include <cstddef>
 #include <cstdint>
+#include <cstring>
 #include <span>
 
 #include "peg/resources/file.h"
@@ -35,6 +37,18 @@ public:
         const auto taken = m_file.Take(bytes);
         m_ok = m_ok && taken.size() == bytes;
         return taken;
+    }
+
+    /// The next 16-bit units, as many as `to` holds; zeros when fewer are left.
+    void Units(std::span<char16_t> to) {
+        const auto taken = Take(to.size_bytes());
+        if (taken.size() == to.size_bytes()) {
+            std::memcpy(to.data(), taken.data(), taken.size());
+        } else {
+            std::ranges::fill(to, u'\0');
+        }
+        if (m_foreign)
+            for (char16_t& unit : to) unit = static_cast<char16_t>(unit << 8 | unit >> 8);
     }
 
     /// Steps back over bytes that were read.

@@ -27,8 +27,8 @@ bool StringTable::ReadLanguage(FieldReader& fields, std::uint16_t stringCount, L
 
     const std::size_t units = bytes / sizeof(char16_t);
     if (units < stringCount) return false;  // every text has its terminator at least
-    language.texts = std::make_unique<char16_t[]>(units);
-    for (std::size_t i = 0; i < units; ++i) language.texts[i] = static_cast<char16_t>(fields.U16());
+    language.texts = std::make_unique_for_overwrite<char16_t[]>(units);
+    fields.Units({language.texts.get(), units});
     fields.Skip(bytes % sizeof(char16_t));
 
     language.strings.reserve(stringCount);
