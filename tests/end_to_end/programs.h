@@ -6,6 +6,7 @@
 #include <filesystem>
 #include <functional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 /// Gives this process a network of its own, with nothing in it but a loopback interface that is up.
@@ -30,6 +31,9 @@ public:
 
     /// Ends the program at once.
     void Kill();
+
+    /// Whether these bytes are in the memory that it can write.
+    bool Remembers(std::string_view bytes) const;
 
     /// What it has printed so far.
     std::string Console() const;

@@ -4,6 +4,7 @@
 #include <nlohmann/json.hpp>
 #include <sstream>
 
+#include "tests/bench/typist.h"
 #include "tests/session/shell.h"
 
 namespace {
@@ -108,6 +109,28 @@ TEST_F(Session, GarbageOnTheLinkBringsNoScreenDownAndIsReplayed) {
     EXPECT_EQ(outcome.status, 0) << outcome.talk;
     EXPECT_NE(outcome.talk.find("navigate 201 -> ok"), std::string::npos) << outcome.talk;
     EXPECT_EQ(Run("--replay " + Path("garbage")).status, 0);
+}
+
+TEST_F(Session, WritesNoTypedPasswordIntoARecordingAndReplaysItStill) {
+    const std::string word = FreshWord(12);
+    std::vector<int> keys = {3, 3, 4, 3, 3, 4};  // to test mode, and Enter for the user
+    std::ranges::copy(KeysThatType(word), std::back_inserter(keys));
+    std::ofstream script(Path("script"));
+    script << "0.1 navigate 1\n";
+    for (std::size_t i = 0; i < keys.size(); ++i)
+        script << 0.2 + 0.1 * static_cast<double>(i) << " press soft" << keys[i] << '\n';
+    script.close();
+    const Outcome outcome = Run("--seconds 20 --record " + Path("rec") + " --script " + Path("script"));
+    ASSERT_EQ(outcome.status, 0) << outcome.talk;
+    const std::string recording = ContentOf(Path("rec"));
+    std::string hex;
+    for (const char sign : word) hex += "3" + std::string(1, "0123456789abcdef"[sign & 15]);
+    EXPECT_NE(recording.find("5553455200"
+                             "2a2a2a2a2a2a2a2a00"),
+              std::string::npos)
+        << "the meter was not asked";
+    for (const std::string& secret : {word, hex}) EXPECT_EQ(recording.find(secret), std::string::npos);
+    EXPECT_EQ(Run("--replay " + Path("rec")).status, 0);
 }
 
 TEST_F(Session, RefusesWhatIsNoWholeRecording) {
