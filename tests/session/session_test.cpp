@@ -133,6 +133,23 @@ TEST_F(Session, WritesNoTypedPasswordIntoARecordingAndReplaysItStill) {
     EXPECT_EQ(Run("--replay " + Path("rec")).status, 0);
 }
 
+/// The link waits some seconds before it tries an absent meter again, while the count of seconds leaves 31 or 32 bits.
+TEST_F(Session, FindsItsMeterAgainInTheYears2038And2106) {
+    std::ofstream(Path("script")) << "5 fault absent\n12 fault none\n";
+    for (const char* start : {"2147483637", "4294967285"}) {
+        const Outcome outcome = Run("--start " + std::string(start) + " --seconds 40 --record " + Path("rec") +
+                                    " --script " + Path("script"));
+        ASSERT_EQ(outcome.status, 0) << outcome.talk;
+        int calls = 0;
+        std::istringstream lines(ContentOf(Path("rec")));
+        for (std::string text; std::getline(lines, text);) {
+            const auto line = nlohmann::json::parse(text);
+            calls += line.contains("call") && line["t"] > 30'000 && !line["reply"].empty() ? 1 : 0;
+        }
+        EXPECT_GT(calls, 20) << "from " << start;
+    }
+}
+
 TEST_F(Session, RefusesWhatIsNoWholeRecording) {
     const std::string whole = ContentOf(Record());
     std::ofstream(Path("cut")) << whole.substr(0, whole.rfind("{\"t\""));
