@@ -28,6 +28,7 @@ public:
 
     /// Ends an open login and tells the meter.
     void logout();
+    bool IsLoggedIn() const { return m_loggedIn; }
 
     std::int32_t Message(const PegMessage& message) override;
 

@@ -6,10 +6,12 @@
 #include <cstdio>
 #include <cstring>
 #include <new>
+#include <span>
 
 #include "platform/semaphore.h"
 #include "platform/task.h"
 #include "platform/timer.h"
+#include "platform/wipe.h"
 #include "rda/frame.h"
 #include "rda/tcp_connector.h"
 #include "rda/wire.h"
@@ -144,7 +146,7 @@ int RdaClient::call(const char* name, std::uint32_t payloadSize, const std::uint
     end = Put(end, payload, payloadSize);
     end = Put(end, responseSize);
     const bool done = Exchange(static_cast<std::uint32_t>(end - link.frame.data()), responseSize, response);
-    std::fill(link.frame.data(), end, std::uint8_t{0});  // it may carry a password
+    Wipe(std::span(link.frame.data(), end));  // it may carry a password
     os::semGive(link.lock);
     return done ? 1 : 0;
 }

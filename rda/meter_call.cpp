@@ -2,12 +2,13 @@
 
 #include <cstring>
 
+#include "platform/wipe.h"
 #include "rda/client.h"
 
 MeterCall::MeterCall(const char* name) : m_name(name), m_buffer(rdaTaskBuffer()) {}
 
 MeterCall::~MeterCall() {
-    if (m_buffer != nullptr) std::memset(m_buffer, 0, m_size);
+    if (m_buffer != nullptr) Wipe(std::span(m_buffer, m_size));
 }
 
 MeterCall& MeterCall::With(std::uint32_t value) {

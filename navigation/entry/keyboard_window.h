@@ -17,6 +17,9 @@ public:
 
     static keyboardWin& getInstance();
 
+    /// The field shows dots instead of what is typed, or no longer.
+    void hideText(bool hidden) { m_entry.HideText(hidden); }
+
     /// Types "USER".
     void prefillUser();
 

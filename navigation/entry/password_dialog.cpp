@@ -4,6 +4,7 @@
 
 #include "localization/localization.h"
 #include "navigation/password_handler.h"
+#include "platform/wipe.h"
 
 namespace {
 
@@ -29,11 +30,6 @@ void CopyEntry(const char16_t* text, std::size_t longest, Entry& out) {
     for (std::size_t i = 0; text != nullptr && text[i] != 0 && i < longest && i + 1 < out.size(); ++i) {
         out[i] = static_cast<char>(text[i]);
     }
-}
-
-/// Fills with zeros, even when nobody reads them any more.
-void Wipe(Entry& entry) {
-    for (char& character : entry) static_cast<volatile char&>(character) = 0;
 }
 
 }  // namespace
@@ -64,6 +60,7 @@ void PasswordDialog::OpenEntry(State entry, std::uint32_t title) {
     m_keyboardResult = 0;
     m_frame.Open(title, kBandTitle);
     for (std::size_t key = 0; key < kEntryKeys.size(); ++key) m_frame.ShowKey(key, kEntryKeys[key]);
+    m_keyboard.hideText(entry == State::SecondEntry);
     m_screen.AddChild(m_keyboard);
 }
 

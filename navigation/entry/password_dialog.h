@@ -8,7 +8,8 @@
 /// Asks for user name and password by the on-screen keyboard and has the meter check them; a box says why not.
 ///
 /// The screen hands on its soft keys: while an entry is open, 1 to 3 move the keyboard's focus and 4 presses the key in
-/// focus; 4 also closes the box. What was typed is kept until the meter has answered, and no longer.
+/// focus; 4 also closes the box. The password is shown as dots. What was typed is kept until the meter has answered,
+/// and no longer.
 class PasswordDialog {
 public:
     PasswordDialog(PegThing& screen, SoftKeys& keys, const DialogLook& look);

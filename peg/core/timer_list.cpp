@@ -10,7 +10,7 @@ namespace {
 constexpr int kSpareTimers = 32;  // more than an application has running at a time
 }
 
-PegTimerList::PegTimerList() {
+PegTimerList::PegTimerList(std::uint32_t ticks) : m_ticks(ticks) {
     for (int i = 0; i < kSpareTimers; ++i) m_spare = new Timer{m_spare, nullptr, 0, 0, 0};
 }
 

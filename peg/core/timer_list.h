@@ -7,7 +7,8 @@ class PegThing;
 /// Toolkit timers: counts of ticks after which their owners get a MSG_TIMER with the timer's id. Toolkit task only.
 class PegTimerList {
 public:
-    PegTimerList();
+    /// @param ticks  the count to begin with, which wraps after seven years
+    explicit PegTimerList(std::uint32_t ticks = 0);
     PegTimerList(const PegTimerList&) = delete;
     PegTimerList& operator=(const PegTimerList&) = delete;
     ~PegTimerList();
@@ -40,7 +41,7 @@ private:
 
     Timer* m_first = nullptr;  // newest first
     Timer* m_spare = nullptr;  // not running
-    std::uint32_t m_ticks = 0;
+    std::uint32_t m_ticks;
 };
 
 void SetTimer(PegThing& owner, std::uint16_t id, std::int32_t count, std::int32_t reload);

@@ -18,14 +18,19 @@ public:
 
     /// Shows a text, cut to what the field takes; null: none.
     void SetText(const char16_t* text) override;
+
+    /// Shows a dot for each character from now on, or the characters again.
+    void HideText(bool hidden);
     std::size_t Length() const { return m_length; }
     bool IsFull() const { return m_length == m_longest; }
 
 private:
     void Type(int key);
-    void Wipe();
+    void Empty();
 
     std::size_t m_longest;
     std::size_t m_length = 0;
     std::unique_ptr<char16_t[]> m_typed;  // zeros behind the text
+    std::unique_ptr<char16_t[]> m_dots;   // as many as it takes
+    bool m_hidden = false;
 };

@@ -130,7 +130,7 @@ void Recorder::OnListening(bool listens) { Write({{"listens", listens}}); }
 
 void Recorder::OnCall(const meter::Frame& call, const meter::CallOutcome& outcome) {
     Json line = {{"call", call.name},
-                 {"payload", Hex(call.payload)},
+                 {"payload", Hex(meter::WithoutSecrets(call.name, call.payload))},
                  {"size", call.responseSize},
                  {"reply", Hex(outcome.reply)}};
     if (outcome.reset) line["reset"] = true;

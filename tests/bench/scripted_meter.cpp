@@ -58,6 +58,7 @@ bool ScriptedMeter::Call(std::string_view operation, std::span<const std::byte> 
     const AllocationPause theMetersOwn;
     m_calls.push_back({std::string(operation), Bytes(payload.begin(), payload.end())});
     std::fill(response.begin(), response.end(), std::byte{0});
+    if (m_callee) return m_callee(operation, payload, response);
     if (m_silent || m_failing.contains(operation)) return false;
     if (m_everyReply) return m_everyReply(payload, response);
     const auto reply = m_replies.find(operation);

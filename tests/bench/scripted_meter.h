@@ -36,6 +36,11 @@ public:
     /// From now on every call of every operation is answered so; null: as before.
     void AnswerEveryCallBy(Reply reply) { m_everyReply = std::move(reply); }
 
+    /// From now on every call goes there instead, with the operation's name.
+    using Callee = std::function<bool(std::string_view operation, std::span<const std::byte> payload,
+                                      std::span<std::byte> response)>;
+    void TakeEveryCall(Callee callee) { m_callee = std::move(callee); }
+
     /// The operation, or every operation, fails until told otherwise.
     void Fail(std::string_view operation);
     void FallSilent() { m_silent = true; }
@@ -69,6 +74,7 @@ private:
     meter::Meter m_model;
     std::map<std::string, Reply, std::less<>> m_replies;
     Reply m_everyReply;
+    Callee m_callee;
     std::set<std::string, std::less<>> m_failing;
     std::vector<CallRecord> m_calls;
     bool m_silent = false;

@@ -4,8 +4,10 @@
 #include <unistd.h>
 
 #include <memory>
+#include <span>
 
 #include "simulator/panel/board.h"
+#include "tests/bench/typist.h"
 #include "tests/end_to_end/programs.h"
 
 namespace {
@@ -157,6 +159,32 @@ TEST_F(Display, ChangesTheLanguageByKeys) {
     EXPECT_TRUE(Eventually([&] { return TitleBand() == english; })) << "the page is the one before";
     ToMeter("language 1");
     EXPECT_TRUE(Eventually([&] { return TitleBand() == german; }));
+}
+
+/// A password that was typed is in the display's memory until the meter has answered, and nowhere afterwards.
+TEST_F(Display, ForgetsAPassword) {
+    StartMeter();
+    StartDisplay();
+    ASSERT_TRUE(IsHandedOver());
+    const std::string word = FreshWord(14);
+    std::string wide;
+    for (const char sign : word) wide.append(1, sign).append(1, '\0');
+    const auto press = [this](std::span<const int> keys) {
+        for (const int key : keys) EXPECT_TRUE(FrameChanges([&] { Press(static_cast<panel::Key>(key)); }));
+    };
+    EXPECT_TRUE(FrameChanges([this] { ToMeter("navigate 1"); }));
+    press(std::vector{3, 3, 4});  // test mode
+    press(std::vector{3, 3, 4});  // Enter confirms the user
+    const std::vector<int> keys = KeysThatType(word);
+    press(std::span(keys).first(keys.size() - 1));
+    EXPECT_TRUE(display->Remembers(wide)) << "the search does not find what is there";
+    press(std::span(keys).last(1));
+    for (const std::string& secret : {word, wide}) {
+        EXPECT_FALSE(display->Remembers(secret));
+        EXPECT_EQ(display->Console().find(secret), std::string::npos);
+        EXPECT_EQ(meter->Console().find(secret), std::string::npos);
+    }
+    EXPECT_TRUE(display->IsRunning());
 }
 
 TEST_F(Display, FindsAMeterThatComesLateAndOneThatComesBack) {

@@ -10,6 +10,7 @@
 #include <unistd.h>
 
 #include <csignal>
+#include <cstdio>
 #include <cstring>
 #include <fstream>
 #include <iterator>
@@ -57,6 +58,12 @@ Program::Program(const std::string& path, const std::vector<std::string>& argume
     posix_spawn_file_actions_destroy(&actions);
 }
 
+Program::~Program() {
+    Kill();
+    std::error_code ignored;
+    std::filesystem::remove(m_console, ignored);
+}
+
 bool Program::IsRunning() {
     if (m_process > 0 && waitpid(m_process, nullptr, WNOHANG) == m_process) m_process = -1;
     return m_process > 0;
@@ -68,6 +75,25 @@ void Program::Kill() {
         waitpid(m_process, nullptr, 0);
         m_process = -1;
     }
+}
+
+bool Program::Remembers(std::string_view bytes) const {
+    const std::string folder = "/proc/" + std::to_string(m_process);
+    std::ifstream maps(folder + "/maps");
+    std::ifstream memory(folder + "/mem", std::ios::binary);
+    for (std::string line; std::getline(maps, line);) {
+        unsigned long start = 0;
+        unsigned long end = 0;
+        char writable = '-';
+        if (std::sscanf(line.c_str(), "%lx-%lx r%c", &start, &end, &writable) != 3 || writable != 'w') continue;
+        std::string region(end - start, '\0');
+        memory.clear();
+        memory.seekg(static_cast<std::streamoff>(start));
+        memory.read(region.data(), static_cast<std::streamsize>(region.size()));
+        region.resize(static_cast<std::size_t>(memory.gcount()));
+        if (region.find(bytes) != region.npos) return true;
+    }
+    return false;
 }
 
 std::string Program::Console() const {

@@ -6,6 +6,7 @@
 #include <filesystem>
 #include <functional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 /// Gives this process a network of its own, with nothing in it but a loopback interface that is up.
@@ -15,7 +16,7 @@ bool EnterOwnNetwork();
 /// Waits until something holds. @return whether it did within the time
 bool Eventually(const std::function<bool()>& holds, std::chrono::milliseconds within = std::chrono::seconds(10));
 
-/// A program that runs until this object goes. Its console is kept.
+/// A program that runs until this object goes. Its console is kept as long.
 class Program {
 public:
     /// @param environment  "NAME=value" entries beside the test's own
@@ -23,13 +24,16 @@ public:
             const std::vector<std::string>& environment = {});
     Program(const Program&) = delete;
     Program& operator=(const Program&) = delete;
-    ~Program() { Kill(); }
+    ~Program();
 
     bool IsRunning();
     pid_t Process() const { return m_process; }
 
     /// Ends the program at once.
     void Kill();
+
+    /// Whether these bytes are in the memory that it can write.
+    bool Remembers(std::string_view bytes) const;
 
     /// What it has printed so far.
     std::string Console() const;

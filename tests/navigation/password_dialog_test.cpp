@@ -59,6 +59,18 @@ TEST_F(PasswordDialogTest, AsksForUserAndPasswordAndEntersTestMode) {
     EXPECT_EQ(Navigation().getDisplayMode(), DISPLAY_MODE_NORMAL);
 }
 
+TEST_F(PasswordDialogTest, ShowsHowManySignsAPasswordHasAndNotWhich) {
+    Press(KEY_SOFT_4);
+    PressKey(kKeyEnter);
+    for (const std::string_view word : {"12ab", "1111", "wimj", "...."}) {
+        for (int i = 0; i < 4; ++i) PressKey(kKeyBackspace);
+        for (const char sign : word) PressKey(static_cast<std::uint16_t>(sign));
+        FocusKey(kKeyEnter);
+        Pump();
+        EXPECT_TRUE(PanelShows("dialogs/password_of_four")) << word;
+    }
+}
+
 TEST_F(PasswordDialogTest, IsWorkedByTheSoftKeysAlone) {
     Press(KEY_SOFT_4);
     Press(KEY_SOFT_3, 2);

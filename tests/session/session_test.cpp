@@ -4,6 +4,7 @@
 #include <nlohmann/json.hpp>
 #include <sstream>
 
+#include "tests/bench/typist.h"
 #include "tests/session/shell.h"
 
 namespace {
@@ -129,6 +130,45 @@ TEST_F(Session, GarbageOnTheLinkBringsNoScreenDownAndIsReplayed) {
     EXPECT_EQ(outcome.status, 0) << outcome.talk;
     EXPECT_NE(outcome.talk.find("navigate 201 -> ok"), std::string::npos) << outcome.talk;
     EXPECT_EQ(Run("--replay " + Path("garbage")).status, 0);
+}
+
+TEST_F(Session, WritesNoTypedPasswordIntoARecordingAndReplaysItStill) {
+    const std::string word = FreshWord(12);
+    std::vector<int> keys = {3, 3, 4, 3, 3, 4};  // to test mode, and Enter for the user
+    std::ranges::copy(KeysThatType(word), std::back_inserter(keys));
+    std::ofstream script(Path("script"));
+    script << "0.1 navigate 1\n";
+    for (std::size_t i = 0; i < keys.size(); ++i)
+        script << 0.2 + 0.1 * static_cast<double>(i) << " press soft" << keys[i] << '\n';
+    script.close();
+    const Outcome outcome = Run("--seconds 20 --record " + Path("rec") + " --script " + Path("script"));
+    ASSERT_EQ(outcome.status, 0) << outcome.talk;
+    const std::string recording = ContentOf(Path("rec"));
+    std::string hex;
+    for (const char sign : word) hex += "3" + std::string(1, "0123456789abcdef"[sign & 15]);
+    EXPECT_NE(recording.find("5553455200"
+                             "2a2a2a2a2a2a2a2a00"),
+              std::string::npos)
+        << "the meter was not asked";
+    for (const std::string& secret : {word, hex}) EXPECT_EQ(recording.find(secret), std::string::npos);
+    EXPECT_EQ(Run("--replay " + Path("rec")).status, 0);
+}
+
+/// The link waits some seconds before it tries an absent meter again, while the count of seconds leaves 31 or 32 bits.
+TEST_F(Session, FindsItsMeterAgainInTheYears2038And2106) {
+    std::ofstream(Path("script")) << "5 fault absent\n12 fault none\n";
+    for (const char* start : {"2147483637", "4294967285"}) {
+        const Outcome outcome = Run("--start " + std::string(start) + " --seconds 40 --record " + Path("rec") +
+                                    " --script " + Path("script"));
+        ASSERT_EQ(outcome.status, 0) << outcome.talk;
+        int calls = 0;
+        std::istringstream lines(ContentOf(Path("rec")));
+        for (std::string text; std::getline(lines, text);) {
+            const auto line = nlohmann::json::parse(text);
+            calls += line.contains("call") && line["t"] > 30'000 && !line["reply"].empty() ? 1 : 0;
+        }
+        EXPECT_GT(calls, 20) << "from " << start;
+    }
 }
 
 TEST_F(Session, RefusesWhatIsNoWholeRecording) {

@@ -84,4 +84,23 @@ TEST(Codec, TextsSurviveTheWayThere) {
     EXPECT_EQ(FromUtf8("a\u20ACb"), "a?b");
 }
 
+TEST(Codec, WritesNoSecretDown) {
+    const std::string_view operation = "SECURITYINTERFACE_verifyFrontPanelPassword";
+    std::vector<std::string> arguments = {"USER", "open sesame"};
+    const auto payload = EncodeArguments(*FindMeterOperation(operation), arguments);
+    EXPECT_EQ(DecodePayload(*FindMeterOperation(operation), payload).dump(),
+              R"({"userName":"USER","password":"********"})");
+    const auto textOf = [](std::span<const std::byte> bytes) {
+        return std::string(reinterpret_cast<const char*>(bytes.data()), bytes.size());
+    };
+    EXPECT_EQ(textOf(WithoutSecrets(operation, payload)), std::string("USER\0********\0", 14));
+    for (std::size_t cut = 0; cut < payload.size(); ++cut) {
+        const std::string shown = textOf(WithoutSecrets(operation, std::span(payload).first(cut)));
+        EXPECT_EQ(shown.find('o'), shown.npos) << "cut after " << cut;
+    }
+    arguments = {"54", "7"};
+    const auto write = EncodeArguments(*FindMeterOperation("PDMINTERFACE_setRegisterValue"), arguments);
+    EXPECT_EQ(WithoutSecrets("PDMINTERFACE_setRegisterValue", write), write);
+}
+
 }  // namespace

@@ -15,6 +15,7 @@ using Bytes = std::span<const std::byte>;
 
 constexpr std::uint64_t kMaxReply = 256 * 1024;
 constexpr std::size_t kMaxHex = 64;
+constexpr std::string_view kInsteadOfSecret = "********";
 
 template <typename Number>
 auto NumberIn(Bytes bytes) {
@@ -154,7 +155,7 @@ Json DecodePayload(const Signature& signature, std::span<const std::byte> payloa
             const auto end = std::ranges::find(payload, std::byte{0});
             if (end == payload.end()) break;
             const auto length = static_cast<std::size_t>(end - payload.begin());
-            object[argument.name] = TextOf(payload.first(length));
+            object[argument.name] = argument.secret ? std::string(kInsteadOfSecret) : TextOf(payload.first(length));
             payload = payload.subspan(length + 1);
             continue;
         }
@@ -164,6 +165,24 @@ Json DecodePayload(const Signature& signature, std::span<const std::byte> payloa
         payload = payload.subspan(sizeof(WireU32));
     }
     return object;
+}
+
+std::vector<std::byte> WithoutSecrets(std::string_view operation, std::span<const std::byte> payload) {
+    const Signature* signature = FindMeterOperation(operation);
+    const bool hasSecret = signature != nullptr && std::ranges::any_of(signature->Arguments(), &Argument::secret);
+    if (!hasSecret) return {payload.begin(), payload.end()};
+    // Such a call consists of texts, as the table of operations proves; one that was cut off ends with the payload.
+    std::vector<std::byte> shown;
+    for (const Argument& argument : signature->Arguments()) {
+        const auto end = std::ranges::find(payload, std::byte{0});
+        const auto text = payload.first(static_cast<std::size_t>(end - payload.begin()));
+        const auto written = argument.secret ? std::as_bytes(std::span(kInsteadOfSecret)) : text;
+        shown.insert(shown.end(), written.begin(), written.end());
+        if (end == payload.end()) break;
+        shown.push_back(std::byte{0});
+        payload = payload.subspan(text.size() + 1);
+    }
+    return shown;
 }
 
 Json DecodeReply(const Signature& signature, std::span<const std::byte> reply) {

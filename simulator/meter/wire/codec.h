@@ -24,8 +24,12 @@ std::vector<std::byte> EncodeArguments(const Signature& signature, std::span<con
 /// @throws std::invalid_argument when they are more than any reply may have
 std::uint32_t ReplySize(const Signature& signature, std::span<const std::byte> payload);
 
-/// The arguments in a payload, by name; what a short or overlong payload lacks is left out.
+/// The arguments in a payload, by name; what a short or overlong payload lacks is left out, and in the place of secrets
+/// stand asterisks.
 Json DecodePayload(const Signature& signature, std::span<const std::byte> payload);
+
+/// The payload as it may be written down: asterisks, always as many, in the place of secrets.
+std::vector<std::byte> WithoutSecrets(std::string_view operation, std::span<const std::byte> payload);
 
 /// A reply: an object, or for several records an array of objects. Fields that a cut reply lacks are left out.
 Json DecodeReply(const Signature& signature, std::span<const std::byte> reply);

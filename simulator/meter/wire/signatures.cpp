@@ -44,7 +44,7 @@ constexpr auto kOperations = std::to_array<Signature>({
     {"SECURITYINTERFACE_getHwLockStatus",            "whether the lock on the housing is closed", {}, Answers("status")},
     {"SECURITYINTERFACE_resetFactoryAccessTimeout",  "prolongs the factory's access"},
     {"SECURITYINTERFACE_getFrontPanelAccessRights",  "what the front panel may do", {}, One(layout::kAccessRights)},
-    {"SECURITYINTERFACE_verifyFrontPanelPassword",   "logs a user in; 0 is accepted", {{{"userName", Text}, {"password", Text}}}, Answers("result")},
+    {"SECURITYINTERFACE_verifyFrontPanelPassword",   "logs a user in; 0 is accepted", {{{"userName", Text}, {"password", Text, true}}}, Answers("result")},
     {"SECURITYINTERFACE_clearFrontPanelPassword",    "logs the user out"},
     {"PQINTERFACE_getPhasorData",                    "voltage and current phasors", {{{"count"}}}, Many(layout::kPhasorEntry, 0)},
     {"PQINTERFACE_getHarmonicData",                  "the spectrum of a channel, and one harmonic", {{{"channel"}, {"harmonic"}}}, One(layout::kHarmonicData)},
@@ -93,7 +93,10 @@ static_assert(kCommands.size() == 15);
 
 constexpr bool IsSound(const Signature& row) {
     const bool counted = row.reply.shape == ReplyShape::Records || row.reply.shape == ReplyShape::Text;
-    return !counted || row.reply.countArgument < row.Arguments().size();
+    const bool hasSecret = std::ranges::any_of(row.Arguments(), &Argument::secret);
+    const bool hasTextsOnly = std::ranges::all_of(
+        row.Arguments(), [](const Argument& argument) { return argument.type == ArgumentType::Text; });
+    return (!counted || row.reply.countArgument < row.Arguments().size()) && (!hasSecret || hasTextsOnly);
 }
 static_assert(std::ranges::all_of(kOperations, IsSound) && std::ranges::all_of(kCommands, IsSound));
 

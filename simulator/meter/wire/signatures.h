@@ -17,6 +17,7 @@ enum class ArgumentType : std::uint8_t { Number, Decimal, Text };
 struct Argument {
     std::string_view name;
     ArgumentType type = ArgumentType::Number;
+    bool secret = false;  // a text that is written down nowhere
 };
 
 enum class ReplyShape : std::uint8_t {
