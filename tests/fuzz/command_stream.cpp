@@ -1,7 +1,7 @@
 #include <algorithm>
 #include <span>
 
-#include "fuzz/target.h"
+#include "tests/fuzz/target.h"
 #include "rda/command_server.h"
 #include "rda/server.h"
 #include "rda/tcp_acceptor.h"

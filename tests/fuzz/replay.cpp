@@ -3,7 +3,7 @@
 #include <iterator>
 #include <vector>
 
-#include "fuzz/target.h"
+#include "tests/fuzz/target.h"
 
 // Runs every file of the named folders through the target: what once was found stays mended.
 

@@ -1,4 +1,4 @@
-#include "fuzz/target.h"
+#include "tests/fuzz/target.h"
 #include "peg/core/toolkit.h"
 #include "peg/resources/resources.h"
 #include "tests/bench/toolkit_bench.h"

@@ -2,7 +2,7 @@
 #include <array>
 #include <cstdlib>
 
-#include "fuzz/target.h"
+#include "tests/fuzz/target.h"
 #include "navigation/entry/masked_value.h"
 
 namespace {

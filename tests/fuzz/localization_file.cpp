@@ -1,6 +1,6 @@
 #include <array>
 
-#include "fuzz/target.h"
+#include "tests/fuzz/target.h"
 #include "localization/localization.h"
 
 namespace {

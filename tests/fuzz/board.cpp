@@ -4,7 +4,7 @@
 #include <fstream>
 #include <string>
 
-#include "fuzz/target.h"
+#include "tests/fuzz/target.h"
 
 namespace {
 

@@ -2,7 +2,7 @@
 #include <array>
 
 #include "app/application.h"
-#include "fuzz/target.h"
+#include "tests/fuzz/target.h"
 #include "tests/bench/panel_bench.h"
 
 namespace {
