@@ -1,18 +1,22 @@
 #include <algorithm>
 #include <span>
 
-#include "tests/fuzz/target.h"
 #include "rda/command_server.h"
 #include "rda/server.h"
 #include "rda/tcp_acceptor.h"
+#include "tests/fuzz/target.h"
 
-// The command server on a connection that brings the input and nothing else. The stream and its acceptor stand in for
-// those of the link.
+// The command server on a connection that brings the input, in pieces, and nothing else. The stream and its acceptor
+// stand in for those of the link.
 
 namespace {
 
-std::span<const std::uint8_t> input;  // what the client has yet to send
-std::uint32_t sum = 0;                // of what was commanded, so that every argument is read
+using Bytes = std::span<const std::uint8_t>;
+
+Bytes toCome;               // what the client has yet to send
+Bytes pieces;               // how long each of its pieces is; the last brings the rest
+std::size_t pieceLeft = 0;  // of the piece that is read
+std::uint32_t sum = 0;      // of what was commanded, so that every argument is read
 
 void Note(std::uint32_t word) { sum += word; }
 
@@ -51,9 +55,14 @@ std::int32_t vxTCPStream::send(const std::uint8_t* data, std::uint32_t length) {
 }
 std::int32_t vxTCPStream::receive(std::uint8_t* data, std::uint32_t length) { return receive(data, length, 0); }
 std::int32_t vxTCPStream::receive(std::uint8_t* data, std::uint32_t length, std::uint32_t) {
-    const auto part = input.first(std::min<std::size_t>(length, input.size()));
+    if (pieceLeft == 0) {
+        pieceLeft = pieces.empty() ? toCome.size() : pieces.front();
+        pieces = pieces.subspan(pieces.empty() ? 0 : 1);
+    }
+    const Bytes part = toCome.first(std::min({std::size_t{length}, pieceLeft, toCome.size()}));
     std::ranges::copy(part, data);
-    input = input.subspan(part.size());
+    toCome = toCome.subspan(part.size());
+    pieceLeft -= part.size();
     return part.empty() ? -1 : static_cast<std::int32_t>(part.size());
 }
 void vxTCPStream::close() {}
@@ -65,13 +74,24 @@ std::int32_t vxTCPAcceptor::start() { return 0; }
 void vxTCPAcceptor::stop() {}
 vxTCPStream* vxTCPAcceptor::accept(std::uint32_t) { return &m_stream; }
 
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-    static RdaServer& server = []() -> RdaServer& {
-        auto& made = *new RdaServer;
-        registerDisplayCommands(made, kCommands);
-        return made;
-    }();
-    input = {data, size};
-    server.serve(0, nullptr, 0, 0);
-    return 0;
+namespace {
+RdaServer* server = nullptr;
+}
+
+/// The server works in buffers of its own; the console takes one with its first line.
+const MemoryBound kMemoryBound = {.bytes = 4096, .perByte = 0};
+
+void Prepare() {
+    server = new RdaServer;
+    registerDisplayCommands(*server, kCommands);
+}
+
+/// First byte: the number of cuts; then the length of the piece before each; then the stream.
+void Take(Bytes input) {
+    if (input.empty()) return;
+    const std::size_t cuts = std::min<std::size_t>(input.front(), input.size() - 1);
+    pieces = input.subspan(1, cuts);
+    toCome = input.subspan(1 + cuts);
+    pieceLeft = 0;
+    server->serve(0, nullptr, 0, 0);
 }

@@ -1,15 +1,20 @@
 #include <array>
 
-#include "tests/fuzz/target.h"
 #include "localization/localization.h"
+#include "tests/fuzz/memory_board.h"
+#include "tests/fuzz/target.h"
 
 namespace {
 constexpr std::uint32_t kSelections = 4;  // of languages, labels and symbols, one too many for most files
 }
 
+const MemoryBound kMemoryBound = {.bytes = 256 * 1024, .perByte = 16};
+
+void Prepare() {}
+
 /// Reads a localisation file and looks texts up in all that it offers.
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-    PutOnBoard("/romfs/localization.dat", data, size);
+void Take(std::span<const std::uint8_t> input) {
+    PutOnBoard("/romfs/localization.dat", input);
     localizationClass& texts = kernelDispClass::getInstance();
     localizationClass::unload();
     localizationClass::load();
@@ -21,5 +26,4 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         std::array<char16_t, 8> cut;
         static_cast<void>(texts.translateInto("Voltage", cut));
     }
-    return 0;
 }

@@ -2,8 +2,8 @@
 #include <array>
 
 #include "app/application.h"
-#include "tests/fuzz/target.h"
 #include "tests/bench/panel_bench.h"
+#include "tests/fuzz/target.h"
 
 namespace {
 
@@ -48,10 +48,13 @@ private:
     std::span<const std::uint8_t> m_rest;
 };
 
+Panel* panel = nullptr;
+
 }  // namespace
 
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-    static Panel& panel = *new Panel;
-    panel.Walk({data, size});
-    return 0;
-}
+/// What a screen needs for its data it has from the start; beside that there are pop-ups and lists.
+const MemoryBound kMemoryBound = {.bytes = 1024 * 1024, .perByte = 0};
+
+void Prepare() { panel = new Panel; }
+
+void Take(std::span<const std::uint8_t> input) { panel->Walk(input); }

@@ -1,7 +1,8 @@
-#include "tests/fuzz/target.h"
 #include "peg/core/toolkit.h"
 #include "peg/resources/resources.h"
 #include "tests/bench/toolkit_bench.h"
+#include "tests/fuzz/memory_board.h"
+#include "tests/fuzz/target.h"
 
 namespace {
 
@@ -19,7 +20,7 @@ public:
                 PegResources::InstallResourceSet(*set, false);
             }
         }
-        m_canvas.Draw();
+        m_canvas.Paint();
         for (std::uint32_t language = 0; language < kLanguages; ++language) {
             PegResources::SetLanguage(language);
             for (std::uint32_t number = 0; number < kStrings; ++number) {
@@ -36,7 +37,7 @@ private:
     class Canvas : public PegThing {
     public:
         Canvas() : PegThing(RectOf(0, 0, 319, 239)) {}
-        void Draw() {
+        void Paint() {
             toolkit.screen->BeginDraw(*this, Real(), -1);
             for (std::uint32_t number = 0; number < PegResources::BitmapTableSize(); ++number) {
                 if (const PegBitmap* bitmap = PegResources::GetBitmap(number)) {
@@ -59,11 +60,16 @@ private:
     Canvas m_canvas;
 };
 
+Reader* reader = nullptr;
+
 }  // namespace
 
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-    static Reader& reader = *new Reader;
-    PutOnBoard(kPath, data, size);
-    reader.Read();
-    return 0;
+/// What is packed in the file may be a thousand times as long.
+const MemoryBound kMemoryBound = {.bytes = 1024 * 1024, .perByte = 4 * 1040};
+
+void Prepare() { reader = new Reader; }
+
+void Take(std::span<const std::uint8_t> input) {
+    PutOnBoard(kPath, input);
+    reader->Read();
 }

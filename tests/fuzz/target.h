@@ -2,10 +2,20 @@
 
 #include <cstddef>
 #include <cstdint>
-#include <filesystem>
+#include <span>
 
-/// What a fuzz target does with one input. @return 0
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size);
+// What a fuzz target brings along. The guard gives it one input after the other and watches the time and the memory
+// that each takes: see guard.cpp.
 
-/// A board of this process whose file at `path` has these bytes; `path` is as the display names it.
-void PutOnBoard(const char* path, const std::uint8_t* data, std::size_t size);
+/// The memory that one input may occupy at a time beside what was there before.
+struct MemoryBound {
+    std::size_t bytes;    // whatever the input
+    std::size_t perByte;  // and for each byte of it
+};
+extern const MemoryBound kMemoryBound;
+
+/// Makes ready what all inputs share.
+void Prepare();
+
+/// Reads one input as the target's reader would from outside.
+void Take(std::span<const std::uint8_t> input);

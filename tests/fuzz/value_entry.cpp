@@ -2,8 +2,8 @@
 #include <array>
 #include <cstdlib>
 
-#include "tests/fuzz/target.h"
 #include "navigation/entry/masked_value.h"
+#include "tests/fuzz/target.h"
 
 namespace {
 
@@ -22,10 +22,14 @@ void Check(const MaskedValue& value) {
 
 }  // namespace
 
+const MemoryBound kMemoryBound = {.bytes = 0, .perByte = 0};
+
+void Prepare() {}
+
 /// First byte: a mask of the table, or the length of one of its own; then a text of that many bytes as the next byte
 /// says, then keys.
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-    std::string_view rest(reinterpret_cast<const char*>(data), size);
+void Take(std::span<const std::uint8_t> input) {
+    std::string_view rest(reinterpret_cast<const char*>(input.data()), input.size());
     const auto take = [&rest](std::size_t count) {
         const std::string_view taken = rest.substr(0, count);
         rest.remove_prefix(taken.size());
@@ -38,7 +42,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     const unsigned choice = byte();
     MaskedValue value;
     const std::string_view mask = choice < kMasks.size() ? kMasks[choice] : take(choice % 24);
-    if (value.setMask(mask) != EntryResult::Accepted) return 0;
+    if (value.setMask(mask) != EntryResult::Accepted) return;
     static_cast<void>(value.setValue(take(byte() % 32)));
     Check(value);
     for (const char key : rest) {
@@ -49,5 +53,4 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         }
         Check(value);
     }
-    return 0;
 }
