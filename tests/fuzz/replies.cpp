@@ -1,60 +1,52 @@
 #include <algorithm>
-#include <array>
 
-#include "app/application.h"
-#include "tests/bench/panel_bench.h"
+#include "tests/fuzz/panel_walk.h"
 #include "tests/fuzz/target.h"
 
 namespace {
 
-constexpr std::int32_t kNeutral = 1;
-constexpr int kTicks = 21;  // a refresh
-constexpr std::array<KeyCode, 6> kKeys = {KEY_SOFT_1, KEY_SOFT_2, KEY_SOFT_3, KEY_SOFT_4, KEY_SOFT_2_3, KEY_HOME};
+using Bytes = std::span<const std::uint8_t>;
 
-/// The whole application with a meter whose answers are the input: to each call the next bytes of it, and zeros once
-/// they are used up.
-class Panel : public PanelBench {
-public:
-    Panel() { BuildApplication(Manager()); }
+constexpr std::size_t kHead = 3;
+constexpr std::size_t kMostActs = 15;
 
-    void Walk(std::span<const std::uint8_t> bytes) {
-        if (bytes.size() < kHead) return;
-        const std::int32_t screen = bytes[0] % (kLastCommandedScreen + 1);
-        const std::span keys = bytes.subspan(1, kHead - 1);
-        m_rest = bytes.subspan(kHead);
-        meter().AnswerEveryCallBy([this](auto, std::span<std::byte> response) { return Answer(response); });
-        meter().ForgetCalls();
-        Show(screen);
-        Ticks(kTicks);
-        for (const std::uint8_t key : keys) {
-            Press(kKeys[key % kKeys.size()]);
-            Ticks(1);
-        }
-        m_rest = {};
-        Show(kNeutral);
-    }
+/// What the meter has yet to answer: to each call the next bytes, and zeros once they are used up.
+struct Answers {
+    Bytes rest;
+    unsigned untilBreak;  // calls until one breaks off half-way; 0: none does
 
-private:
-    static constexpr std::size_t kHead = 4;  // a screen and three keys
-
-    bool Answer(std::span<std::byte> response) {
-        const auto part = m_rest.first(std::min(response.size(), m_rest.size()));
+    bool Give(std::span<std::byte> response) {
+        const bool breaks = untilBreak != 0 && --untilBreak == 0;
+        const std::size_t whole = std::min(response.size(), rest.size());
+        const Bytes part = rest.first(breaks ? whole / 2 : whole);
         std::ranges::copy(std::as_bytes(part), response.begin());
-        m_rest = m_rest.subspan(part.size());
-        return true;
+        rest = rest.subspan(part.size());
+        return !breaks;
     }
-    void TestBody() override {}
-
-    std::span<const std::uint8_t> m_rest;
 };
 
-Panel* panel = nullptr;
+PanelWalk* walk = nullptr;
+Answers answers;
 
 }  // namespace
 
-/// What a screen needs for its data it has from the start; beside that there are pop-ups and lists.
+/// Screens are there from the start; pop-ups, lists and what the bench notes of calls come with the input.
 const MemoryBound kMemoryBound = {.bytes = 1024 * 1024, .perByte = 0};
 
-void Prepare() { panel = new Panel; }
+void Prepare() {
+    walk = new PanelWalk;
+    PanelWalk::meter().AnswerEveryCallBy([](auto, std::span<std::byte> response) { return answers.Give(response); });
+}
 
-void Take(std::span<const std::uint8_t> input) { panel->Walk(input); }
+/// First byte: a screen; then which call breaks off, and how many acts follow; then these; then the replies.
+void Take(Bytes input) {
+    if (input.size() < kHead) return;
+    const std::size_t acts = std::min(input[2] % (kMostActs + 1), input.size() - kHead);
+    PanelWalk::meter().ForgetCalls();
+    answers = {input.subspan(kHead + acts), input[1]};
+    walk->Enter(input[0] % (kLastCommandedScreen + 1));
+    for (const std::uint8_t act : input.subspan(kHead, acts))
+        walk->Do(static_cast<PanelWalk::Act>(act % PanelWalk::kActs));
+    answers = {};
+    walk->Leave();
+}
