@@ -110,7 +110,8 @@ Recording Recording::Read(const std::filesystem::path& path) {
 
 Recording Recording::Read(std::istream& text, const std::string& name) {
     Recording recording;
-    auto last = std::make_shared<const panel::Frame>();
+    static const auto kDark = std::make_shared<const panel::Frame>();
+    std::shared_ptr<const panel::Frame> last = kDark;
     std::string lineText;
     for (int number = 1; std::getline(text, lineText); ++number) {
         try {

@@ -16,7 +16,6 @@ void Prepare() {}
 void Take(std::span<const std::uint8_t> input) {
     PutOnBoard("/romfs/localization.dat", input);
     localizationClass& texts = kernelDispClass::getInstance();
-    localizationClass::unload();
     localizationClass::load();
     for (std::uint32_t selection = 0; selection < kSelections; ++selection) {
         texts.setLanguage(selection);
@@ -26,4 +25,5 @@ void Take(std::span<const std::uint8_t> input) {
         std::array<char16_t, 8> cut;
         static_cast<void>(texts.translateInto("Voltage", cut));
     }
+    localizationClass::unload();
 }
