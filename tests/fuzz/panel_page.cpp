@@ -16,11 +16,9 @@
 
 namespace {
 
-constexpr timeval kPatience{2, 0};   // with a server that does not answer
-constexpr timeval kMoment{0, 5000};  // in which it usually ends a connection that its client has ended
-constexpr linger kResetOnClose{1, 0};
-constexpr char kAuthority = 1;  // stands for this server's name and port, which differ from run to run
-constexpr char kCut = 2;        // what follows is sent by itself
+constexpr timeval kPatience{2, 0};  // with the server
+constexpr char kAuthority = 1;      // stands for this server's name and port, which differ from run to run
+constexpr char kCut = 2;            // what follows is sent by itself
 constexpr char kFinalText = static_cast<char>(0x81);
 constexpr char kMasked = static_cast<char>(0x80);
 constexpr std::size_t kLongestMessage = 125;  // that has its length in one byte
@@ -31,9 +29,6 @@ enum class Way : std::uint8_t { Http, Frames, Messages };
 constexpr std::string_view kUpgrade =
     "GET /live HTTP/1.1\r\nHost: \x01\r\nUpgrade: websocket\r\nConnection: Upgrade\r\n"
     "Sec-WebSocket-Key: dGhlIHNhbXBsZSBub25jZQ==\r\nSec-WebSocket-Version: 13\r\n\r\n\x02";
-
-/// A request that is refused at once, with the end of the connection.
-constexpr std::string_view kForeign = "GET / HTTP/1.1\r\nHost: elsewhere\r\n\r\n";
 
 /// The lines of a text, each as a message of a viewer.
 std::string MessagesOf(std::string_view lines) {
@@ -47,26 +42,21 @@ std::string MessagesOf(std::string_view lines) {
     return frames;
 }
 
-/// A board with its page on a free port.
+/// A board with its page on a free port, and no meter.
 class Page {
 public:
     Page() { std::filesystem::remove_all(m_folder); }  // what is open stays open, and nothing is left behind
 
     void Hear(std::string_view text) {
-        const Descriptor connection = Connect(kMoment);
+        const Descriptor connection = Connect();
         while (!text.empty()) {
             const std::string_view piece = text.substr(0, text.find(kCut));
             text.remove_prefix(std::min(piece.size() + 1, text.size()));
             Send(connection, piece);
         }
         ::shutdown(connection.Get(), SHUT_WR);
-        if (Ends(connection)) return;
-        // It waits for the rest of a request, which it may for seconds; meanwhile it is there for others.
-        ::setsockopt(connection.Get(), SOL_SOCKET, SO_LINGER, &kResetOnClose, sizeof kResetOnClose);
-        const Descriptor other = Connect(kPatience);
-        Send(other, kForeign);
-        if (Ends(other)) return;
-        std::fprintf(stderr, "the page's server does not answer\n");
+        if (IsEnded(connection)) return;
+        std::fprintf(stderr, "the page's server does not hang up on who has hung up\n");
         std::abort();
     }
 
@@ -76,11 +66,11 @@ private:
         if (mkdtemp(pattern.data()) == nullptr) std::abort();
         return pattern;
     }
-    Descriptor Connect(timeval patience) const {
+    Descriptor Connect() const {
         Descriptor connection(::socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC, 0));
         const int on = 1;
         ::setsockopt(connection.Get(), IPPROTO_TCP, TCP_NODELAY, &on, sizeof on);
-        ::setsockopt(connection.Get(), SOL_SOCKET, SO_RCVTIMEO, &patience, sizeof patience);
+        ::setsockopt(connection.Get(), SOL_SOCKET, SO_RCVTIMEO, &kPatience, sizeof kPatience);
         if (::connect(connection.Get(), reinterpret_cast<const sockaddr*>(&m_address), sizeof m_address) != 0)
             std::abort();
         return connection;
@@ -93,8 +83,8 @@ private:
         }
         ::send(connection.Get(), bytes.data(), bytes.size(), MSG_NOSIGNAL);  // it may have hung up
     }
-    /// Whether the server hangs up before it is silent for long.
-    static bool Ends(const Descriptor& connection) {
+    /// Whether the server hangs up in time.
+    static bool IsEnded(const Descriptor& connection) {
         static std::array<char, 256 * 1024> answer;
         ssize_t size = 1;
         while (size > 0) size = ::recv(connection.Get(), answer.data(), answer.size(), 0);
@@ -103,7 +93,7 @@ private:
 
     std::filesystem::path m_folder = MakeFolder();
     panel::Board m_board{m_folder};
-    panel::Server m_server{m_board, 0, ""};
+    panel::Server m_server{m_board, 0, m_folder / "meter"};  // where nobody answers
     std::string m_authority = "127.0.0.1:" + std::to_string(m_server.Port());
     sockaddr_in m_address = {.sin_family = AF_INET,
                              .sin_port = htons(static_cast<std::uint16_t>(m_server.Port())),
