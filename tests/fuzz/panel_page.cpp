@@ -16,7 +16,7 @@
 
 namespace {
 
-constexpr timeval kPatience{2, 0};  // with the server
+constexpr timeval kPatience{4, 0};  // less than the server has with requests that do not end
 constexpr char kAuthority = 1;      // stands for this server's name and port, which differ from run to run
 constexpr char kCut = 2;            // what follows is sent by itself
 constexpr char kFinalText = static_cast<char>(0x81);
@@ -47,7 +47,8 @@ class Page {
 public:
     Page() { std::filesystem::remove_all(m_folder); }  // what is open stays open, and nothing is left behind
 
-    void Hear(std::string_view text) {
+    /// Sends the text and hangs up. @return whether the server did so too
+    bool Hear(std::string_view text) {
         const Descriptor connection = Connect();
         while (!text.empty()) {
             const std::string_view piece = text.substr(0, text.find(kCut));
@@ -55,9 +56,7 @@ public:
             Send(connection, piece);
         }
         ::shutdown(connection.Get(), SHUT_WR);
-        if (IsEnded(connection)) return;
-        std::fprintf(stderr, "the page's server does not hang up on who has hung up\n");
-        std::abort();
+        return IsEnded(connection);
     }
 
 private:
@@ -113,10 +112,14 @@ void Prepare() { page = new Page; }
 /// First byte: the way; then what is sent on a connection of its own.
 void Take(std::span<const std::uint8_t> input) {
     if (input.empty()) return;
-    const std::string rest(input.begin() + 1, input.end());
+    std::string bytes(input.begin() + 1, input.end());
     switch (static_cast<Way>(input.front() % 3)) {
-        case Way::Http: page->Hear(rest); break;
-        case Way::Frames: page->Hear(std::string(kUpgrade) + rest); break;
-        case Way::Messages: page->Hear(std::string(kUpgrade) + MessagesOf(rest)); break;
+        case Way::Http: break;
+        case Way::Frames: bytes = std::string(kUpgrade) + bytes; break;
+        case Way::Messages: bytes = std::string(kUpgrade) + MessagesOf(bytes); break;
     }
+    // A busy machine may hold it up once.
+    if (page->Hear(bytes) || page->Hear(bytes)) return;
+    std::fprintf(stderr, "the page's server does not hang up on who has hung up\n");
+    std::abort();
 }
