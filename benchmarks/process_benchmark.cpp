@@ -3,6 +3,7 @@
 
 #include <fcntl.h>
 #include <poll.h>
+#include <sched.h>
 #include <sys/inotify.h>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -129,6 +130,13 @@ void MeasureStart(Board& board) {
     Print("resident memory at the splash", resident, "MB", 8);
 }
 
+/// Has a process run before whatever else this machine does, as far as that is allowed: meant is an idle machine.
+void RunBeforeOthers(pid_t process) {
+    sched_param urgency{};
+    urgency.sched_priority = sched_get_priority_max(SCHED_FIFO);
+    sched_setscheduler(process, SCHED_FIFO | SCHED_RESET_ON_FORK, &urgency);
+}
+
 /// Presses a key that changes the screen. @return how long its release took to reach the device
 std::optional<double> MeasureKey(Board& board) {
     board.Send(panel::Key::Home, 0);
@@ -151,6 +159,8 @@ bool MeasureLive(Board& board) {
     const double share = (ProcessorTime(*display) - before) / std::chrono::duration<double>(kWatched).count();
     Print("processor time on a live screen", 100 * share, "%", 0.2);
     std::vector<double> keys;
+    RunBeforeOthers(meter.Process());
+    RunBeforeOthers(getpid());
     while (keys.size() < kKeys) {
         const auto time = MeasureKey(board);
         if (!time) return false;
