@@ -16,9 +16,10 @@
 
 namespace {
 
-constexpr timeval kPatience{4, 0};  // less than the server has with requests that do not end
-constexpr char kAuthority = 1;      // stands for this server's name and port, which differ from run to run
-constexpr char kCut = 2;            // what follows is sent by itself
+constexpr timeval kPatience{4, 0};          // less than the server has with requests that do not end
+constexpr std::uint32_t kAddresses = 4096;  // of this machine to itself
+constexpr char kAuthority = 1;              // stands for this server's name and port, which differ from run to run
+constexpr char kCut = 2;                    // what follows is sent by itself
 constexpr char kFinalText = static_cast<char>(0x81);
 constexpr char kMasked = static_cast<char>(0x80);
 constexpr std::size_t kLongestMessage = 125;  // that has its length in one byte
@@ -65,8 +66,13 @@ private:
         if (mkdtemp(pattern.data()) == nullptr) std::abort();
         return pattern;
     }
-    Descriptor Connect() const {
+    /// Each time from another address, as an ended connection keeps its port for a minute.
+    Descriptor Connect() {
         Descriptor connection(::socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC, 0));
+        sockaddr_in own = m_address;
+        own.sin_port = 0;
+        own.sin_addr.s_addr = htonl(INADDR_LOOPBACK + ++m_connections % kAddresses);
+        if (::bind(connection.Get(), reinterpret_cast<const sockaddr*>(&own), sizeof own) != 0) std::abort();
         const int on = 1;
         ::setsockopt(connection.Get(), IPPROTO_TCP, TCP_NODELAY, &on, sizeof on);
         ::setsockopt(connection.Get(), SOL_SOCKET, SO_RCVTIMEO, &kPatience, sizeof kPatience);
@@ -90,6 +96,7 @@ private:
         return size == 0 || errno == ECONNRESET;
     }
 
+    std::uint32_t m_connections = 0;
     std::filesystem::path m_folder = MakeFolder();
     panel::Board m_board{m_folder};
     panel::Server m_server{m_board, 0, m_folder / "meter"};  // where nobody answers
