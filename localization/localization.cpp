@@ -52,7 +52,8 @@ void ReverseHash::Build(const LocalizationContent& content) {
         const char16_t* text = content.strings.Find(0, number);
         if (text == nullptr) continue;
         std::size_t slot = SlotOf(text);
-        while (m_slots[slot].text != nullptr) slot = Following(slot);
+        while (m_slots[slot].text != nullptr && std::u16string_view(m_slots[slot].text) != text) slot = Following(slot);
+        if (m_slots[slot].text != nullptr) continue;
         m_slots[slot] = {text, number};
         --room;
     }

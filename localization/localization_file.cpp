@@ -8,10 +8,10 @@ namespace {
 void ReadStrings(FieldReader& fields, LocalizationContent& content) {
     const bool known = fields.U16() == kRecordMagic && fields.U16() == kStringTableRecord;
     const std::uint16_t languageCount = fields.U16();
-    content.stringCount = fields.U16();
+    const std::uint16_t stringCount = fields.U16();
     fields.Skip(kTableNameBytes);
-    if (!known || !fields.Ok()) return;
-    static_cast<void>(content.strings.Read(fields, languageCount, static_cast<std::uint16_t>(content.stringCount)));
+    if (!known || !fields.Ok() || languageCount == 0) return;
+    if (content.strings.Read(fields, languageCount, stringCount)) content.stringCount = stringCount;
 }
 
 void ReadTable(FieldReader& fields, SubstitutionTable& table) {

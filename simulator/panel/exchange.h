@@ -9,7 +9,7 @@ struct lws;
 
 namespace panel {
 
-/// One HTTP request and its answer on a connection.
+/// One HTTP request and its answer on a connection of its own.
 class Exchange {
 public:
     /// Reads the request line and the headers that matter.
@@ -23,8 +23,8 @@ public:
     /// @return false when that is more than a body may have
     bool TakeBody(const void* bytes, std::size_t size);
 
-    /// Answers, which ends the exchange. Only from an event of the connection itself.
-    /// @return -1 when the connection is to be closed
+    /// Answers, which ends the exchange and the connection. Only from an event of the connection itself.
+    /// @return -1, as such an event has the connection closed
     [[nodiscard]] int Send(const Response& response);
 
     /// Has `Continue` called when there is room, and answers then.

@@ -57,7 +57,6 @@ private:
     int OnBodyEnd(Exchange& exchange);
     bool IsFull(lws_sockfd_type socket);
     int Send(Exchange& exchange, const Response& response);
-    int Refuse(Exchange& exchange, const Response& response);
     void HurryUp();
     int OnUpgrade(lws* connection);
     int Answer(Exchange& exchange);
@@ -181,11 +180,13 @@ int Server::Loop::OnRequest(lws* connection) {
     m_exchanges.erase(connection);
     Exchange& exchange = m_exchanges.emplace(connection, connection).first->second;
     const bool own = m_service.IsOwn(exchange.GetRequest(), m_port);
-    if (!own) return Refuse(exchange, {.status = kForbidden, .body = "not for other pages\n"});
+    if (!own) return Send(exchange, {.status = kForbidden, .body = "not for other pages\n"});
     if (exchange.ContentLength().value_or(0) > kMaxBody)
-        return Refuse(exchange, {.status = 413, .body = "that is too much\n"});
-    // A body that is announced ends with an event of its own, even if it is empty.
-    return exchange.ContentLength() ? 0 : Answer(exchange);
+        return Send(exchange, {.status = 413, .body = "that is too much\n"});
+    // A body that is announced ends with an event of its own; of empty ones only that of a POST does.
+    const bool isAnnounced = exchange.ContentLength().has_value();
+    const bool isPost = exchange.GetRequest().method == "POST";
+    return isAnnounced && (isPost || exchange.ContentLength() != 0) ? 0 : Answer(exchange);
 }
 
 /// A connection too many gets an answer before it is one.
@@ -202,12 +203,6 @@ int Server::Loop::Send(Exchange& exchange, const Response& response) {
         m_console.Refuse(request.method + " " + Quoted(request.path) + ": " + std::to_string(response.status) + " " +
                          response.body.substr(0, response.body.find('\n')));
     return exchange.Send(response);
-}
-
-/// Answers before the body was read, and ends the connection.
-int Server::Loop::Refuse(Exchange& exchange, const Response& response) {
-    [[maybe_unused]] const int ended = Send(exchange, response);
-    return -1;
 }
 
 /// Requests that do not come to their end are ended. The library would not let them be answered.

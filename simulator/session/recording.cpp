@@ -4,7 +4,9 @@
 
 #include <array>
 #include <charconv>
+#include <cstdint>
 #include <stdexcept>
+#include <utility>
 
 namespace session {
 namespace {
@@ -48,28 +50,42 @@ Bytes PackChange(const panel::Frame& from, const panel::Frame& to) {
     return packed;
 }
 
-panel::Frame UnpackChange(const panel::Frame& from, const Bytes& packed) {
-    panel::Frame frame;
+std::shared_ptr<const panel::Frame> UnpackChange(const panel::Frame& from, const Bytes& packed) {
+    const auto changed = std::make_shared<panel::Frame>();
+    panel::Frame& frame = *changed;
     uLongf size = frame.size();
     if (uncompress(frame.data(), &size, reinterpret_cast<const Bytef*>(packed.data()), packed.size()) != Z_OK ||
         size != frame.size())
         throw std::runtime_error("the pixels are no frame");
     for (std::size_t i = 0; i < frame.size(); ++i) frame[i] ^= from[i];
-    return frame;
+    return changed;
 }
 
-Event EventOf(const Json& line, panel::Frame& last) {
-    const Instant time = line.at("t");
-    if (line.contains("key")) return {time, KeyEvent{line["key"].at(0), line["key"].at(1)}};
+/// A whole number that has room in its field; any other is refused rather than cut.
+template <typename Number>
+Number WholeIn(const Json& value) {
+    const bool isWhole =
+        value.is_number_integer() && (!value.is_number_unsigned() || value.get<std::uint64_t>() <= INT64_MAX);
+    if (!isWhole || !std::in_range<Number>(value.get<std::int64_t>()))
+        throw std::runtime_error(value.dump() + " is no number for this place");
+    return static_cast<Number>(value.get<std::int64_t>());
+}
+
+/// @param last  the frame before, and then that of the line
+Event EventOf(const Json& line, std::shared_ptr<const panel::Frame>& last) {
+    const auto time = WholeIn<Instant>(line.at("t"));
+    if (line.contains("key"))
+        return {time, KeyEvent{WholeIn<std::int32_t>(line["key"].at(0)), WholeIn<std::int32_t>(line["key"].at(1))}};
     if (line.contains("command"))
-        return {time, CommandEvent{line["command"], FromHex(line.at("payload")), line.at("size")}};
+        return {time,
+                CommandEvent{line["command"], FromHex(line.at("payload")), WholeIn<std::uint32_t>(line.at("size"))}};
     if (line.contains("listens")) return {time, ListenEvent{line["listens"]}};
     if (line.contains("call"))
-        return {time, CallEvent{{line["call"], FromHex(line.at("payload")), line.at("size")},
+        return {time, CallEvent{{line["call"], FromHex(line.at("payload")), WholeIn<std::uint32_t>(line.at("size"))},
                                 {line.value("reset", false), FromHex(line.at("reply")),
-                                 std::chrono::milliseconds(line.value("held", 0))}}};
+                                 std::chrono::milliseconds(WholeIn<std::int32_t>(line.value("held", Json(0))))}}};
     if (line.contains("frame")) {
-        last = UnpackChange(last, FromHex(line.at("change")));
+        last = UnpackChange(*last, FromHex(line.at("change")));
         return {time, FrameEvent{last}};
     }
     if (line.contains("end")) return {time, EndEvent{}};
@@ -89,26 +105,30 @@ void Digest(const std::filesystem::path& path, std::uint64_t& hash) {
 Recording Recording::Read(const std::filesystem::path& path) {
     std::ifstream file(path);
     if (!file) throw std::runtime_error("cannot read " + path.string());
+    return Read(file, path.string());
+}
+
+Recording Recording::Read(std::istream& text, const std::string& name) {
     Recording recording;
-    panel::Frame last{};
-    std::string text;
-    for (int number = 1; std::getline(file, text); ++number) {
+    static const auto kDark = std::make_shared<const panel::Frame>();
+    std::shared_ptr<const panel::Frame> last = kDark;
+    std::string lineText;
+    for (int number = 1; std::getline(text, lineText); ++number) {
         try {
-            const Json line = Json::parse(text);
+            const Json line = Json::parse(lineText);
             if (number > 1) {
                 recording.events.push_back(EventOf(line, last));
                 continue;
             }
             if (line.at("recording") != kVersion) throw std::runtime_error("it is of another version");
             recording.build = line.at("build");
-            recording.start = line.at("start");
+            recording.start = WholeIn<std::int64_t>(line.at("start"));
         } catch (const std::exception& error) {
-            throw std::runtime_error(path.string() + ":" + std::to_string(number) +
-                                     ": no line of a recording: " + error.what());
+            throw std::runtime_error(name + ":" + std::to_string(number) + ": no line of a recording: " + error.what());
         }
     }
     if (recording.events.empty() || !std::holds_alternative<EndEvent>(recording.events.back().what))
-        throw std::runtime_error(path.string() + " has no end: it was not recorded whole");
+        throw std::runtime_error(name + " has no end: it was not recorded whole");
     return recording;
 }
 

@@ -2,6 +2,7 @@
 
 #include <filesystem>
 #include <fstream>
+#include <memory>
 #include <string>
 #include <variant>
 #include <vector>
@@ -35,7 +36,7 @@ struct CallEvent {
     meter::CallOutcome outcome;
 };
 struct FrameEvent {
-    panel::Frame frame;
+    std::shared_ptr<const panel::Frame> frame;  // which is much larger than all other events
 };
 struct EndEvent {};
 
@@ -51,6 +52,9 @@ struct Recording {
 
     /// @throws std::runtime_error that names the line which is none of a recording
     static Recording Read(const std::filesystem::path& path);
+
+    /// The same from its text. @param name  as mistakes name it
+    static Recording Read(std::istream& text, const std::string& name);
 };
 
 /// Writes a session down while it happens.

@@ -46,7 +46,7 @@ std::optional<Difference> Replay::Run(const std::function<bool(Instant)>& mayGo)
     m_whole = true;
     if (!m_difference && m_frames < m_recordedFrames.size()) {
         const Event& missing = *m_recordedFrames[m_frames];
-        m_difference = {m_frames, missing.time, std::get<FrameEvent>(missing.what).frame, std::nullopt};
+        m_difference = {m_frames, missing.time, *std::get<FrameEvent>(missing.what).frame, std::nullopt};
     }
     return m_difference;
 }
@@ -85,7 +85,7 @@ void Replay::TakeFrame(std::span<const std::byte> pixels) {
         m_difference = {index, now, std::nullopt, frame};
         return;
     }
-    const panel::Frame& recorded = std::get<FrameEvent>(m_recordedFrames[index]->what).frame;
+    const panel::Frame& recorded = *std::get<FrameEvent>(m_recordedFrames[index]->what).frame;
     if (recorded != frame) m_difference = {index, now, recorded, frame};
 }
 

@@ -14,6 +14,8 @@ namespace {
 using nlohmann::json;
 
 constexpr double kLatest = 86400.0;  // seconds
+constexpr std::string_view kScenario = "scenario";
+constexpr int kDeepest = 8;  // values within values; three are what a file needs
 
 /// A value of the file and its place in it, for messages: "waves[1].voltage".
 class Value {
@@ -129,8 +131,11 @@ Script ScriptOf(const Value& file) {
     Script script;
     for (const Value& event : file.List("events")) {
         event.Allow({"at", "do"});
-        if (event.At("do").Text().starts_with("scenario")) event.At("do").Refuse("a scenario cannot start another");
-        script.Add(event.At("at").Milliseconds(), event.At("do").Text());
+        const std::string line = event.At("do").Text();
+        const std::size_t word = std::min(line.find_first_not_of(" \t\r"), line.size());
+        if (line.compare(word, kScenario.size(), kScenario) == 0)
+            event.At("do").Refuse("a scenario cannot start another");
+        script.Add(event.At("at").Milliseconds(), line);
     }
     for (const Value& entry : file.List("faults")) {
         entry.Allow({"at", "for", "fault"});
@@ -152,7 +157,11 @@ bool IsScenarioFile(std::string_view name) { return name.ends_with(".json") || n
 
 std::unique_ptr<ScenarioFile> ParseScenario(const std::string& path, const std::string& text) {
     try {
-        const json parsed = json::parse(text, nullptr, true, true);
+        const auto mayStand = [](int depth, json::parse_event_t, json&) {
+            if (depth > kDeepest) throw std::runtime_error("so many values within values mean nothing");
+            return true;
+        };
+        const json parsed = json::parse(text, mayStand, true, true);
         const Value file(parsed, "");
         file.Allow({"$schema", "name", "purpose", "base", "delta", "alarms", "emptyLog", "hardwareLock", "refuseWrites",
                     "waves", "events", "faults"});
@@ -165,7 +174,7 @@ std::unique_ptr<ScenarioFile> ParseScenario(const std::string& path, const std::
         scenario->waves = WavesOf(file);
         scenario->script = ScriptOf(file);
         return scenario;
-    } catch (const json::parse_error& error) {
+    } catch (const json::exception& error) {  // no JSON, or a number beyond all numbers
         // "[json.exception.parse_error.101] parse error at line 3, column 5: ..." without its number
         const std::string what = error.what();
         throw std::runtime_error(path + ": " + what.substr(std::min(what.find("] ") + 2, what.size())));

@@ -75,8 +75,7 @@ std::vector<std::string_view> All() {
     for (const auto& more : {IoPoints::Labels(), UnitTexts()}) all.insert(all.end(), more.begin(), more.end());
     std::erase_if(all, [](std::string_view text) { return !HasLetters(text) && text != "%"; });
     std::ranges::sort(all);
-    const auto doubled = std::ranges::unique(all);
-    all.erase(doubled.begin(), doubled.end());
+    all.erase(std::unique(all.begin(), all.end()), all.end());
     return all;
 }
 

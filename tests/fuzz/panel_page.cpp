@@ -1,0 +1,132 @@
+#include <netinet/in.h>
+#include <netinet/tcp.h>
+#include <sys/socket.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <array>
+#include <cstdio>
+#include <cstdlib>
+#include <filesystem>
+#include <string>
+
+#include "simulator/descriptor.h"
+#include "simulator/panel/server.h"
+#include "tests/fuzz/target.h"
+
+namespace {
+
+constexpr timeval kPatience{4, 0};          // less than the server has with requests that do not end
+constexpr std::uint32_t kAddresses = 4096;  // of this machine to itself
+constexpr char kAuthority = 1;              // stands for this server's name and port, which differ from run to run
+constexpr char kCut = 2;                    // what follows is sent by itself
+constexpr char kFinalText = static_cast<char>(0x81);
+constexpr char kMasked = static_cast<char>(0x80);
+constexpr std::size_t kLongestMessage = 125;  // that has its length in one byte
+
+/// How the bytes of an input reach the server.
+enum class Way : std::uint8_t { Http, Frames, Messages };
+
+constexpr std::string_view kUpgrade =
+    "GET /live HTTP/1.1\r\nHost: \x01\r\nUpgrade: websocket\r\nConnection: Upgrade\r\n"
+    "Sec-WebSocket-Key: dGhlIHNhbXBsZSBub25jZQ==\r\nSec-WebSocket-Version: 13\r\n\r\n\x02";
+
+/// The lines of a text, each as a message of a viewer.
+std::string MessagesOf(std::string_view lines) {
+    std::string frames;
+    while (!lines.empty()) {
+        const std::string_view line = lines.substr(0, std::min(lines.find('\n'), kLongestMessage));
+        lines.remove_prefix(std::min(line.size() + 1, lines.size()));
+        frames += {kFinalText, static_cast<char>(kMasked | static_cast<char>(line.size())), 0, 0, 0, 0};
+        frames += line;
+    }
+    return frames;
+}
+
+/// A board with its page on a free port, and no meter.
+class Page {
+public:
+    Page() { std::filesystem::remove_all(m_folder); }  // what is open stays open, and nothing is left behind
+
+    /// Sends the text and hangs up. @return whether the server did so too
+    bool Hear(std::string_view text) {
+        const Descriptor connection = Connect();
+        while (!text.empty()) {
+            const std::string_view piece = text.substr(0, text.find(kCut));
+            text.remove_prefix(std::min(piece.size() + 1, text.size()));
+            Send(connection, piece);
+        }
+        ::shutdown(connection.Get(), SHUT_WR);
+        return IsEnded(connection);
+    }
+
+private:
+    static std::filesystem::path MakeFolder() {
+        std::string pattern = (std::filesystem::temp_directory_path() / "fuzz-page-XXXXXX").string();
+        if (mkdtemp(pattern.data()) == nullptr) std::abort();
+        return pattern;
+    }
+    /// Each time from another address, as an ended connection keeps its port for a minute.
+    Descriptor Connect() {
+        Descriptor connection(::socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC, 0));
+        sockaddr_in own = m_address;
+        own.sin_port = 0;
+        own.sin_addr.s_addr = htonl(INADDR_LOOPBACK + ++m_connections % kAddresses);
+        if (::bind(connection.Get(), reinterpret_cast<const sockaddr*>(&own), sizeof own) != 0) std::abort();
+        const int on = 1;
+        ::setsockopt(connection.Get(), IPPROTO_TCP, TCP_NODELAY, &on, sizeof on);
+        ::setsockopt(connection.Get(), SOL_SOCKET, SO_RCVTIMEO, &kPatience, sizeof kPatience);
+        if (::connect(connection.Get(), reinterpret_cast<const sockaddr*>(&m_address), sizeof m_address) != 0)
+            std::abort();
+        return connection;
+    }
+    void Send(const Descriptor& connection, std::string_view piece) const {
+        std::string bytes;
+        for (const char one : piece) {
+            if (one == kAuthority) bytes += m_authority;
+            if (one != kAuthority) bytes += one;
+        }
+        ::send(connection.Get(), bytes.data(), bytes.size(), MSG_NOSIGNAL);  // it may have hung up
+    }
+    /// Whether the server hangs up in time.
+    static bool IsEnded(const Descriptor& connection) {
+        static std::array<char, 256 * 1024> answer;
+        ssize_t size = 1;
+        while (size > 0) size = ::recv(connection.Get(), answer.data(), answer.size(), 0);
+        return size == 0 || errno == ECONNRESET;
+    }
+
+    std::uint32_t m_connections = 0;
+    std::filesystem::path m_folder = MakeFolder();
+    panel::Board m_board{m_folder};
+    panel::Server m_server{m_board, 0, m_folder / "meter"};  // where nobody answers
+    std::string m_authority = "127.0.0.1:" + std::to_string(m_server.Port());
+    sockaddr_in m_address = {.sin_family = AF_INET,
+                             .sin_port = htons(static_cast<std::uint16_t>(m_server.Port())),
+                             .sin_addr = {htonl(INADDR_LOOPBACK)},
+                             .sin_zero = {}};
+};
+
+Page* page = nullptr;
+
+}  // namespace
+
+/// A viewer is sent the panel's pixels, which wait in the server until they are on their way.
+const MemoryBound kMemoryBound = {.bytes = 2 * 1024 * 1024, .perByte = 64};
+
+void Prepare() { page = new Page; }
+
+/// First byte: the way; then what is sent on a connection of its own.
+void Take(std::span<const std::uint8_t> input) {
+    if (input.empty()) return;
+    std::string bytes(input.begin() + 1, input.end());
+    switch (static_cast<Way>(input.front() % 3)) {
+        case Way::Http: break;
+        case Way::Frames: bytes = std::string(kUpgrade) + bytes; break;
+        case Way::Messages: bytes = std::string(kUpgrade) + MessagesOf(bytes); break;
+    }
+    // A busy machine may hold it up once.
+    if (page->Hear(bytes) || page->Hear(bytes)) return;
+    std::fprintf(stderr, "the page's server does not hang up on who has hung up\n");
+    std::abort();
+}
