@@ -5,7 +5,6 @@
 #include "navigation/menu_trees.h"
 #include "navigation/messages.h"
 #include "navigation/meter_access.h"
-#include "navigation/password_handler.h"
 #include "peg/core/message_queue.h"
 #include "peg/core/toolkit.h"
 #include "platform/shown_screen.h"
@@ -99,21 +98,10 @@ void navigationHandlerClass::SwapFrom(std::int32_t fromId) {
     parent->RemoveChild(*from);
 }
 
-std::int32_t navigationHandlerClass::TakeFromHistory() {
-    const std::int32_t id = History()[m_historyIndex];
-    m_historyIndex = (m_historyIndex + kHistory - 1) % kHistory;
-    return id;
-}
-
-/// Once the front-panel login is over, nobody gets back to where settings are changed.
-bool navigationHandlerClass::MayReturnTo(std::int32_t id) const {
-    return getScreenKind(id) != SCREEN_KIND_SETUP_EDIT || PHC_passwordHandlerClass::getInstance().IsLoggedIn();
-}
-
 void navigationHandlerClass::goBack(std::int32_t fromId) {
-    std::int32_t target = TakeFromHistory();
-    for (std::size_t step = 1; step < kHistory && !MayReturnTo(target); ++step) target = TakeFromHistory();
-    SetCurrent(MayReturnTo(target) ? target : m_homeIds[Mode()]);
+    const std::int32_t target = History()[m_historyIndex];
+    m_historyIndex = (m_historyIndex + kHistory - 1) % kHistory;
+    SetCurrent(target);
     SwapFrom(fromId);
 }
 

@@ -32,9 +32,6 @@ public:
     /// both are the same.
     void navigate(std::int32_t fromId, std::int32_t toId);
     void navigateFromCurrent(std::int32_t toId) { navigate(m_currentId, toId); }
-
-    /// Puts the screen in the place of `fromId` that was there before it; edit screens are passed over unless the
-    /// front-panel login is open.
     void goBack(std::int32_t fromId);
     void goHome(std::int32_t fromId);
 
@@ -76,8 +73,6 @@ private:
     PegThing* Find(std::int32_t id) const;
     void SetCurrent(std::int32_t id);
     void SwapFrom(std::int32_t fromId);
-    std::int32_t TakeFromHistory();
-    bool MayReturnTo(std::int32_t id) const;
     void EnterMode(std::int32_t mode);
     void OnKey(const PegMessage& message);
 

@@ -28,7 +28,6 @@ public:
 
     /// Ends an open login and tells the meter.
     void logout();
-    bool IsLoggedIn() const { return m_loggedIn; }
 
     std::int32_t Message(const PegMessage& message) override;
 

@@ -1,7 +1,6 @@
 #include "navigation/navigation_handler.h"
 
 #include "navigation/messages.h"
-#include "navigation/password_handler.h"
 #include "tests/bench/panel_bench.h"
 #include "tests/peg/recorder.h"
 
@@ -58,33 +57,6 @@ TEST_F(Navigation, GoesBackThroughARingOfFive) {
     }
     EXPECT_EQ(visited, (std::vector<std::int32_t>{14, 13, 12, 11, 4, 14}));
     EXPECT_TRUE(IsShown(14));
-}
-
-TEST_F(Navigation, GoesBackToAnEditScreenOnlyWhileTheLoginIsOpen) {
-    PHC_passwordHandlerClass& password = PHC_passwordHandlerClass::getInstance();
-    const auto backFromMenuBehind = [](std::int32_t editScreen) {
-        for (const std::int32_t id : {4, 11, editScreen, 0}) Handler().navigateFromCurrent(id);
-        Handler().goBack(0);
-        return Handler().getCurrentScreenId();
-    };
-    Handler().addScreen(14, *screens[14], SCREEN_KIND_SETUP_EDIT);
-    EXPECT_EQ(backFromMenuBehind(14), 11) << "nobody has logged in";
-    EXPECT_TRUE(IsShown(11));
-    EXPECT_EQ(Handler().getPreviousScreenId(), 4);
-    ASSERT_EQ(password.verify("USER", "0"), kPasswordAccepted);
-    EXPECT_EQ(backFromMenuBehind(14), 14);
-    password.logout();
-    EXPECT_EQ(backFromMenuBehind(14), 11);
-}
-
-TEST_F(Navigation, GoesBackHomeWhenThereIsNothingBehindButEditScreens) {
-    Handler().navigateFromCurrent(4);
-    for (const std::int32_t id : {13, 14}) Handler().addScreen(id, *screens[id], SCREEN_KIND_SETUP_EDIT);
-    for (int i = 0; i < 3; ++i) {
-        for (const std::int32_t id : {13, 14}) Handler().navigateFromCurrent(id);
-    }
-    Handler().goBack(14);
-    EXPECT_TRUE(IsShown(4));
 }
 
 TEST_F(Navigation, GoesHomeToTheLastDataScreen) {

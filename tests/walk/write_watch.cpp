@@ -69,7 +69,7 @@ void WriteWatch::OnCall(std::string_view operation, std::span<const std::byte> s
         ++m_writes;
         if (!IsAccepted(seen)) ++m_refusals;
         if (!m_isConfirming) Note("an unconfirmed write");
-        if (!m_loggedIn && !m_sentHere) Note("a write without a login");
+        if (!m_loggedIn && !m_sentHere && IsAccepted(seen)) Note("a write without a login");
     } else if (operation == kVerify) {
         m_loggedIn = IsAccepted(seen);
         if (m_loggedIn) ++m_logins;

@@ -13,7 +13,8 @@
 ///
 /// A write needs soft key 4 released twice on one edit screen, at most ten seconds after the last key, with nothing in
 /// between that leaves the question. And it needs a password that the meter accepted and that was not given back since,
-/// unless the meter itself sent the display to that screen.
+/// unless the meter itself sent the display to that screen; without, as when going back leads to an edit screen that was
+/// left long ago, the meter has to refuse it.
 class WriteWatch {
 public:
     /// A message is about to be delivered, and was.
