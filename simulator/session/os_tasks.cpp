@@ -13,6 +13,8 @@
 namespace os {
 namespace {
 
+using session::IsRefused;
+using session::OsCall;
 using session::Scheduler;
 
 constexpr int kTicksPerSecond = 1000;
@@ -37,11 +39,13 @@ void RaiseSignal() {
 
 TaskId taskCreate(const char* /*name*/, int priority, int /*options*/, std::size_t /*stackSize*/, TaskEntry entry,
                   TaskArgument argument) {
-    if (entry == nullptr) return kTaskError;
+    if (entry == nullptr || IsRefused(OsCall::CreateTask)) return kTaskError;
     return Scheduler::Instance().Create(priority, [entry, argument] { entry(argument); });
 }
 
-int taskActivate(TaskId task) { return Scheduler::Instance().Activate(task) ? 0 : -1; }
+int taskActivate(TaskId task) {
+    return !IsRefused(OsCall::ActivateTask) && Scheduler::Instance().Activate(task) ? 0 : -1;
+}
 
 TaskId taskSpawn(const char* name, int priority, int options, std::size_t stackSize, TaskEntry entry,
                  TaskArgument argument) {
@@ -65,7 +69,7 @@ struct Semaphore {
     int taken = 0;
 };
 
-SemaphoreId semMCreate(int /*options*/) { return new Semaphore; }
+SemaphoreId semMCreate(int /*options*/) { return IsRefused(OsCall::CreateMutex) ? nullptr : new Semaphore; }
 
 int semTake(SemaphoreId semaphore) {
     if (semaphore == nullptr) return -1;
@@ -83,18 +87,21 @@ int semGive(SemaphoreId semaphore) {
 }
 
 int timer_create(clockid_t /*clock*/, const sigevent* event, timer_t* timer) {
+    if (IsRefused(OsCall::CreateTimer)) return -1;
     timerEvent = *event;
     *timer = reinterpret_cast<timer_t>(&timerEvent);
     return 0;
 }
 
 int timer_settime(timer_t /*timer*/, int /*flags*/, const itimerspec* value, itimerspec* /*previous*/) {
+    if (IsRefused(OsCall::SetTimer)) return -1;
     Scheduler& scheduler = Scheduler::Instance();
     scheduler.SetTimer(scheduler.Now() + TicksOf(value->it_value), TicksOf(value->it_interval), RaiseSignal);
     return 0;
 }
 
 int sigaction(int signal, const struct ::sigaction* action, struct ::sigaction* /*previous*/) {
+    if (IsRefused(OsCall::SetSignal)) return -1;
     if (signal == kTickSignal) signalAction = *action;
     return 0;
 }
