@@ -31,15 +31,16 @@ enum class OsCall : std::uint8_t {
     CreateMutex,
     CreateTimer,
     SetTimer,
-    SetSignal
+    SetSignal,
+    Allocate  // without the right to fail loudly
 };
 
 inline constexpr auto kOsCallNames = std::to_array<std::string_view>(
     {"open",         "read",       "write",        "ioctl",         "seek",        "select",
      "socket",       "bind",       "listen",       "accept",        "setsockopt",  "connect",
      "send",         "recv",       "msgQCreate",   "msgQSend",      "msgQReceive", "taskCreate",
-     "taskActivate", "semMCreate", "timer_create", "timer_settime", "sigaction"});
-static_assert(kOsCallNames.size() == static_cast<std::size_t>(OsCall::SetSignal) + 1);
+     "taskActivate", "semMCreate", "timer_create", "timer_settime", "sigaction",   "new"});
+static_assert(kOsCallNames.size() == static_cast<std::size_t>(OsCall::Allocate) + 1);
 
 constexpr std::string_view NameOf(OsCall call) { return kOsCallNames[static_cast<std::size_t>(call)]; }
 

@@ -1,5 +1,6 @@
 #include <csignal>
 #include <cstdio>
+#include <cstring>
 
 #include "platform/process.h"
 #include "platform/semaphore.h"
@@ -37,9 +38,9 @@ void RaiseSignal() {
 
 }  // namespace
 
-TaskId taskCreate(const char* /*name*/, int priority, int /*options*/, std::size_t /*stackSize*/, TaskEntry entry,
+TaskId taskCreate(const char* name, int priority, int /*options*/, std::size_t /*stackSize*/, TaskEntry entry,
                   TaskArgument argument) {
-    if (entry == nullptr || IsRefused(OsCall::CreateTask)) return kTaskError;
+    if (entry == nullptr || IsRefused(OsCall::CreateTask, name)) return kTaskError;
     return Scheduler::Instance().Create(priority, [entry, argument] { entry(argument); });
 }
 
@@ -101,7 +102,7 @@ int timer_settime(timer_t /*timer*/, int /*flags*/, const itimerspec* value, iti
 }
 
 int sigaction(int signal, const struct ::sigaction* action, struct ::sigaction* /*previous*/) {
-    if (IsRefused(OsCall::SetSignal)) return -1;
+    if (IsRefused(OsCall::SetSignal, ::sigabbrev_np(signal))) return -1;
     if (signal == kTickSignal) signalAction = *action;
     return 0;
 }

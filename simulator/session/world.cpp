@@ -20,8 +20,8 @@ World* theWorld = nullptr;
 World& TheWorld() { return *theWorld; }
 void SetWorld(World& world) { theWorld = &world; }
 
-bool IsRefused(OsCall call, std::string_view path) {
-    if (!theWorld->Fails(call, path)) return false;
+bool IsRefused(OsCall call, std::string_view what) {
+    if (!theWorld->Fails(call, what)) return false;
     errno = EIO;
     return true;
 }

@@ -35,8 +35,9 @@ public:
     virtual meter::CallOutcome TakeCall(const meter::Frame& call) = 0;
 
     /// Whether the operating system fails that call of the display.
-    /// @param path  of what is opened; empty for every other call
-    virtual bool Fails(OsCall, std::string_view /*path*/) { return false; }
+    /// @param what  path of what is opened, name of the task that is created or of the signal that is set; empty for
+    /// every other call
+    virtual bool Fails(OsCall, std::string_view /*what*/) { return false; }
 };
 
 /// The world of this process; set before the display starts.
@@ -44,7 +45,7 @@ World& TheWorld();
 void SetWorld(World& world);
 
 /// Whether the world fails a call; the reason is then in errno.
-bool IsRefused(OsCall call, std::string_view path = {});
+bool IsRefused(OsCall call, std::string_view what = {});
 
 /// Puts a record into the keys device.
 void PressKey(std::int32_t code, std::int32_t state);
