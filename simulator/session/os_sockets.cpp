@@ -36,8 +36,11 @@ void Answer(Endpoint& endpoint) {
         }
         meter::CallOutcome outcome = TheWorld().TakeCall(call);
         endpoint.ended = outcome.reset;
-        if (!outcome.reply.empty())
-            endpoint.inbox.push_back({Scheduler::Instance().Now() + outcome.held.count(), std::move(outcome.reply)});
+        const std::size_t piece = outcome.pace.count() != 0 ? 1 : outcome.reply.size();
+        Instant due = Scheduler::Instance().Now() + outcome.held.count();
+        for (std::span<const std::byte> left = outcome.reply; !left.empty();
+             left = left.subspan(piece), due += outcome.pace.count())
+            endpoint.inbox.push_back({due, {left.begin(), left.begin() + static_cast<std::ptrdiff_t>(piece)}});
     }
 }
 

@@ -67,7 +67,8 @@ Event EventOf(const Json& line, panel::Frame& last) {
     if (line.contains("call"))
         return {time, CallEvent{{line["call"], FromHex(line.at("payload")), line.at("size")},
                                 {line.value("reset", false), FromHex(line.at("reply")),
-                                 std::chrono::milliseconds(line.value("held", 0))}}};
+                                 std::chrono::milliseconds(line.value("held", 0)),
+                                 std::chrono::milliseconds(line.value("pace", 0))}}};
     if (line.contains("frame")) {
         last = UnpackChange(last, FromHex(line.at("change")));
         return {time, FrameEvent{last}};
@@ -135,6 +136,7 @@ void Recorder::OnCall(const meter::Frame& call, const meter::CallOutcome& outcom
                  {"reply", Hex(outcome.reply)}};
     if (outcome.reset) line["reset"] = true;
     if (outcome.held.count() != 0) line["held"] = outcome.held.count();
+    if (outcome.pace.count() != 0) line["pace"] = outcome.pace.count();
     Write(std::move(line));
 }
 
