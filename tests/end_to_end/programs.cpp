@@ -57,6 +57,11 @@ Program::Program(const std::string& path, const std::vector<std::string>& argume
     posix_spawn_file_actions_destroy(&actions);
 }
 
+Program::~Program() {
+    Kill();
+    std::filesystem::remove(m_console);
+}
+
 bool Program::IsRunning() {
     if (m_process > 0 && waitpid(m_process, nullptr, WNOHANG) == m_process) m_process = -1;
     return m_process > 0;
