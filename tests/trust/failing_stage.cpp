@@ -28,7 +28,7 @@ bool FailingStage::Fails(session::OsCall call, std::string_view what) {
     std::string name(NameOf(call));
     if (const std::string_view subject = Subject(call, what); !subject.empty()) name += ' ' + std::string(subject);
     m_calls.push_back(std::move(name));
-    return m_failing == m_calls.size() - 1;
+    return m_failing == m_calls.size() - 1 || m_failingKind == call;
 }
 
 std::string_view FailingStage::Subject(session::OsCall call, std::string_view what) {
