@@ -10,6 +10,7 @@
 #include "navigation/menu/menu_screen.h"
 #include "navigation/meter_access.h"
 #include "navigation/navigation_handler.h"
+#include "platform/shown_screen.h"
 #include "rda/command_server.h"
 #include "screens/alarms/alarm_screens.h"
 #include "screens/events/event_screens.h"
@@ -76,5 +77,8 @@ void BuildApplication(PegThing& parent) {
     startOneSecondTask();
     CreateMenuScreens();
     for (const ScreenCreator create : kScreenCreators) create();
-    if (PegThing* start = navigation.getStartScreen()) parent.AddChild(*start, true);
+    if (PegThing* start = navigation.getStartScreen()) {
+        os::tellShownScreen(navigation.getCurrentScreenId());
+        parent.AddChild(*start, true);
+    }
 }

@@ -17,6 +17,7 @@
 #include <optional>
 #include <thread>
 
+#include "benchmarks/processor.h"
 #include "simulator/descriptor.h"
 #include "simulator/panel/keys.h"
 #include "tests/end_to_end/programs.h"
@@ -169,6 +170,7 @@ int main() {
         std::cerr << "bench-process: no network namespace can be made here\n";
         return 1;
     }
+    bench::StayOnOneProcessor();
     Board board;
     MeasureStart(board);
     if (MeasureLive(board)) return 0;

@@ -1,13 +1,14 @@
 #pragma once
 
 #include <benchmark/benchmark.h>
-#include <sched.h>
 
 #include <algorithm>
 #include <chrono>
 #include <cstdio>
 #include <utility>
 #include <vector>
+
+#include "benchmarks/processor.h"
 
 /// Compares a part of the display with the least that the host needs for the same work.
 ///
@@ -22,14 +23,6 @@ struct Yardstick {
     double goal;
     double peer = 0;  // the ratio of the best-known open library of this kind; 0: none
 };
-
-/// Keeps this process and the tasks it will start on the processor it is running on.
-inline void StayOnOneProcessor() {
-    cpu_set_t here;
-    CPU_ZERO(&here);
-    CPU_SET(static_cast<std::size_t>(sched_getcpu()), &here);
-    sched_setaffinity(0, sizeof here, &here);
-}
 
 /// Seconds that `repeats` runs of `work` take, each.
 template <typename Work>

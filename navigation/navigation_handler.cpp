@@ -7,6 +7,7 @@
 #include "navigation/meter_access.h"
 #include "peg/core/message_queue.h"
 #include "peg/core/toolkit.h"
+#include "platform/shown_screen.h"
 
 namespace {
 
@@ -92,6 +93,7 @@ void navigationHandlerClass::SwapFrom(std::int32_t fromId) {
     PegThing* to = Find(m_currentId);
     if (from == nullptr || to == nullptr || from == to || from->Parent() == nullptr) return;
     PegThing* parent = from->Parent();
+    os::tellShownScreen(FindEntry(m_currentId)->id);
     parent->AddChild(*to, true);
     parent->RemoveChild(*from);
 }

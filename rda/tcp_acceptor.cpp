@@ -61,7 +61,7 @@ vxTCPStream* vxTCPAcceptor::accept(std::uint32_t timeoutSeconds) {
     const int client = os::accept(m_lsd, &peer);
     if (client < 0) return &m_stream;
     m_stream.attach(client, &peer);
-    m_stream.setOption(SO_LINGER, &kResetOnClose, sizeof kResetOnClose);
+    m_stream.setOption(SOL_SOCKET, SO_LINGER, &kResetOnClose, sizeof kResetOnClose);
     return &m_stream;
 }
 

@@ -1,6 +1,7 @@
 #include "rda/tcp_connector.h"
 
 #include <arpa/inet.h>
+#include <netinet/tcp.h>
 
 #include <cerrno>
 #include <cstdio>
@@ -50,6 +51,9 @@ std::int32_t vxTCPConnector::connect(const char* address, std::uint16_t port, st
         return result;
     }
     m_stream.attach(socket, &server);
-    m_stream.setOption(SO_RCVTIMEO, &kReceiveTimeout, sizeof kReceiveTimeout);
+    m_stream.setOption(SOL_SOCKET, SO_RCVTIMEO, &kReceiveTimeout, sizeof kReceiveTimeout);
+    // After a call that has no reply, the next one would wait until the meter acknowledges: up to 40 ms.
+    const int on = 1;
+    m_stream.setOption(IPPROTO_TCP, TCP_NODELAY, &on, sizeof on);
     return 0;
 }

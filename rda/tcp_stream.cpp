@@ -78,8 +78,8 @@ void vxTCPStream::close() {
     m_peerAddress = {};
 }
 
-void vxTCPStream::setOption(int option, const void* value, std::size_t length) {
-    os::setsockopt(m_socket, SOL_SOCKET, option, value, length);
+void vxTCPStream::setOption(int level, int option, const void* value, std::size_t length) {
+    os::setsockopt(m_socket, level, option, value, length);
 }
 
 int waitUntilReadable(std::int32_t socket, std::uint32_t timeoutSeconds) {

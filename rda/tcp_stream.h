@@ -37,7 +37,7 @@ public:
     const char* peerAddress() const { return m_peerAddress.data(); }
 
     /// Sets an option of the connected socket; a failure is of no consequence.
-    void setOption(int option, const void* value, std::size_t length);
+    void setOption(int level, int option, const void* value, std::size_t length);
 
 private:
     std::int32_t m_socket = -1;

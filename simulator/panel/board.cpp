@@ -54,6 +54,16 @@ Descriptor OpenKeys(const Descriptor& folder) {
     return keys;
 }
 
+/// Where the display says which screen it shows; what one that runs already said stays.
+Descriptor OpenScreen(const Descriptor& folder) {
+    return Opened(::openat(folder.Get(), "screen", O_RDONLY | O_CREAT | O_CLOEXEC, 0600), "open screen");
+}
+
+std::int32_t ReadScreen(const Descriptor& file) {
+    std::int32_t screen = kNoScreen;
+    return ::pread(file.Get(), &screen, sizeof screen, 0) == sizeof screen ? screen : kNoScreen;
+}
+
 std::shared_ptr<const Frame> ReadFrame(const Descriptor& frameBuffer) {
     auto frame = std::make_shared<Frame>();
     const ssize_t size = ::pread(frameBuffer.Get(), frame->data(), frame->size(), 0);
@@ -66,6 +76,7 @@ Board::Board(const fs::path& folder)
     : m_path(folder),
       m_folder(LockedFolder(folder)),
       m_frameBuffer(OpenFrameBuffer(m_folder)),
+      m_screenFile(OpenScreen(m_folder)),
       m_keys(OpenKeys(m_folder)),
       m_stop(Opened(::eventfd(0, EFD_CLOEXEC), "make an event")),
       m_activity(folder / "db9000_fb", folder / "buttons"),
@@ -91,7 +102,7 @@ void Board::OnChange(std::function<void()> changed) {
 
 BoardState Board::State() const {
     const std::lock_guard lock(m_mutex);
-    BoardState state{.frames = m_frames, .backlight = m_backlight};
+    BoardState state{.frames = m_frames, .backlight = m_backlight, .screen = m_screen};
     std::ranges::transform(kLines, state.lineHigh.begin(),
                            [this](const LineRow& line) { return (m_ports[line.port].high & line.mask) != 0; });
     state.displayUp = m_keysOpen || (m_lastUse != Clock::time_point{} && Clock::now() - m_lastUse < kRecentUse);
@@ -140,6 +151,7 @@ void Board::TakeFrame() {
     if (m_frames != m_activity.Frames()) m_lastUse = Clock::now();
     m_frames = m_activity.Frames();
     m_keysOpen = m_activity.KeysOpen();
+    m_screen = ReadScreen(m_screenFile);
     if (frame != nullptr) m_frame = std::move(frame);
 }
 

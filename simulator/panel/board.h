@@ -18,12 +18,15 @@
 
 namespace panel {
 
+inline constexpr std::int32_t kNoScreen = 0;
+
 /// What the display did to its board.
 struct BoardState {
     std::uint64_t frames = 0;  // written since the board was set up
     Backlight backlight;
-    std::array<bool, 3> lineHigh{};  // output lines 0 to 2
-    bool displayUp = false;          // waits for keys, or used a device within the last seconds
+    std::int32_t screen = kNoScreen;  // that the newest frame shows, as the display says
+    std::array<bool, 3> lineHigh{};   // output lines 0 to 2
+    bool displayUp = false;           // waits for keys, or used a device within the last seconds
 
     /// The alarm lamp is lit while its line is low.
     bool AlarmLamp() const { return !lineHigh[2]; }
@@ -64,6 +67,7 @@ private:
     std::filesystem::path m_path;
     Descriptor m_folder;
     Descriptor m_frameBuffer;
+    Descriptor m_screenFile;
     Descriptor m_keys;
     Descriptor m_stop;  // readable when the thread shall end
     Activity m_activity;
@@ -73,6 +77,7 @@ private:
     std::array<OutputPort, 2> m_ports;
     std::shared_ptr<const Frame> m_frame;
     std::uint64_t m_frames = 0;
+    std::int32_t m_screen = kNoScreen;
     bool m_keysOpen = false;
     Clock::time_point m_lastUse{};
 

@@ -5,10 +5,8 @@
 #include <sys/socket.h>
 #include <unistd.h>
 
-#include <algorithm>
 #include <array>
 #include <nlohmann/json.hpp>
-#include <utility>
 
 #include "simulator/panel/meter_socket.h"
 
@@ -17,22 +15,6 @@ namespace {
 
 constexpr int kRetryMilliseconds = 1000;
 constexpr std::size_t kLongestLine = 256 * 1024;
-
-/// A command of the display that moves it, and the control line for it.
-struct CommandRow {
-    std::string_view operation;
-    std::string_view word;
-    bool numbered;
-};
-// clang-format off
-constexpr auto kCommands = std::to_array<CommandRow>({
-    {.operation = "NAVCMDINT_navigateTo",          .word = "navigate",     .numbered = true},
-    {.operation = "NAVCMDINT_changeAltModeState",  .word = "alt-mode",     .numbered = true},
-    {.operation = "NAVCMDINT_changeTestModeState", .word = "test-mode",    .numbered = true},
-    {.operation = "NAVCMDINT_navigateToDispTest",  .word = "display-test", .numbered = false},
-    {.operation = "BUTTON_simulate_input",         .word = "key ",         .numbered = false},
-});
-// clang-format on
 
 }  // namespace
 
@@ -79,22 +61,9 @@ void MeterTrace::Follow(const Descriptor& meter) {
 
 /// @return whether it is a call, and not the meter's answer to us
 bool MeterTrace::TakeLine(std::string_view line) {
-    const auto call = nlohmann::json::parse(line, nullptr, false);
-    if (!call.is_object()) return false;
+    if (!nlohmann::json::parse(line, nullptr, false).is_object()) return false;
     m_calls.Append(std::string(line));
-    const auto row = std::ranges::find(kCommands, call.value("operation", ""), &CommandRow::operation);
-    if (row == kCommands.end() || call.value("result", "") != "ok") return true;
-    const nlohmann::json request = call.value("request", nlohmann::json::object());
-    std::string command(row->word);
-    if (row->numbered && !request.empty()) command += " " + request.front().dump();
-    const std::lock_guard lock(m_mutex);
-    m_commands.push_back(std::move(command));
     return true;
-}
-
-std::vector<std::string> MeterTrace::TakeCommands() {
-    const std::lock_guard lock(m_mutex);
-    return std::exchange(m_commands, {});
 }
 
 /// Waits for a socket, the owner or the end of the time. @return whether the socket has something

@@ -2,11 +2,9 @@
 
 #include <atomic>
 #include <functional>
-#include <mutex>
 #include <string>
 #include <string_view>
 #include <thread>
-#include <vector>
 
 #include "simulator/descriptor.h"
 #include "simulator/panel/feed.h"
@@ -26,9 +24,6 @@ public:
     /// One JSON object a call, as the meter gave it.
     const Feed& Calls() const { return m_calls; }
 
-    /// What moved the display since the last time, as control lines.
-    std::vector<std::string> TakeCommands();
-
 private:
     static constexpr std::size_t kCalls = 1000;
 
@@ -40,8 +35,6 @@ private:
     std::string m_path;
     std::function<void()> m_news;
     Feed m_calls{kCalls};
-    std::mutex m_mutex;  // guards the following
-    std::vector<std::string> m_commands;
     Descriptor m_wake;                 // an event: m_stop changed
     std::atomic<bool> m_stop = false;  // written by the thread that destroys
     std::thread m_thread;

@@ -269,7 +269,6 @@ int Server::Loop::AskMeter(Exchange& exchange) {
 
 void Server::Loop::PassOnMeterAnswers() {
     for (const MeterControl::Answer& answer : m_meter->TakeAnswers()) {
-        if (answer.line && answer.line->starts_with("ok")) m_service.NoteCommand(answer.question);
         const auto found = std::ranges::find_if(
             m_exchanges, [&answer](const auto& entry) { return entry.second.awaitedLine == answer.number; });
         if (found == m_exchanges.end()) continue;
@@ -277,7 +276,6 @@ void Server::Loop::PassOnMeterAnswers() {
         if (answer.line) response = {.body = *answer.line + "\n"};
         found->second.SendLater(std::move(response));
     }
-    for (const std::string& line : m_trace->TakeCommands()) m_service.OverhearCommand(line);
     m_service.Meter().state = m_meter->State();
 }
 

@@ -62,10 +62,7 @@ bool IsThisServer(std::string_view authority, int port) {
 Service::Service(Board& board, Console& console)
     : m_board(board), m_console(console), m_keys([this](KeyRecord record) { Report(record); }) {}
 
-void Service::Report(KeyRecord record) {
-    m_screen.Key();
-    m_keyLost = !m_board.Send(record) || m_keyLost;
-}
+void Service::Report(KeyRecord record) { m_keyLost = !m_board.Send(record) || m_keyLost; }
 
 bool Service::IsOwn(const Request& request, int port) {
     constexpr std::string_view kScheme = "http://";
@@ -93,7 +90,6 @@ Response Service::Answer(const Request& request) {
 
 std::string Service::State() {
     const BoardState board = m_board.State();
-    if (!board.displayUp) m_screen.Forget();
     nlohmann::json state = {
         {"frames", board.frames},
         {"backlight", {{"level", board.backlight.level}, {"on", board.backlight.on}}},
@@ -104,7 +100,7 @@ std::string Service::State() {
         {"meter", nullptr},
         {"meterState", nullptr},
     };
-    if (m_screen.Number()) state["screen"] = {{"number", *m_screen.Number()}, {"certain", m_screen.Certain()}};
+    if (board.displayUp && board.screen != kNoScreen) state["screen"] = board.screen;
     if (m_meter.controlled) {
         state["meter"] = !m_meter.state.empty();
         if (!m_meter.state.empty()) state["meterState"] = nlohmann::json::parse(m_meter.state);

@@ -10,7 +10,6 @@
 #include <vector>
 
 #include "simulator/panel/board.h"
-#include "simulator/panel/commanded_screen.h"
 #include "simulator/panel/console.h"
 #include "simulator/panel/key_input.h"
 
@@ -56,11 +55,6 @@ public:
     /// Everything that the page shows beside the glass, as JSON.
     std::string State();
 
-    /// Takes note of a line that the meter carried out.
-    void NoteCommand(std::string_view line) { m_screen.Command(line); }
-
-    void OverhearCommand(std::string_view line) { m_screen.Overhear(line); }
-
     KeyInput& Keys() { return m_keys; }
     MeterView& Meter() { return m_meter; }
     Console& GetConsole() { return m_console; }
@@ -73,7 +67,6 @@ private:
 
     Board& m_board;
     Console& m_console;
-    CommandedScreen m_screen;
     KeyInput m_keys;
     MeterView m_meter;
     bool m_keyLost = false;  // since the last request for a key

@@ -48,6 +48,12 @@ std::int32_t LiveBoard::Control(std::string_view device, std::uint32_t request, 
     return ::recv(socket.Get(), &result, sizeof result, 0) == sizeof result ? result : -1;
 }
 
+void LiveBoard::TellShownScreen(std::int32_t id) {
+    const Descriptor place(::open((m_folder / "screen").c_str(), O_WRONLY | O_CLOEXEC));
+    if (place) [[maybe_unused]]
+        const ssize_t written = ::write(place.Get(), &id, sizeof id);
+}
+
 std::optional<LiveBoard::Key> LiveBoard::TakeKey() {
     Key key{};
     if (::read(m_keys.Get(), &key, sizeof key) != sizeof key) return std::nullopt;

@@ -15,6 +15,7 @@ public:
 
     void TakeFrame(const panel::Frame& frame) override;
     std::int32_t Control(std::string_view device, std::uint32_t request, std::int32_t argument) override;
+    void TellShownScreen(std::int32_t id) override;
 
     /// The next record of the keys device, if there is one.
     struct Key {

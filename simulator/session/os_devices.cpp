@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "platform/device.h"
+#include "platform/shown_screen.h"
 #include "platform/task.h"
 #include "simulator/session/descriptors.h"
 #include "simulator/session/world.h"
@@ -94,6 +95,8 @@ int select(int width, fd_set* readable, timeval* timeout) {
     }
     return count;
 }
+
+void tellShownScreen(std::int32_t id) { TheWorld().TellShownScreen(id); }
 
 int close(int descriptor) { return Descriptors::Instance().Close(descriptor); }
 

@@ -4,6 +4,7 @@
 
 #include "platform/process.h"
 #include "platform/semaphore.h"
+#include "platform/shown_screen.h"
 #include "platform/task.h"
 #include "platform/timer.h"
 #include "simulator/session/scheduler.h"
@@ -111,6 +112,9 @@ std::time_t time() {
     return static_cast<std::time_t>(session::TheWorld().StartSeconds() + Scheduler::Instance().Now() / kTicksPerSecond);
 }
 
-void startProcess() { std::setvbuf(stdout, nullptr, _IOLBF, 0); }
+void startProcess() {
+    std::setvbuf(stdout, nullptr, _IOLBF, 0);
+    tellShownScreen(kNoScreen);
+}
 
 }  // namespace os

@@ -6,6 +6,8 @@
 #include <filesystem>
 #include <nlohmann/json.hpp>
 
+#include "simulator/meter/link/trace.h"
+
 namespace session {
 namespace {
 
@@ -18,12 +20,19 @@ double Seconds(Instant time) { return static_cast<double>(time) / 1000.0; }
 
 }  // namespace
 
-Playback::Playback(const Replay& replay, LiveBoard& board, std::string file, const std::string& control,
+Playback::Playback(Replay& replay, LiveBoard& board, std::string file, const std::string& control,
                    std::function<bool()> isStopped)
     : m_replay(replay), m_board(board), m_file(std::move(file)), m_isStopped(std::move(isStopped)) {
     if (control.empty()) return;
     m_control =
         std::make_unique<meter::ControlSocket>(control, [this](std::string_view line) { return Execute(line); });
+    m_replay.OnCall([this](const meter::LinkCall& call) { Trace(call); });
+}
+
+void Playback::Trace(const meter::LinkCall& call) {
+    ++m_calls;
+    const meter::Instant now = m_replay.StartSeconds() * 1000 + Scheduler::Instance().Now();
+    if (m_control->IsTraced()) m_control->Trace(meter::TraceLine(call, m_calls, now));
 }
 
 bool Playback::Await(Instant when) {

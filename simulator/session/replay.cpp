@@ -58,9 +58,18 @@ Instant Replay::NextFrame() const {
 
 void Replay::Deliver(const Event& event) {
     if (const auto* key = std::get_if<KeyEvent>(&event.what)) PressKey(key->code, key->state);
-    if (const auto* command = std::get_if<CommandEvent>(&event.what))
-        CommandDisplay(command->operation, command->payload, command->size);
+    if (const auto* command = std::get_if<CommandEvent>(&event.what)) Command(*command);
     if (const auto* listening = std::get_if<ListenEvent>(&event.what)) m_listens = listening->listens;
+}
+
+void Replay::Command(const CommandEvent& command) const {
+    const auto reply = CommandDisplay(command.operation, command.payload, command.size);
+    if (!m_observer) return;
+    m_observer({.to = meter::Callee::Display,
+                .operation = command.operation,
+                .payload = command.payload,
+                .reply = reply ? std::span<const std::byte>(*reply) : std::span<const std::byte>(),
+                .result = reply ? "ok" : "failed"});
 }
 
 void Replay::TakeFrame(std::span<const std::byte> pixels) {
@@ -83,6 +92,18 @@ std::int32_t Replay::Control(std::string_view device, std::uint32_t request, std
 }
 
 meter::CallOutcome Replay::TakeCall(const meter::Frame& call) {
+    meter::CallOutcome outcome = Answer(call);
+    const bool whole = !outcome.reset && outcome.reply.size() == call.responseSize;
+    if (m_observer)
+        m_observer({.operation = call.name,
+                    .payload = call.payload,
+                    .reply = outcome.reply,
+                    .taken = outcome.held,
+                    .result = whole ? "ok" : "failed"});
+    return outcome;
+}
+
+meter::CallOutcome Replay::Answer(const meter::Frame& call) {
     const std::size_t end = std::min(m_nextCall + kReach, m_calls.size());
     std::size_t place = m_nextCall;
     while (place < end && !IsSame(m_calls[place]->call, call)) ++place;

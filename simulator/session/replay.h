@@ -29,6 +29,9 @@ public:
     /// @param mayGo  asked before each step with the time to which it leads; false ends the replay there
     std::optional<Difference> Run(const std::function<bool(Instant)>& mayGo = [](Instant) { return true; });
 
+    /// Has every call of the link reported as it is replayed, the display's and the meter's.
+    void OnCall(meter::CallObserver observer) { m_observer = std::move(observer); }
+
     /// Whether `Run` came to the end of the recording.
     bool IsWhole() const { return m_whole; }
     std::size_t FrameCount() const { return m_frames; }
@@ -41,16 +44,20 @@ public:
     std::int64_t StartSeconds() const override { return m_recording.start; }
     void TakeFrame(std::span<const std::byte> pixels) override;
     std::int32_t Control(std::string_view device, std::uint32_t request, std::int32_t argument) override;
+    void TellShownScreen(std::int32_t id) override { m_board.TellShownScreen(id); }
     bool MeterListens() override { return m_listens; }
     meter::CallOutcome TakeCall(const meter::Frame& call) override;
 
 private:
     void Deliver(const Event& event);
+    void Command(const CommandEvent& command) const;
+    meter::CallOutcome Answer(const meter::Frame& call);
     Instant NextFrame() const;
 
     const Recording& m_recording;
     std::filesystem::path m_romfs;
     BoardPort& m_board;
+    meter::CallObserver m_observer;
     std::vector<const CallEvent*> m_calls;
     std::vector<const Event*> m_recordedFrames;
     std::size_t m_nextCall = 0;

@@ -47,6 +47,7 @@ public:
     virtual ~BoardPort() = default;
     virtual void TakeFrame(const panel::Frame&) {}
     virtual std::int32_t Control(std::string_view device, std::uint32_t request, std::int32_t argument);
+    virtual void TellShownScreen(std::int32_t) {}
 
 private:
     panel::Backlight m_backlight;
@@ -93,6 +94,7 @@ public:
     std::int64_t StartSeconds() const override { return m_setting.start; }
     void TakeFrame(std::span<const std::byte> pixels) override;
     std::int32_t Control(std::string_view device, std::uint32_t request, std::int32_t argument) override;
+    void TellShownScreen(std::int32_t id) override { m_board.TellShownScreen(id); }
     bool MeterListens() override { return m_server.GetFault() != meter::Fault::Absent; }
     meter::CallOutcome TakeCall(const meter::Frame& call) override;
 

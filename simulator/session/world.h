@@ -30,6 +30,8 @@ public:
     /// The display sent a request to a device of the board. @return its result
     virtual std::int32_t Control(std::string_view device, std::uint32_t request, std::int32_t argument) = 0;
 
+    virtual void TellShownScreen(std::int32_t id) = 0;
+
     /// Whether somebody listens on the meter's port.
     virtual bool MeterListens() = 0;
     virtual meter::CallOutcome TakeCall(const meter::Frame& call) = 0;

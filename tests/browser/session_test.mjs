@@ -69,7 +69,7 @@ test("R stops the recording of a session, which can be replayed, and starts anot
       await textBecomes(page, "#screen-now", "25 ");
       await page.keyboard.press("r");
       await textBecomes(page, "#recording", "kitchen-2.rec");
-      await textBecomes(page, "#screen-now", "unknown");
+      await textBecomes(page, "#screen-now", "200 ");
       await eventually(async () => (await meterState())?.recording.running, "the other recording");
       await page.getByRole("button", { name: "Record R", pressed: true }).click();
       await textBecomes(page, "#notice", "kitchen-2.rec");
@@ -97,7 +97,9 @@ test("a replay pauses, goes on by one frame, and plays to its end", async () => 
       assert.equal((await meterState()).replay.frame, replay.frame + 2);
       await page.keyboard.press("r");
       await textBecomes(page, "#notice", "is replayed");
+      await page.getByRole("tab", { name: "Link" }).click();
       await page.getByRole("button", { name: "Play" }).click();
+      await eventually(async () => (await page.locator(".calls [role=option]").count()) > 0, "calls that are replayed");
       await eventually(async () => !(await meterState()), "the end of the replay");
     },
   );

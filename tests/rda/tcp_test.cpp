@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <chrono>
 
 #include "rda/tcp_acceptor.h"
 #include "rda/tcp_connector.h"
@@ -63,6 +64,30 @@ TEST(TcpConnector, HangsUpBeforeItConnectsAnew) {
     Peer first = listener.Accept();
     ASSERT_EQ(connector.connect(kHere, listener.port(), 2), 0);
     EXPECT_TRUE(first.IsClosedByOther());
+}
+
+TEST(TcpConnector, SendsACallAtOnceAlthoughTheOneBeforeHadNoReply) {
+    using Clock = std::chrono::steady_clock;
+    Listener listener;
+    vxTCPConnector connector;
+    ASSERT_EQ(connector.connect(kHere, listener.port(), 2), 0);
+    Peer peer = listener.Accept();
+    Buffer buffer{};
+    std::array<Clock::duration, 15> waits{};
+    for (Clock::duration& wait : waits) {
+        for (int i = 0; i < 5; ++i) {
+            ASSERT_EQ(connector.stream().send(buffer.data(), 1), 1);
+            peer.Send(peer.Receive(1));
+            ASSERT_EQ(connector.stream().receive(buffer.data(), 1), 1);
+        }
+        const auto start = Clock::now();
+        ASSERT_EQ(connector.stream().send(buffer.data(), 1), 1);
+        ASSERT_EQ(connector.stream().send(buffer.data(), 2), 2);
+        peer.Receive(3);
+        wait = Clock::now() - start;
+    }
+    std::ranges::nth_element(waits, waits.begin() + waits.size() / 2);
+    EXPECT_LT(waits[waits.size() / 2], std::chrono::milliseconds(20)) << "the acknowledgement takes 40 ms";
 }
 
 TEST(TcpAcceptor, AcceptsAndResetsAndStopsOnce) {

@@ -90,6 +90,27 @@ TEST_F(Session, ReplaysARecordingFrameByFrame) {
     EXPECT_NE(outcome.talk.find("frames, all as recorded"), std::string::npos) << outcome.talk;
 }
 
+TEST_F(Session, FiveMinutesOfWorkReplayFrameByFrame) {
+    constexpr std::array kKeys = {"soft3", "soft4", "soft3", "soft1", "soft2",
+                                  "soft4", "home",  "soft3", "soft1", "soft4"};
+    constexpr std::array kScenarios = {"sag", "unbalance", "normal"};
+    constexpr std::array kFaults = {"slow", "none", "half", "none", "reset", "none"};
+    std::ofstream script(Path("script"));
+    for (std::size_t i = 1; i < 295; ++i) {
+        script << i << " press " << kKeys[(i + i / 29) % kKeys.size()] << '\n';
+        if (i % 20 == 0) script << i << ".3 navigate " << 1 + i % 196 << '\n';
+        if (i % 45 == 0) script << i << ".4 scenario " << kScenarios[i / 45 % kScenarios.size()] << '\n';
+        if (i % 25 == 0) script << i << ".6 fault " << kFaults[i / 25 % kFaults.size()] << '\n';
+    }
+    script.close();
+    const Outcome recorded = Run("--seed 7 --seconds 300 --record " + Path("long") + " --script " + Path("script"));
+    EXPECT_EQ(recorded.status, 0);
+    EXPECT_EQ(recorded.talk.find("error"), std::string::npos) << recorded.talk;
+    const Outcome outcome = Run("--replay " + Path("long"));
+    EXPECT_EQ(outcome.status, 0) << outcome.talk;
+    EXPECT_GT(std::stoi(outcome.talk.substr(outcome.talk.find(": ") + 2)), 300) << outcome.talk;
+}
+
 TEST_F(Session, NamesTheFirstFrameThatDiffers) {
     const std::string changed = WithAnotherReply(Record(), "PQINTERFACE_getPhasorData", 1);
     const Outcome outcome = Run("--replay " + changed);

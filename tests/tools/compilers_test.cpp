@@ -12,8 +12,9 @@ constexpr const char* kPalette = R"({"colours": [
 constexpr const char* kFonts = R"({
     "faces": {"thin": "/usr/share/fonts/truetype/dejavu/DejaVuSansCondensed.ttf",
               "wide": "/usr/share/fonts/truetype/dejavu/DejaVuSans.ttf"},
-    "fallback": "wide", "ranges": ["0030-0039", "0416", "E000"],
-    "fonts": [{"number": 32, "size": 10, "face": "thin"}, {"number": 33, "size": 20, "face": "wide"}]})";
+    "fallback": "wide", "ranges": {"all": ["0030-0039", "0416", "E000"], "figures": ["0030-0039"]},
+    "fonts": [{"number": 32, "size": 10, "face": "thin", "ranges": "all"},
+              {"number": 33, "size": 20, "face": "wide", "ranges": "figures"}]})";
 
 constexpr const char* kBitmaps = R"({"folder": "drawings",
     "bitmaps": [{"numbers": [81, 82], "size": [6, 2], "drawing": "solid.svg"},
@@ -99,6 +100,7 @@ TEST_F(Compilers, MakeWhatTheDisplayReadsInEitherOrderPackedOrNot) {
         EXPECT_EQ(HeightOf(PegResources::GetFont(33)), 24);
         EXPECT_GT(WidthOf(u"Ж", PegResources::GetFont(32)), 5);
         EXPECT_EQ(WidthOf(u"\uE000", PegResources::GetFont(32)), 0);
+        EXPECT_EQ(WidthOf(u"Ж", PegResources::GetFont(33)), 0) << "not among its ranges";
         EXPECT_EQ(WidthOf(u"11111", PegResources::GetFont(33)), WidthOf(u"80356", PegResources::GetFont(33)));
     }
 }
@@ -187,14 +189,16 @@ TEST_F(Compilers, NameFileAndPlaceOfEveryMistake) {
         {"palette.json", R"({"colours": [{"number": -1, "name": "a", "value": "#000000"}]})",
          "/colours/0/number: a number from 0"},
         {"fonts.json",
-         R"({"faces": {"a": "en.po"}, "fallback": "a", "ranges": [], "fonts": [{"number": 32, "size": 10, "face": "a"}]})",
+         R"({"faces": {"a": "en.po"}, "fallback": "a", "ranges": {"x": []}, "fonts": [{"number": 32, "size": 10, "face": "a", "ranges": "x"}]})",
          "en.po: cannot be read as a font"},
-        {"fonts.json", R"({"faces": {"a": "x"}, "fallback": "a", "ranges": ["39-30"], "fonts": []})",
-         "/ranges/0: \"39-30\" runs backwards"},
-        {"fonts.json", R"({"faces": {"a": "x"}, "fallback": "a", "ranges": ["3G"], "fonts": []})",
-         "/ranges/0: \"3G\" is no range"},
+        {"fonts.json", R"({"faces": {"a": "/usr/share/fonts/truetype/dejavu/DejaVuSans.ttf"}, "fallback": "a", "ranges": {"x": ["39-30"]},
+             "fonts": [{"number": 32, "size": 10, "face": "a", "ranges": "x"}]})",
+         "/ranges/x/0: \"39-30\" runs backwards"},
+        {"fonts.json", R"({"faces": {"a": "/usr/share/fonts/truetype/dejavu/DejaVuSans.ttf"}, "fallback": "a", "ranges": {"x": ["3G"]},
+             "fonts": [{"number": 32, "size": 10, "face": "a", "ranges": "x"}]})",
+         "/ranges/x/0: \"3G\" is no range"},
         {"fonts.json",
-         R"({"faces": {"a": "x"}, "fallback": "a", "ranges": [], "fonts": [{"number": 33, "size": 10, "face": "a"}]})",
+         R"({"faces": {"a": "x"}, "fallback": "a", "ranges": {}, "fonts": [{"number": 33, "size": 10, "face": "a"}]})",
          "/fonts/0: its number does not follow"},
         {"bitmaps.json",
          R"({"folder": "drawings", "bitmaps": [{"numbers": [81], "size": [6, 3], "drawing": "solid.svg"}]})",

@@ -129,7 +129,6 @@ private:
 class FontsFile {
 public:
     explicit FontsFile(const std::filesystem::path& path) : m_file(JsonSource::Read(path)) {
-        for (const JsonSource& range : m_file.At("ranges").Items()) m_ranges.push_back(ReadRange(range));
         m_fallback = PathOf(m_file.At("fallback"));
     }
 
@@ -153,12 +152,13 @@ private:
         const OutlineFace face(PathOf(source.At("face")), size);
         const OutlineFace fallback(m_fallback, size);
         Font font{.name = source.At("face").Text() + " " + std::to_string(size), .pages = {}};
-        for (const Range range : m_ranges) font.pages.push_back(PageMaker(face, fallback, size).Make(range));
+        for (const JsonSource& range : m_file.At("ranges").At(source.At("ranges").Text()).Items()) {
+            font.pages.push_back(PageMaker(face, fallback, size).Make(ReadRange(range)));
+        }
         return font;
     }
 
     JsonSource m_file;
-    std::vector<Range> m_ranges;
     std::filesystem::path m_fallback;
 };
 

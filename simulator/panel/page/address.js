@@ -12,10 +12,10 @@ export function readAddress(hash) {
   return words;
 }
 
-/** The words for what the bench is doing; the screen only as long as it is certain. */
+/** The words for what the bench is doing. */
 export function wordsFor({ screen, meterState }) {
   const words = {};
-  if (screen?.certain && screen.number > 0) words.screen = String(screen.number);
+  if (screen > 0) words.screen = String(screen);
   if (!meterState) return words;
   words.lang = kLanguages[meterState.language]?.code;
   words.mode = modeOf(meterState);

@@ -80,7 +80,7 @@ function chooseNamed(title, items, current, lineOf) {
 
 watchShortcuts(benchButtons, {
   go: () => {
-    const choices = screens.choices().map((choice) => ({ ...choice, current: choice.value === state.screen?.number }));
+    const choices = screens.choices().map((choice) => ({ ...choice, current: choice.value === state.screen }));
     choose("Go to a screen", choices, (number) => `navigate ${number}`, (number) => screens.name(number));
   },
   language: () => {

@@ -45,11 +45,8 @@ export class Status {
   }
 }
 
-/** The display does not say which screen it shows: what is known is where it was sent. */
 function screenText(screen, screens) {
-  if (!screen) return "unknown";
-  const name = screens.name(screen.number);
-  return screen.certain ? name : `by keys from ${name}`;
+  return screen === null ? "unknown" : screens.name(screen);
 }
 
 export function showConnection(connected) {

@@ -3,6 +3,7 @@
 #include <set>
 #include <thread>
 
+#include "platform/shown_screen.h"
 #include "tests/simulator/panel/fake_meter.h"
 #include "tests/simulator/panel/panel_server.h"
 
@@ -115,27 +116,18 @@ TEST_F(Viewers, FollowTheCallsOfTheMeter) {
     EXPECT_EQ(calls.find("broken"), std::string::npos);
 }
 
-TEST_F(Viewers, KnowTheScreenUntilAKeyIsPressed) {
-    const std::string path = (m_root / "meter").string();
-    m_server.reset();
-    Serve(path);
-    const FakeMeter meter(path);
+TEST_F(Viewers, SeeWhichScreenTheDisplayShows) {
+    const auto shows = [this](const nlohmann::json& screen) {
+        return Eventually([this, screen] { return State()["screen"] == screen; });
+    };
+    os::tellShownScreen(os::kNoScreen);
     WriteFrame(1);
-    ASSERT_TRUE(Eventually([this] { return State()["display"] == true; }));
-    EXPECT_TRUE(Eventually([this] { return State()["screen"]["number"] == 7; })) << "where somebody else sent it";
-    const std::map<std::string, int> lines = {
-        {"navigate 68", 68}, {"alt-mode 1", 4}, {"test-mode 1", 201}, {"alt-mode 0", 200}};
-    for (const auto& [line, screen] : lines) {
-        Ask("POST", "/meter", line);
-        EXPECT_TRUE(Eventually([&, wanted = nlohmann::json{{"number", screen}, {"certain", true}}] {
-            return State()["screen"] == wanted;
-        })) << line;
-        Ask("POST", "/keys/soft1");
-        EXPECT_EQ(State()["screen"], (nlohmann::json{{"number", screen}, {"certain", false}}));
+    EXPECT_TRUE(shows(nullptr)) << "while the display comes up";
+    for (const int screen : {200, 68, -3}) {
+        os::tellShownScreen(screen);
+        WriteFrame(2);
+        EXPECT_TRUE(shows(screen)) << screen;
     }
-    Ask("POST", "/meter", "silent");
-    Ask("POST", "/meter", "navigate 0");
-    EXPECT_TRUE(Eventually([this] { return State()["screen"] == nullptr; })) << "the menu of whatever mode";
 }
 
 }  // namespace
