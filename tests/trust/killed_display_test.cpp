@@ -83,15 +83,9 @@ protected:
     void PressAnyKey() {
         if (board->State().displayUp) Press(m_random() % 2 == 0 ? panel::Key::Soft3 : panel::Key::Home);
     }
-    /// What stands in the board's folder, with the sizes of its files.
-    std::set<std::string> Belongings() const {
-        std::set<std::string> belongings;
-        for (const auto& entry : fs::recursive_directory_iterator(m_folder)) {
-            const std::string size = entry.is_regular_file() ? std::to_string(entry.file_size()) : "";
-            belongings.insert(entry.path().string() + ' ' + size);
-        }
-        return belongings;
-    }
+    /// What stands in the board's folder.
+    std::set<fs::path> Belongings() const { return {fs::recursive_directory_iterator(m_folder), {}}; }
+    bool IsFrameBufferWhole() const { return fs::file_size(m_folder / "db9000_fb") == panel::kFrameBytes; }
     milliseconds AnyMoment() {
         const milliseconds longest = std::array{kStartUp, kStartUp, kHandOver, kWhole}[m_random() % 4];
         return milliseconds(m_random() % static_cast<unsigned long>(longest.count()));
@@ -114,6 +108,7 @@ TEST_P(KilledDisplay, ComesBackEachTimeToAWholeBoard) {
         const milliseconds length = AnyMoment();
         Live(length);
         EXPECT_EQ(Belongings(), belongings);
+        EXPECT_TRUE(IsFrameBufferWhole());
         EXPECT_FALSE(HasFailure()) << "life " << life << " of " << length.count() << " ms";
     }
     Live(kWhole);
