@@ -23,18 +23,21 @@ void OnSignal(int signal, siginfo_t* information, void*) {
                 information->si_signo, information->si_value.sival_int);
 }
 
-void CreateTickTimer() {
+int HandleTickSignal() {
     struct sigaction action {};
     action.sa_sigaction = OnSignal;
     action.sa_flags = SA_SIGINFO;
-    static_cast<void>(os::sigaction(os::kTickSignal, &action, nullptr));
+    return os::sigaction(os::kTickSignal, &action, nullptr);
+}
 
+void CreateTickTimer() {
     sigevent event{};
     event.sigev_notify = SIGEV_SIGNAL;
     event.sigev_signo = os::kTickSignal;
     event.sigev_value.sival_int = kTickValue;
     timer_t timer{};
-    if (os::timer_create(CLOCK_MONOTONIC, &event, &timer) != 0) {
+    // A signal that nobody handles would end the process: better no ticks.
+    if (HandleTickSignal() != 0 || os::timer_create(CLOCK_MONOTONIC, &event, &timer) != 0) {
         std::printf("Display timers: error creating timer! id=%d\n", 0);
         setTickTimer(nullptr);
         return;

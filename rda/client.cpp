@@ -20,6 +20,7 @@ namespace {
 
 constexpr std::uint32_t kConnectSeconds = 2;
 constexpr std::uint32_t kHoldOffSeconds = 15;  // over when more than this have passed
+constexpr std::uint32_t kReplySeconds = 10;    // a meter that sends byte by byte must not hold up the panel
 constexpr std::size_t kTaskContexts = 10;
 
 /// The one connection to the meter and what is needed to make it anew.
@@ -74,10 +75,12 @@ std::uint8_t* Put(std::uint8_t* place, std::uint32_t value) {
     return Put(place, field.bytes.data(), field.bytes.size());
 }
 
-/// Receives piece by piece. @return whether all of it came
+/// Receives piece by piece, as long as the pieces come within the time of a whole reply. @return whether all of it came
 bool ReceiveAll(vxTCPStream& stream, std::uint8_t* reply, std::uint32_t size) {
+    const std::uint32_t start = SecondsNow();
     std::uint32_t received = 0;
     while (received < size) {
+        if (received != 0 && SecondsNow() - start > kReplySeconds) return false;
         const std::int32_t count = stream.receive(reply + received, size - received);
         if (count < 1) return false;
         received += static_cast<std::uint32_t>(count);
@@ -92,6 +95,8 @@ bool Exchange(std::uint32_t frameSize, std::uint32_t responseSize, std::uint8_t*
     RdaClient& client = RdaClient::instance();
     vxTCPStream& stream = link.connector.stream();
     const std::uint8_t* frame = link.frame.data();
+    // Bytes that nobody asked for belong to no call to come; where they end, nothing tells but a new connection.
+    if (stream.discardUnread()) client.reconnect();
     if (stream.send(frame, frameSize) < 0) {
         client.reconnect();
         if (stream.send(frame, frameSize) < 0) {

@@ -12,6 +12,7 @@
 namespace {
 
 constexpr std::uint32_t kReadSeconds = 5;
+constexpr int kPauseTicks = 50;
 
 std::array<std::uint8_t, 8192> responseBuffer;  // of the one server task
 
@@ -52,6 +53,9 @@ void RdaServer::serve(std::uint16_t port, const char* address, std::uint32_t kee
             TellConnected(1);
             while (ServeRequest(client)) {
             }
+        } else if (acceptTimeoutSeconds == 0) {
+            // A wait without limit ends without a client only when it fails, and might fail again at once.
+            os::taskDelay(kPauseTicks);
         }
         client.close();
     } while (keepServing != 0);

@@ -30,6 +30,9 @@ public:
 
     virtual void close();
 
+    /// Throws away what has arrived and nobody has asked for. @return whether there was anything
+    bool discardUnread();
+
     std::uint16_t peerPort() const { return m_peerPort; }
     const char* peerAddress() const { return m_peerAddress.data(); }
 

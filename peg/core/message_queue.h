@@ -26,7 +26,7 @@ public:
     /// Sends a message, to the queue of the task whose modal window the target is in, if there is one.
     /// @return 1, or 0 when the message was lost
     int Push(const PegMessage& message);
-    void PushDirect(const PegMessage& message) { EnqueueTaskMessage(message, m_queue); }
+    int PushDirect(const PegMessage& message) { return EnqueueTaskMessage(message, m_queue); }
     static int EnqueueTaskMessage(const PegMessage& message, os::MessageQueueId queue);
 
     /// Waits for the next message that is neither a tick nor empty. Whenever the queue runs empty, everything invalid

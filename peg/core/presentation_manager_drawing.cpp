@@ -74,7 +74,11 @@ void PegPresentationManager::InvalidateArea(PegThing& thing, const PegRect& rect
 }
 
 void PegPresentationManager::DrawInvalid() {
-    if (m_firstInvalid == nullptr) return;
+    if (m_firstInvalid == nullptr) {
+        // A picture that did not arrive must not leave the one before it on the panel until something changes.
+        if (toolkit.screen->IsBehind()) toolkit.screen->FlushToDevice();
+        return;
+    }
     if (m_viewportsPending) RebuildViewports();
     ReduceInvalid();
     PegArea* const lastOfPass = m_lastInvalid;

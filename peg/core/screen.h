@@ -65,6 +65,8 @@ public:
     /// Describes the frame in memory as a bitmap of that size.
     virtual PegBitmap ScreenBitmap(int width, int height) = 0;
     virtual void FlushToDevice() = 0;
+    /// Whether the device did not take the frame when it was sent last.
+    virtual bool IsBehind() const { return false; }
 
     /// A surface that its owner wants to hear of: each outermost pass that drew on it ends with MSG_CANVAS_DRAWN.
     void AddCanvas(std::int32_t number, PegThing* owner, std::array<std::uint32_t, 2> data);

@@ -73,9 +73,10 @@ void PegTimerList::ProcessTick() {
         message.target = timer->owner;
         message.type = MSG_TIMER;
         message.param = static_cast<std::int16_t>(timer->id);
-        toolkit.queue->PushDirect(message);
-        if (timer->reload >= 1) {
-            timer->countdown = timer->reload;
+        const bool sent = toolkit.queue->PushDirect(message) != 0;
+        if (timer->reload >= 1 || !sent) {
+            // Nothing makes up for a lost time-out: what a full queue refused is due again with the next tick.
+            timer->countdown = timer->reload >= 1 ? timer->reload : 1;
             link = &timer->next;
         } else {
             Retire(link);

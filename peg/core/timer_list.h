@@ -13,8 +13,8 @@ public:
     PegTimerList& operator=(const PegTimerList&) = delete;
     ~PegTimerList();
 
-    /// Fires after `count` ticks and then every `reload` ticks, or once when that is 0 or less. A timer that the owner
-    /// has under this id already starts again.
+    /// Fires after `count` ticks and then every `reload` ticks, or once when that is 0 or less; once means with the
+    /// next tick whose message finds room in the queue. A timer that the owner has under this id already starts again.
     void SetTimer(PegThing& owner, std::uint16_t id, std::int32_t count, std::int32_t reload);
 
     /// Frees a timer of the owner, or with id 0 all of them; with `includeDescendants` those of the things inside it

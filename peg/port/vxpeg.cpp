@@ -92,11 +92,10 @@ int PegInitialize() {
     IgnoreBrokenPipe();
     const os::TaskId task =
         os::taskCreate("tPegThread", kTaskPriority, os::kTaskFloatingPoint, kTaskStack, PegTaskMain, 0);
-    if (task == os::kTaskError) {
+    if (task == os::kTaskError || os::taskActivate(task) != 0) {
         std::printf("PegInitialize: Spawn of PegTaskMain failed\n");
         return -1;
     }
-    os::taskActivate(task);
     for (;;) os::taskDelay(kSleepSeconds * os::sysClkRateGet());
 }
 

@@ -8,7 +8,7 @@ constexpr const char* kFrameBuffer = "/db9000_fb";
 
 void PegWinScreen::FlushToDevice() {
     const int device = os::open(kFrameBuffer, os::kReadWrite);
+    m_behind = device < 0 || os::write(device, Row(0), FrameBytes()) != static_cast<ssize_t>(FrameBytes());
     if (device < 0) return;
-    static_cast<void>(os::write(device, Row(0), FrameBytes()));
     os::close(device);
 }

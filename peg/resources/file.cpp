@@ -14,17 +14,19 @@ bool PegFile::Open(const char* path) {
     Close();
     const int descriptor = os::open(path, os::kReadOnly);
     if (descriptor < 0) return false;
-    for (;;) {
+    m_open = true;
+    bool isWhole = false;
+    while (!isWhole && m_content.size() <= kLargestFile) {
         const std::size_t size = m_content.size();
         m_content.resize(size + kPiece);
         const ssize_t got = os::read(descriptor, m_content.data() + size, kPiece);
         m_content.resize(size + (got > 0 ? static_cast<std::size_t>(got) : 0));
-        if (got == 0) m_open = true;
-        if (got <= 0 || m_content.size() > kLargestFile) break;
+        if (got < 0) break;
+        isWhole = got == 0;
     }
     os::close(descriptor);
-    if (!m_open) Close();
-    return m_open;
+    if (!isWhole) m_content = {};
+    return true;
 }
 
 void PegFile::Close() {

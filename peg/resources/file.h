@@ -9,7 +9,8 @@
 /// record claims can be held against what is really there.
 class PegFile {
 public:
-    /// Reads the file. @return false when it is missing, unreadable or larger than any file of this system
+    /// Reads the file. One that cannot be read to its end, or is larger than any file of this system, is taken for
+    /// empty: half a file might look like a whole one. @return false when it cannot be opened
     [[nodiscard]] bool Open(const char* path);
     void Close();
     bool IsOpen() const { return m_open; }

@@ -29,6 +29,7 @@ constexpr Instant kMicrosecondsPerTick = 1000;
 
 int open(const char* path, int mode) {
     const std::string_view name(path);
+    if (IsRefused(OsCall::Open, name)) return -1;
     Descriptors& descriptors = Descriptors::Instance();
     if (name.starts_with(kRomfs))
         return ::open((TheWorld().Romfs() / name.substr(kRomfs.size())).c_str(), mode | O_CLOEXEC);
@@ -43,11 +44,13 @@ int open(const char* path, int mode) {
 }
 
 ssize_t read(int descriptor, void* buffer, std::size_t bytes) {
+    if (IsRefused(OsCall::Read)) return -1;
     const auto endpoint = Descriptors::Instance().Find(descriptor);
     return endpoint != nullptr ? ReadFrom(*endpoint, buffer, bytes) : ::read(descriptor, buffer, bytes);
 }
 
 ssize_t write(int descriptor, const void* buffer, std::size_t bytes) {
+    if (IsRefused(OsCall::Write)) return -1;
     const auto endpoint = Descriptors::Instance().Find(descriptor);
     if (endpoint == nullptr || endpoint->role != Role::FrameBuffer) return -1;
     TheWorld().TakeFrame({static_cast<const std::byte*>(buffer), bytes});
@@ -55,14 +58,18 @@ ssize_t write(int descriptor, const void* buffer, std::size_t bytes) {
 }
 
 int ioctl(int descriptor, int request, int argument) {
+    if (IsRefused(OsCall::Control)) return -1;
     const auto endpoint = Descriptors::Instance().Find(descriptor);
     if (endpoint == nullptr || endpoint->role != Role::Device) return -1;
     return TheWorld().Control(endpoint->device, static_cast<std::uint32_t>(request), argument);
 }
 
-off_t seek(int descriptor, off_t offset) { return ::lseek(descriptor, offset, SEEK_CUR); }
+off_t seek(int descriptor, off_t offset) {
+    return IsRefused(OsCall::Seek) ? -1 : ::lseek(descriptor, offset, SEEK_CUR);
+}
 
 int select(int width, fd_set* readable, timeval* timeout) {
+    if (IsRefused(OsCall::Select)) return -1;
     Scheduler& scheduler = Scheduler::Instance();
     std::vector<std::pair<int, std::shared_ptr<Endpoint>>> watched;
     for (int i = 0; i < width; ++i)

@@ -5,12 +5,15 @@
 
 #include "platform/message_queue.h"
 #include "simulator/session/scheduler.h"
+#include "simulator/session/world.h"
 
 // Message queues of the display on the session's clock.
 
 namespace os {
 namespace {
 
+using session::IsRefused;
+using session::OsCall;
 using session::Scheduler;
 
 thread_local QueueError lastError = QueueError::None;
@@ -36,10 +39,12 @@ struct MessageQueue {
 };
 
 MessageQueueId msgQCreate(std::size_t maxMessages, std::size_t maxMessageLength, int /*options*/) {
+    if (IsRefused(OsCall::CreateQueue)) return nullptr;
     return new MessageQueue{maxMessages, maxMessageLength, {}};
 }
 
 int msgQSend(MessageQueueId queue, const void* buffer, std::size_t bytes, int timeout, int /*priority*/) {
+    if (IsRefused(OsCall::SendMessage)) return Fail(QueueError::Full);
     if (queue == nullptr) return Fail(QueueError::NoQueue);
     if (bytes > queue->maxLength) return Fail(QueueError::TooLong);
     if (!WaitAsTold([queue] { return queue->messages.size() < queue->maxMessages; }, timeout))
@@ -51,6 +56,7 @@ int msgQSend(MessageQueueId queue, const void* buffer, std::size_t bytes, int ti
 }
 
 int msgQReceive(MessageQueueId queue, void* buffer, std::size_t maxBytes, int timeout) {
+    if (IsRefused(OsCall::ReceiveMessage)) return Fail(QueueError::NoQueue);
     if (queue == nullptr) return Fail(QueueError::NoQueue);
     if (!WaitAsTold([queue] { return !queue->messages.empty(); }, timeout)) return Fail(QueueError::Empty);
     const std::vector<std::byte> message = std::move(queue->messages.front());

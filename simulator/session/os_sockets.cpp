@@ -36,18 +36,23 @@ void Answer(Endpoint& endpoint) {
         }
         meter::CallOutcome outcome = TheWorld().TakeCall(call);
         endpoint.ended = outcome.reset;
-        if (!outcome.reply.empty())
-            endpoint.inbox.push_back({Scheduler::Instance().Now() + outcome.held.count(), std::move(outcome.reply)});
+        const std::size_t piece = outcome.pace.count() != 0 ? 1 : outcome.reply.size();
+        Instant due = Scheduler::Instance().Now() + outcome.held.count();
+        for (std::span<const std::byte> left = outcome.reply; !left.empty();
+             left = left.subspan(piece), due += outcome.pace.count())
+            endpoint.inbox.push_back({due, {left.begin(), left.begin() + static_cast<std::ptrdiff_t>(piece)}});
     }
 }
 
 }  // namespace
 
 int socket(int /*domain*/, int /*type*/, int /*protocol*/) {
+    if (IsRefused(OsCall::Socket)) return -1;
     return Descriptors::Instance().Add(std::make_shared<Endpoint>());
 }
 
 int bind(int socket, const sockaddr_in* address) {
+    if (IsRefused(OsCall::Bind)) return -1;
     const auto endpoint = Descriptors::Instance().Find(socket);
     if (endpoint == nullptr) return Fail(EBADF);
     endpoint->port = ntohs(address->sin_port);
@@ -55,6 +60,7 @@ int bind(int socket, const sockaddr_in* address) {
 }
 
 int listen(int socket, int /*backlog*/) {
+    if (IsRefused(OsCall::Listen)) return -1;
     const auto endpoint = Descriptors::Instance().Find(socket);
     if (endpoint == nullptr) return Fail(EBADF);
     endpoint->role = Role::Listener;
@@ -62,6 +68,7 @@ int listen(int socket, int /*backlog*/) {
 }
 
 int accept(int socket, sockaddr_in* peer) {
+    if (IsRefused(OsCall::Accept)) return -1;
     const auto endpoint = Descriptors::Instance().Find(socket);
     if (endpoint == nullptr || endpoint->arrivals.empty()) return Fail(EAGAIN);
     auto arrival = std::move(endpoint->arrivals.front());
@@ -73,6 +80,7 @@ int accept(int socket, sockaddr_in* peer) {
 }
 
 int setsockopt(int socket, int /*level*/, int option, const void* value, std::size_t length) {
+    if (IsRefused(OsCall::SetOption)) return -1;
     const auto endpoint = Descriptors::Instance().Find(socket);
     if (endpoint == nullptr) return Fail(EBADF);
     timeval time{};
@@ -89,6 +97,7 @@ int shutdown(int socket, int /*how*/) {
 }
 
 ssize_t send(int socket, const void* data, std::size_t length) {
+    if (IsRefused(OsCall::Send)) return -1;
     const auto endpoint = Descriptors::Instance().Find(socket);
     const std::span bytes(static_cast<const std::byte*>(data), length);
     if (endpoint == nullptr) return Fail(EBADF);
@@ -103,11 +112,13 @@ ssize_t send(int socket, const void* data, std::size_t length) {
 }
 
 ssize_t recv(int socket, void* buffer, std::size_t length) {
+    if (IsRefused(OsCall::Receive)) return -1;
     const auto endpoint = Descriptors::Instance().Find(socket);
     return endpoint != nullptr ? ReadFrom(*endpoint, buffer, length) : Fail(EBADF);
 }
 
 int connectWithTimeout(int socket, const sockaddr_in* /*address*/, const timeval* /*timeout*/) {
+    if (IsRefused(OsCall::Connect)) return -1;
     const auto endpoint = Descriptors::Instance().Find(socket);
     if (endpoint == nullptr) return Fail(EBADF);
     if (!TheWorld().MeterListens()) return Fail(ECONNREFUSED);

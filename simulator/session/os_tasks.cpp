@@ -1,5 +1,6 @@
 #include <csignal>
 #include <cstdio>
+#include <cstring>
 
 #include "platform/process.h"
 #include "platform/semaphore.h"
@@ -14,6 +15,8 @@
 namespace os {
 namespace {
 
+using session::IsRefused;
+using session::OsCall;
 using session::Scheduler;
 
 constexpr int kTicksPerSecond = 1000;
@@ -36,13 +39,15 @@ void RaiseSignal() {
 
 }  // namespace
 
-TaskId taskCreate(const char* /*name*/, int priority, int /*options*/, std::size_t /*stackSize*/, TaskEntry entry,
+TaskId taskCreate(const char* name, int priority, int /*options*/, std::size_t /*stackSize*/, TaskEntry entry,
                   TaskArgument argument) {
-    if (entry == nullptr) return kTaskError;
+    if (entry == nullptr || IsRefused(OsCall::CreateTask, name)) return kTaskError;
     return Scheduler::Instance().Create(priority, [entry, argument] { entry(argument); });
 }
 
-int taskActivate(TaskId task) { return Scheduler::Instance().Activate(task) ? 0 : -1; }
+int taskActivate(TaskId task) {
+    return !IsRefused(OsCall::ActivateTask) && Scheduler::Instance().Activate(task) ? 0 : -1;
+}
 
 TaskId taskSpawn(const char* name, int priority, int options, std::size_t stackSize, TaskEntry entry,
                  TaskArgument argument) {
@@ -66,7 +71,7 @@ struct Semaphore {
     int taken = 0;
 };
 
-SemaphoreId semMCreate(int /*options*/) { return new Semaphore; }
+SemaphoreId semMCreate(int /*options*/) { return IsRefused(OsCall::CreateMutex) ? nullptr : new Semaphore; }
 
 int semTake(SemaphoreId semaphore) {
     if (semaphore == nullptr) return -1;
@@ -84,18 +89,21 @@ int semGive(SemaphoreId semaphore) {
 }
 
 int timer_create(clockid_t /*clock*/, const sigevent* event, timer_t* timer) {
+    if (IsRefused(OsCall::CreateTimer)) return -1;
     timerEvent = *event;
     *timer = reinterpret_cast<timer_t>(&timerEvent);
     return 0;
 }
 
 int timer_settime(timer_t /*timer*/, int /*flags*/, const itimerspec* value, itimerspec* /*previous*/) {
+    if (IsRefused(OsCall::SetTimer)) return -1;
     Scheduler& scheduler = Scheduler::Instance();
     scheduler.SetTimer(scheduler.Now() + TicksOf(value->it_value), TicksOf(value->it_interval), RaiseSignal);
     return 0;
 }
 
 int sigaction(int signal, const struct ::sigaction* action, struct ::sigaction* /*previous*/) {
+    if (IsRefused(OsCall::SetSignal, ::sigabbrev_np(signal))) return -1;
     if (signal == kTickSignal) signalAction = *action;
     return 0;
 }

@@ -83,7 +83,8 @@ Event EventOf(const Json& line, std::shared_ptr<const panel::Frame>& last) {
     if (line.contains("call"))
         return {time, CallEvent{{line["call"], FromHex(line.at("payload")), WholeIn<std::uint32_t>(line.at("size"))},
                                 {line.value("reset", false), FromHex(line.at("reply")),
-                                 std::chrono::milliseconds(WholeIn<std::int32_t>(line.value("held", Json(0))))}}};
+                                 std::chrono::milliseconds(WholeIn<std::int32_t>(line.value("held", Json(0)))),
+                                 std::chrono::milliseconds(WholeIn<std::int32_t>(line.value("pace", Json(0))))}}};
     if (line.contains("frame")) {
         last = UnpackChange(*last, FromHex(line.at("change")));
         return {time, FrameEvent{last}};
@@ -155,6 +156,7 @@ void Recorder::OnCall(const meter::Frame& call, const meter::CallOutcome& outcom
                  {"reply", Hex(outcome.reply)}};
     if (outcome.reset) line["reset"] = true;
     if (outcome.held.count() != 0) line["held"] = outcome.held.count();
+    if (outcome.pace.count() != 0) line["pace"] = outcome.pace.count();
     Write(std::move(line));
 }
 

@@ -39,13 +39,6 @@ std::size_t PlaceOf(std::string_view word, const std::array<std::string_view, Co
 /// Whether the link works, but not as it should.
 bool IsHindered(meter::Fault fault) { return fault != meter::Fault::None && fault != meter::Fault::Absent; }
 
-/// Whether the application is built and has taken the start-up screen's place. Before that it may not be asked
-/// anything.
-bool HasHandedOver() {
-    const PegThing* shown = toolkit.manager != nullptr ? toolkit.manager->FirstChild() : nullptr;
-    return shown != nullptr && shown != &startupScreen::getInstance();
-}
-
 }  // namespace
 
 int LanguageNumber(std::string_view word) { return static_cast<int>(PlaceOf(word, kLanguages, "language")); }
@@ -99,6 +92,11 @@ bool Session::Show(int screen) {
            Scheduler::Instance().Now() < end)
         Run(kStep);
     return navigation.getCurrentScreenId() == screen;
+}
+
+bool Session::HasHandedOver() {
+    const PegThing* shown = toolkit.manager != nullptr ? toolkit.manager->FirstChild() : nullptr;
+    return shown != nullptr && shown != &startupScreen::getInstance();
 }
 
 void Session::RunUntil(Instant when) {

@@ -64,6 +64,10 @@ public:
     /// @throws std::runtime_error when the screen is not reached
     void Start();
 
+    /// Whether the application is built and has taken the start-up screen's place. Before that it may not be asked
+    /// anything.
+    static bool HasHandedOver();
+
     /// Lets time pass, on both sides of the link.
     void RunUntil(Instant when);
     void Run(Instant milliseconds) { RunUntil(Scheduler::Instance().Now() + milliseconds); }

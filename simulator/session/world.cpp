@@ -1,5 +1,7 @@
 #include "simulator/session/world.h"
 
+#include <cerrno>
+
 #include "simulator/meter/wire/link_client.h"
 #include "simulator/session/descriptors.h"
 
@@ -17,6 +19,12 @@ World* theWorld = nullptr;
 
 World& TheWorld() { return *theWorld; }
 void SetWorld(World& world) { theWorld = &world; }
+
+bool IsRefused(OsCall call, std::string_view what) {
+    if (!theWorld->Fails(call, what)) return false;
+    errno = EIO;
+    return true;
+}
 
 void PressKey(std::int32_t code, std::int32_t state) {
     const std::array<std::int32_t, 2> record = {code, state};

@@ -10,6 +10,7 @@
 
 #include "simulator/meter/link/frame_reader.h"
 #include "simulator/meter/link/meter_server.h"
+#include "simulator/session/os_call.h"
 #include "simulator/session/scheduler.h"
 
 namespace session {
@@ -34,11 +35,19 @@ public:
     /// Whether somebody listens on the meter's port.
     virtual bool MeterListens() = 0;
     virtual meter::CallOutcome TakeCall(const meter::Frame& call) = 0;
+
+    /// Whether the operating system fails that call of the display.
+    /// @param what  path of what is opened, name of the task that is created or of the signal that is set; empty for
+    /// every other call
+    virtual bool Fails(OsCall, std::string_view /*what*/) { return false; }
 };
 
 /// The world of this process; set before the display starts.
 World& TheWorld();
 void SetWorld(World& world);
+
+/// Whether the world fails a call; the reason is then in errno.
+bool IsRefused(OsCall call, std::string_view what = {});
 
 /// Puts a record into the keys device.
 void PressKey(std::int32_t code, std::int32_t state);

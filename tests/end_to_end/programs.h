@@ -16,7 +16,7 @@ bool EnterOwnNetwork();
 /// Waits until something holds. @return whether it did within the time
 bool Eventually(const std::function<bool()>& holds, std::chrono::milliseconds within = std::chrono::seconds(10));
 
-/// A program that runs until this object goes. Its console is kept as long.
+/// A program that runs until this object goes, and its console with it.
 class Program {
 public:
     /// @param environment  "NAME=value" entries beside the test's own

@@ -34,7 +34,7 @@ TEST_F(Queue, LosesWhatIsTooMuchAndDeliversTheRestInOrder) {
 }
 
 TEST_F(Queue, NeverDeliversAnEmptyMessageAndCarriesOneTickAtMost) {
-    toolkit.queue->PushDirect(MessageOf(0));
+    EXPECT_EQ(toolkit.queue->PushDirect(MessageOf(0)), 1);
     for (int i = 0; i < 100; ++i) postToolkitTick();
     const std::uint32_t before = timerTickCount();
     Pump();
@@ -51,7 +51,7 @@ TEST_F(Queue, KeepsTheRestWhenAThingIsPurgedFromAFullQueue) {
     for (std::int16_t i = 0; i < static_cast<std::int16_t>(kQueueMessages); ++i) {
         PegMessage message = ToWindow(i);
         if (i % 2 == 0) message.target = &other;
-        toolkit.queue->PushDirect(message);
+        EXPECT_EQ(toolkit.queue->PushDirect(message), 1);
     }
     toolkit.queue->Purge(other);
     for (std::int16_t i = 100; i < 140; ++i) EXPECT_EQ(toolkit.queue->Push(ToWindow(i)), 1);
@@ -89,6 +89,19 @@ TEST_F(Timers, FireOnceOrAgainAndAgainAndStartAnewWhenSetTwice) {
     EXPECT_EQ(Fired(1), 1);
     Ticks(40);
     EXPECT_EQ(Fired(1), 1);
+}
+
+TEST_F(Timers, ThatFireOnceDoSoLaterWhenTheQueueIsFull) {
+    SetTimer(window, 1, 1, 0);
+    SetTimer(window, 2, 1, 0);
+    postToolkitTick();
+    while (toolkit.queue->Push(ToWindow(0)) != 0) {
+    }
+    Pump();
+    EXPECT_EQ(Fired(1) + Fired(2), 1) << "the tick left room for one";
+    Ticks(3);
+    EXPECT_EQ(Fired(1), 1);
+    EXPECT_EQ(Fired(2), 1);
 }
 
 TEST_F(Timers, AreKilledOneByOneOrWithAllInside) {

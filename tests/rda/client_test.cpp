@@ -138,6 +138,46 @@ TEST(Client, GivesASilentMeterUpAfterThreeSeconds) {
     EXPECT_TRUE(silent.IsClosedByOther());
 }
 
+TEST(Client, TakesNoBytesForAReplyThatCameBeforeItsCall) {
+    Listener listener;
+    std::thread meter([&listener] {
+        Peer first = listener.Accept();
+        first.ReceiveRequest();
+        first.Send(Word(1) + Word(1));
+        Peer second = listener.Accept();
+        second.ReceiveRequest();
+        second.Send(Word(2));
+        EXPECT_TRUE(first.IsClosedByOther());
+    });
+    ASSERT_EQ(connectToServer(kHere, listener.port()), 0);
+    std::uint32_t word = 0;
+    EXPECT_EQ(CallWord(word), 0);
+    EXPECT_EQ(word, 1U);
+    EXPECT_EQ(CallWord(word), 0);
+    EXPECT_EQ(word, 2U);
+    meter.join();
+}
+
+TEST(Client, GivesAReplyUpThatTakesMoreThanTenSeconds) {
+    Listener listener;
+    std::thread meter([&listener] {
+        Peer display = listener.Accept();
+        display.ReceiveRequest();
+        display.Send(std::string_view("\1\2", 2));
+        secondsNow += 11;
+        std::this_thread::sleep_for(std::chrono::milliseconds(5));
+        display.Send(std::string_view("\3", 1));
+        EXPECT_TRUE(display.IsClosedByOther());
+    });
+    ASSERT_EQ(connectToServer(kHere, listener.port()), 0);
+    const auto start = std::chrono::steady_clock::now();
+    std::uint32_t word = 0;
+    EXPECT_EQ(CallWord(word), -1);
+    EXPECT_EQ(word & 0xFFFFU, 0x0201U) << "what came";
+    EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(2));
+    meter.join();
+}
+
 TEST(Client, SendsFramesOf4096BytesAndNoneBeyond) {
     CountingMeter meter;
     ASSERT_EQ(connectToServer(kHere, meter.port()), 0);

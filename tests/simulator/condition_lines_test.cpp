@@ -102,7 +102,7 @@ TEST_F(Conditions, WhatMakesNoSenseIsRefused) {
 
 TEST_F(Conditions, TheStateNamesTheFaultsThatCanBePlayed) {
     const auto faults = State()["faults"];
-    EXPECT_EQ(faults.size(), 7U);
+    EXPECT_EQ(faults.size(), 14U);
     for (const std::string name : faults) EXPECT_EQ(m_console.Execute("fault " + name), "ok") << name;
 }
 

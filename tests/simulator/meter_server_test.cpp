@@ -7,10 +7,13 @@
 #include <sys/un.h>
 
 #include <array>
+#include <cmath>
+#include <cstring>
 #include <filesystem>
 #include <nlohmann/json.hpp>
 #include <string>
 
+#include "rda/records.h"
 #include "simulator/meter/link/console.h"
 #include "simulator/meter/link/control_socket.h"
 #include "tests/simulator/frames.h"
@@ -55,6 +58,12 @@ protected:
     /// Lets the server take what was sent. Loopback delivers before send returns.
     void Serve(std::chrono::milliseconds later = {}) {
         for (int i = 0; i < 3; ++i) m_server.Serve(m_now + later);
+    }
+
+    ssize_t ReceiveAll(const Client& client) {
+        ssize_t all = 0;
+        for (ssize_t count; (count = client.Receive(m_buffer, 0)) > 0;) all += count;
+        return all;
     }
 
     MeterServer::Time m_now = std::chrono::steady_clock::now();
@@ -109,6 +118,30 @@ TEST_F(Server, MisbehavesAsTold) {
     EXPECT_EQ(client.Receive(m_buffer, 0), 0);
     Serve(std::chrono::milliseconds(1500));
     EXPECT_EQ(client.Receive(m_buffer), 23);
+    m_console.Execute("fault late");
+    client.Send(m_ask);
+    Serve(std::chrono::milliseconds(3900));
+    EXPECT_EQ(client.Receive(m_buffer, 0), 0);
+    Serve(std::chrono::milliseconds(8000));
+    EXPECT_EQ(client.Receive(m_buffer), 23);
+    m_console.Execute("fault drip");
+    client.Send(m_ask);
+    Serve();
+    EXPECT_EQ(client.Receive(m_buffer), 1);
+    Serve(std::chrono::milliseconds(2000));
+    EXPECT_EQ(client.Receive(m_buffer), 2);
+    Serve(std::chrono::milliseconds(60'000));
+    EXPECT_EQ(ReceiveAll(client), 20);
+    m_console.Execute("fault flood");
+    client.Send(m_ask);
+    Serve();
+    EXPECT_EQ(ReceiveAll(client), 3 * 23);
+    m_console.Execute("fault cut");
+    const Client cut(m_server.Port());
+    cut.Send(m_ask);
+    Serve();
+    EXPECT_EQ(cut.Receive(m_buffer), 11);
+    EXPECT_EQ(cut.Receive(m_buffer), -1);
     m_console.Execute("fault reset");
     client.Send(m_ask);
     Serve();
@@ -136,6 +169,25 @@ TEST_F(Server, GarbageHasTheRightLengthAndIsRepeatable) {
     other.SetFault(Fault::Garbage);
     EXPECT_EQ(other.Take(ask).reply, first);
     EXPECT_TRUE(m_server.Take({"NO_SUCH_CALL", {}, 4}).reply.empty());
+}
+
+TEST_F(Server, SpoilsTheFieldsOfAReplyAndNothingElse) {
+    const Frame bar{"PQINTERFACE_getMinMaxBarData", bench::Words({111, 111, 111}), sizeof(MinMaxBarData)};
+    const Frame text{"PDMINTERFACE_getRegisterValue", bench::Words({111}), sizeof(RegisterValue)};
+    const Frame count{"EVLIF_getEventLogEntryCount", {}, 4};
+    const auto trueCount = m_server.Take(count).reply;
+    m_console.Execute("fault infinite");
+    MinMaxBarData values{};
+    const auto spoiled = m_server.Take(bar).reply;
+    ASSERT_EQ(spoiled.size(), sizeof values);
+    std::memcpy(&values, spoiled.data(), sizeof values);
+    for (const MinMaxValue& value : {values.minimum, values.maximum, values.present})
+        EXPECT_FALSE(std::isfinite(value.value.Get()));
+    EXPECT_EQ(m_server.Take(count).reply, trueCount);
+    m_console.Execute("fault endless");
+    EXPECT_EQ(m_server.Take(text).reply, Bytes(sizeof(RegisterValue), std::byte{'W'}));
+    m_console.Execute("fault huge");
+    EXPECT_EQ(m_server.Take(count).reply, Bytes(4, std::byte{0xFF}));
 }
 
 TEST_F(Server, ConsoleAnswersEveryLineWithOneLine) {

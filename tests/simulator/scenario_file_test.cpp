@@ -48,9 +48,10 @@ TEST(ScenarioFile, NamesThePlaceOfEveryMistake) {
               "a.json: events[0].do: a scenario cannot start another");
     EXPECT_EQ(MistakeIn(R"({"name": "a", "alarms": 1e999})"), "a.json: number overflow parsing '1e999'");
     EXPECT_EQ(MistakeIn(std::string(100'000, '[')), "a.json: so many values within values mean nothing");
-    EXPECT_EQ(
-        MistakeIn(R"({"name": "a", "faults": [{"at": 1, "fault": "late"}]})"),
-        "a.json: faults[0].fault: there is no fault \"late\"; there are slow, silent, half, garbage, reset, absent");
+    EXPECT_EQ(MistakeIn(R"({"name": "a", "faults": [{"at": 1, "fault": "lazy"}]})"),
+              "a.json: faults[0].fault: there is no fault \"lazy\"; there are none, slow, silent, half, garbage, "
+              "reset, absent, "
+              "late, drip, cut, flood, infinite, endless, huge");
     EXPECT_EQ(MistakeIn(R"({"name": "a", "faults": [{"fault": "slow"}]})"), "a.json: faults[0]: \"at\" is missing");
 }
 

@@ -11,10 +11,15 @@
 #include <cerrno>
 #include <system_error>
 
+#include "simulator/meter/link/spoiled_reply.h"
+
 namespace meter {
 namespace {
 
 constexpr auto kSlowness = std::chrono::milliseconds(1000);
+constexpr auto kLateness = std::chrono::milliseconds(4000);  // the display waits three seconds
+constexpr auto kDripPace = std::chrono::milliseconds(1000);
+constexpr int kFloodCopies = 3;
 constexpr std::size_t kReadSize = 4096;
 
 [[noreturn]] void Fail(const char* what) { throw std::system_error(errno, std::generic_category(), what); }
@@ -114,9 +119,17 @@ bool MeterServer::Read(Connection& connection, Time now) {
 
 bool MeterServer::Answer(Connection& connection, const Frame& frame, Time now) {
     CallOutcome outcome = Take(frame);
-    if (outcome.reset) ResetOnClose(connection.socket.Get());
-    if (!outcome.reply.empty()) connection.replies.push_back({now + outcome.held, std::move(outcome.reply)});
-    return !outcome.reset;
+    if (outcome.reset && outcome.reply.empty()) {
+        ResetOnClose(connection.socket.Get());
+        return false;
+    }
+    connection.isEnding = outcome.reset;
+    const std::size_t piece = outcome.pace.count() != 0 ? 1 : outcome.reply.size();
+    Time due = now + outcome.held;
+    for (std::span<const std::byte> left = outcome.reply; !left.empty();
+         left = left.subspan(piece), due += outcome.pace)
+        connection.replies.push_back({due, {left.begin(), left.begin() + static_cast<std::ptrdiff_t>(piece)}});
+    return true;
 }
 
 CallOutcome MeterServer::Take(const Frame& frame) {
@@ -136,11 +149,27 @@ CallOutcome MeterServer::Take(const Frame& frame) {
         return outcome;
     }
     const bool spoiled = !outcome.reply.empty() && m_fault != Fault::None;
-    if (m_fault == Fault::Half) outcome.reply.resize(outcome.reply.size() / 2);
-    if (m_fault == Fault::Garbage) std::ranges::generate(outcome.reply, [this] { return m_garbage.Byte(); });
-    if (m_fault == Fault::Slow && spoiled) outcome.held = kSlowness;
+    if (spoiled) Spoil(frame, outcome);
     Report(frame, outcome, arrived, spoiled ? FaultName(m_fault) : "ok");
     return outcome;
+}
+
+void MeterServer::Spoil(const Frame& frame, CallOutcome& outcome) {
+    std::vector<std::byte>& reply = outcome.reply;
+    switch (m_fault) {
+        case Fault::Slow: outcome.held = kSlowness; break;
+        case Fault::Late: outcome.held = kLateness; break;
+        case Fault::Drip: outcome.pace = kDripPace; break;
+        case Fault::Cut: outcome.reset = true; [[fallthrough]];
+        case Fault::Half: reply.resize(reply.size() / 2); break;
+        case Fault::Garbage: std::ranges::generate(reply, [this] { return m_garbage.Byte(); }); break;
+        case Fault::Flood: {
+            const std::vector<std::byte> once = reply;
+            for (int copy = 1; copy < kFloodCopies; ++copy) reply.insert(reply.end(), once.begin(), once.end());
+            break;
+        }
+        default: SpoilFields(m_fault, frame.name, reply);
+    }
 }
 
 void MeterServer::Report(const Frame& frame, const CallOutcome& outcome, Time arrived, std::string_view result) const {
@@ -164,7 +193,7 @@ bool MeterServer::Write(Connection& connection, Time now) {
         }
         connection.replies.pop_front();
     }
-    return true;
+    return !connection.isEnding || !connection.replies.empty();
 }
 
 }  // namespace meter

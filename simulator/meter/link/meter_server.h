@@ -16,11 +16,13 @@
 
 namespace meter {
 
-/// What becomes of a call: a reply after some time, silence when it is empty, or the end of the connection.
+/// What becomes of a call: a reply after some time, silence when it is empty, or the end of the connection, which comes
+/// after the reply if there is one.
 struct CallOutcome {
     bool reset = false;
     std::vector<std::byte> reply;
     std::chrono::milliseconds held{};
+    std::chrono::milliseconds pace{};  // from one byte of the reply to the next; 0: all at once
 };
 
 /// Serves the meter's operations on 127.0.0.1 to several clients at once, and misbehaves as told.
@@ -63,6 +65,7 @@ private:
         Descriptor socket;
         FrameReader reader;
         std::deque<Reply> replies;
+        bool isEnding = false;  // with the last reply
     };
 
     void Listen();
@@ -71,6 +74,7 @@ private:
     bool Read(Connection& connection, Time now);
     void Report(const Frame& frame, const CallOutcome& outcome, Time arrived, std::string_view result) const;
     bool Answer(Connection& connection, const Frame& frame, Time now);
+    void Spoil(const Frame& frame, CallOutcome& outcome);
     static bool Write(Connection& connection, Time now);
 
     static constexpr std::size_t kMaxConnections = 16;

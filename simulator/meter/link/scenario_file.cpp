@@ -17,6 +17,13 @@ constexpr double kLatest = 86400.0;  // seconds
 constexpr std::string_view kScenario = "scenario";
 constexpr int kDeepest = 8;  // values within values; three are what a file needs
 
+template <typename Names>
+std::string ListOf(const Names& names) {
+    std::string list;
+    for (const std::string_view name : names) list += (list.empty() ? "" : ", ") + std::string(name);
+    return list;
+}
+
 /// A value of the file and its place in it, for messages: "waves[1].voltage".
 class Value {
 public:
@@ -29,11 +36,9 @@ public:
     /// Nothing but these may stand in the object.
     void Allow(std::initializer_list<std::string_view> names) const {
         if (!m_value.is_object()) Refuse("an object in braces is expected");
-        std::string list;
-        for (const std::string_view name : names) list += (list.empty() ? "" : ", ") + std::string(name);
         for (const auto& [name, value] : m_value.items())
             if (std::ranges::find(names, name) == names.end())
-                Refuse("\"" + name + "\" means nothing here; there are " + list);
+                Refuse("\"" + name + "\" means nothing here; there are " + ListOf(names));
     }
     bool Has(const char* name) const { return m_value.contains(name); }
     Value At(const char* name) const {
@@ -142,8 +147,7 @@ Script ScriptOf(const Value& file) {
         const std::string name = entry.At("fault").Text();
         Fault fault{};
         if (!FindFault(name, fault))
-            entry.At("fault").Refuse("there is no fault \"" + name +
-                                     "\"; there are slow, silent, half, garbage, reset, absent");
+            entry.At("fault").Refuse("there is no fault \"" + name + "\"; there are " + ListOf(FaultNames()));
         const std::int64_t at = entry.At("at").Milliseconds();
         script.Add(at, "fault " + name);
         if (entry.Has("for")) script.Add(at + entry.At("for").Milliseconds(), "fault none");

@@ -28,8 +28,9 @@ constexpr auto kScenarios = std::to_array<Scenario>({
     {.name = "absent", .purpose = "nobody listens", .fault = Fault::Absent},
 });
 
-constexpr auto kFaultNames = std::to_array<std::string_view>({"none", "slow", "silent", "half", "garbage", "reset", "absent"});
-static_assert(kFaultNames.size() == static_cast<std::size_t>(Fault::Absent) + 1);
+constexpr auto kFaultNames = std::to_array<std::string_view>({"none", "slow", "silent", "half", "garbage", "reset", "absent",
+    "late", "drip", "cut", "flood", "infinite", "endless", "huge"});
+static_assert(kFaultNames.size() == static_cast<std::size_t>(Fault::Huge) + 1);
 // clang-format on
 
 }  // namespace

@@ -10,7 +10,22 @@
 namespace meter {
 
 /// What the link does to the display.
-enum class Fault : std::uint8_t { None, Slow, Silent, Half, Garbage, Reset, Absent };
+enum class Fault : std::uint8_t {
+    None,
+    Slow,
+    Silent,
+    Half,
+    Garbage,
+    Reset,
+    Absent,
+    Late,      // replies come when the display has given them up
+    Drip,      // a byte a second
+    Cut,       // half a reply, and the end of the connection
+    Flood,     // each reply three times
+    Infinite,  // numbers that are none or infinite
+    Endless,   // texts without an end
+    Huge       // whole numbers as large as can be
+};
 
 struct Scenario {
     std::string_view name;

@@ -26,6 +26,13 @@ export const kFaults = [
   { code: "garbage", name: "Garbage", note: "answers are nonsense" },
   { code: "reset", name: "Reset", note: "each call ends the connection" },
   { code: "absent", name: "Absent", note: "nobody listens" },
+  { code: "late", name: "Late", note: "answers come when nobody waits any more" },
+  { code: "drip", name: "Drip", note: "a byte a second" },
+  { code: "cut", name: "Cut", note: "half an answer, then the connection ends" },
+  { code: "flood", name: "Flood", note: "each answer comes three times" },
+  { code: "infinite", name: "Infinite", note: "numbers are none, or infinite" },
+  { code: "endless", name: "Endless", note: "texts have no end" },
+  { code: "huge", name: "Huge", note: "counts as large as can be" },
 ];
 
 export function modeOf(meterState) {
