@@ -183,10 +183,9 @@ int Server::Loop::OnRequest(lws* connection) {
     if (!own) return Send(exchange, {.status = kForbidden, .body = "not for other pages\n"});
     if (exchange.ContentLength().value_or(0) > kMaxBody)
         return Send(exchange, {.status = 413, .body = "that is too much\n"});
-    // A body that is announced ends with an event of its own; of empty ones only that of a POST does.
-    const bool isAnnounced = exchange.ContentLength().has_value();
-    const bool isPost = exchange.GetRequest().method == "POST";
-    return isAnnounced && (isPost || exchange.ContentLength() != 0) ? 0 : Answer(exchange);
+    // The end of a body that is announced is an event of its own. The library tells of it for a POST alone.
+    const bool endsLater = exchange.GetRequest().method == "POST" && exchange.ContentLength();
+    return endsLater ? 0 : Answer(exchange);
 }
 
 /// A connection too many gets an answer before it is one.

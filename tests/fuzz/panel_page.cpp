@@ -16,7 +16,7 @@
 
 namespace {
 
-constexpr timeval kPatience{4, 0};          // less than the server has with requests that do not end
+constexpr timeval kPatience{7, 0};          // requests that do not end are given 5 seconds
 constexpr std::uint32_t kAddresses = 4096;  // of this machine to itself
 constexpr char kAuthority = 1;              // stands for this server's name and port, which differ from run to run
 constexpr char kCut = 2;                    // what follows is sent by itself

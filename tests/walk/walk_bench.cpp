@@ -61,7 +61,7 @@ WalkBench::WalkBench() {
     }
     meter().TakeEveryCall([this](auto operation, auto payload, auto response) {
         const bool answered = Answer(operation, payload, response);
-        m_watch.OnCall(operation, answered ? response : response.first(0));
+        m_watch.OnCall(operation, answered ? response : response.first(0), m_done);
         return answered;
     });
     Pump();
@@ -247,6 +247,7 @@ void WalkBench::Look() {
 }
 
 bool WalkBench::Answer(std::string_view operation, std::span<const std::byte> payload, std::span<std::byte> response) {
+    m_done = false;
     if (m_link == LinkState::Silent) return false;
     if (m_link == LinkState::Garbage) {
         for (std::byte& one : response) {
@@ -256,6 +257,7 @@ bool WalkBench::Answer(std::string_view operation, std::span<const std::byte> pa
         return true;
     }
     const bool answered = meter().Model().Answer(operation, payload, response);
+    m_done = answered && (response.empty() || WriteWatch::IsAccepted(response));
     if (response.empty() || (m_link != LinkState::ReplyLost && m_link != LinkState::ReplyCut)) return answered;
     std::ranges::fill(response.subspan(m_link == LinkState::ReplyLost ? 0 : response.size() / 2), std::byte{0});
     return false;

@@ -65,6 +65,7 @@ private:
     std::optional<Typing> m_typing;
     WriteWatch m_watch;
     LinkState m_link = LinkState::Whole;
+    bool m_done = false;  // whether the meter did what it was asked last
     std::uint32_t m_noise = 1;
     int m_ticks = 0;
     std::set<std::int32_t> m_unseen;

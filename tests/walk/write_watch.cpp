@@ -21,12 +21,6 @@ std::int32_t Shown() { return navigationHandlerClass::getInstance().getCurrentSc
 bool IsEditScreen(std::int32_t screen) {
     return navigationHandlerClass::getInstance().getScreenKind(screen) == SCREEN_KIND_SETUP_EDIT;
 }
-bool IsAccepted(std::span<const std::byte> seen) {
-    if (seen.empty()) return false;
-    for (const std::byte one : seen.first(std::min<std::size_t>(seen.size(), 4)))
-        if (one != std::byte{0}) return false;
-    return true;
-}
 
 }  // namespace
 
@@ -64,16 +58,21 @@ void WriteWatch::AfterKey(int key) {
     m_asked = m_saysWhyNot || closesBox || !IsEditScreen(Shown()) ? 0 : Shown();
 }
 
-void WriteWatch::OnCall(std::string_view operation, std::span<const std::byte> seen) {
+bool WriteWatch::IsAccepted(std::span<const std::byte> reply) {
+    return !reply.empty() && std::ranges::all_of(reply.first(std::min<std::size_t>(reply.size(), 4)),
+                                                 [](std::byte one) { return one == std::byte{0}; });
+}
+
+void WriteWatch::OnCall(std::string_view operation, std::span<const std::byte> seen, bool done) {
     if (operation == kWrite) {
         ++m_writes;
         if (!IsAccepted(seen)) ++m_refusals;
         if (!m_isConfirming) Note("an unconfirmed write");
-        if (!m_loggedIn && !m_sentHere && IsAccepted(seen)) Note("a write without a login");
+        if (!m_loggedIn && !m_sentHere && done) Note("a write without a login");
     } else if (operation == kVerify) {
-        m_loggedIn = IsAccepted(seen);
+        m_loggedIn = done;
         if (m_loggedIn) ++m_logins;
-    } else if (operation == kLogout) {
+    } else if (operation == kLogout && done) {
         m_loggedIn = false;
     }
 }

@@ -13,16 +13,21 @@
 ///
 /// A write needs soft key 4 released twice on one edit screen, at most ten seconds after the last key, with nothing in
 /// between that leaves the question. And it needs a password that the meter accepted and that was not given back since,
-/// unless the meter itself sent the display to that screen; without, as when going back leads to an edit screen that was
-/// left long ago, the meter has to refuse it.
+/// unless the meter itself sent the display to that screen; without, as when going back leads to an edit screen that
+/// was left long ago, the meter has to refuse it.
 class WriteWatch {
 public:
     /// A message is about to be delivered, and was.
     void Before(const PegMessage& message);
     void After(const PegMessage& message);
 
-    /// The meter was asked. @param seen  the reply as the display has it; empty when the call failed
-    void OnCall(std::string_view operation, std::span<const std::byte> seen);
+    /// The meter was asked.
+    /// @param seen  the reply as the display has it; empty when the call failed
+    /// @param done  whether the meter did what it was asked, be its reply lost
+    void OnCall(std::string_view operation, std::span<const std::byte> seen, bool done);
+
+    /// Whether a reply says that it was done.
+    static bool IsAccepted(std::span<const std::byte> reply);
 
     int Writes() const { return m_writes; }
     int Refusals() const { return m_refusals; }
