@@ -19,6 +19,8 @@ int setsockopt(int socket, int level, int option, const void* value, std::size_t
 int shutdown(int socket, int how);
 [[nodiscard]] ssize_t send(int socket, const void* data, std::size_t length);
 [[nodiscard]] ssize_t recv(int socket, void* buffer, std::size_t length);
+/// Does not wait: -1 with EAGAIN when nothing has arrived.
+[[nodiscard]] ssize_t recvAtOnce(int socket, void* buffer, std::size_t length);
 
 /// Connects, or gives up after `timeout` with ETIMEDOUT; the socket is blocking again afterwards.
 /// @return 0, or -1

@@ -96,7 +96,7 @@ bool Exchange(std::uint32_t frameSize, std::uint32_t responseSize, std::uint8_t*
     vxTCPStream& stream = link.connector.stream();
     const std::uint8_t* frame = link.frame.data();
     // Bytes that nobody asked for belong to no call to come; where they end, nothing tells but a new connection.
-    if (stream.discardUnread()) client.reconnect();
+    if (stream.takeUnread()) client.reconnect();
     if (stream.send(frame, frameSize) < 0) {
         client.reconnect();
         if (stream.send(frame, frameSize) < 0) {

@@ -2,7 +2,6 @@
 
 #include <arpa/inet.h>
 
-#include <array>
 #include <cerrno>
 
 #include "platform/device.h"
@@ -11,20 +10,6 @@
 namespace {
 
 constexpr int kReceiveAttempts = 4;  // a signal may interrupt all but the last
-
-int Select(std::int32_t socket, timeval* timeout) {
-    if (socket < 0 || socket >= FD_SETSIZE) return -1;
-    fd_set readable;
-    FD_ZERO(&readable);
-    FD_SET(socket, &readable);
-    return os::select(socket + 1, &readable, timeout);
-}
-
-/// Whether something has arrived, be it the end of the connection.
-bool IsReadable(std::int32_t socket) {
-    timeval atOnce{};
-    return Select(socket, &atOnce) > 0;
-}
 
 }  // namespace
 
@@ -62,10 +47,9 @@ std::int32_t vxTCPStream::receive(std::uint8_t* data, std::uint32_t length, std:
     return -1;
 }
 
-bool vxTCPStream::discardUnread() {
-    if (!isConnected() || !IsReadable(m_socket)) return false;
-    std::array<std::uint8_t, 256> unread{};
-    return os::recv(m_socket, unread.data(), unread.size()) > 0;
+bool vxTCPStream::takeUnread() {
+    std::uint8_t unread = 0;
+    return isConnected() && os::recvAtOnce(m_socket, &unread, sizeof unread) > 0;
 }
 
 void vxTCPStream::close() {
@@ -83,6 +67,10 @@ void vxTCPStream::setOption(int level, int option, const void* value, std::size_
 }
 
 int waitUntilReadable(std::int32_t socket, std::uint32_t timeoutSeconds) {
+    if (socket < 0 || socket >= FD_SETSIZE) return -1;
+    fd_set readable;
+    FD_ZERO(&readable);
+    FD_SET(socket, &readable);
     timeval timeout{static_cast<time_t>(timeoutSeconds), 0};
-    return Select(socket, timeoutSeconds != 0 ? &timeout : nullptr);
+    return os::select(socket + 1, &readable, timeoutSeconds != 0 ? &timeout : nullptr);
 }

@@ -30,8 +30,8 @@ public:
 
     virtual void close();
 
-    /// Throws away what has arrived and nobody has asked for. @return whether there was anything
-    bool discardUnread();
+    /// Whether something has arrived that nobody has asked for; takes a byte of it.
+    bool takeUnread();
 
     std::uint16_t peerPort() const { return m_peerPort; }
     const char* peerAddress() const { return m_peerAddress.data(); }

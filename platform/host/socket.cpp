@@ -54,6 +54,10 @@ ssize_t send(int socket, const void* data, std::size_t length) { return ::send(s
 
 ssize_t recv(int socket, void* buffer, std::size_t length) { return ::recv(socket, buffer, length, 0); }
 
+ssize_t recvAtOnce(int socket, void* buffer, std::size_t length) {
+    return ::recv(socket, buffer, length, MSG_DONTWAIT);
+}
+
 int connectWithTimeout(int socket, const sockaddr_in* address, const timeval* timeout) {
     if (SetBlocking(socket, false) != 0) return -1;
     int reason = 0;

@@ -117,6 +117,13 @@ ssize_t recv(int socket, void* buffer, std::size_t length) {
     return endpoint != nullptr ? ReadFrom(*endpoint, buffer, length) : Fail(EBADF);
 }
 
+ssize_t recvAtOnce(int socket, void* buffer, std::size_t length) {
+    if (IsRefused(OsCall::Receive)) return -1;
+    const auto endpoint = Descriptors::Instance().Find(socket);
+    if (endpoint == nullptr) return Fail(EBADF);
+    return endpoint->IsReadable(Scheduler::Instance().Now()) ? ReadFrom(*endpoint, buffer, length) : Fail(EAGAIN);
+}
+
 int connectWithTimeout(int socket, const sockaddr_in* /*address*/, const timeval* /*timeout*/) {
     if (IsRefused(OsCall::Connect)) return -1;
     const auto endpoint = Descriptors::Instance().Find(socket);
