@@ -165,7 +165,7 @@ TEST(Client, GivesAReplyUpThatTakesMoreThanTenSeconds) {
         display.ReceiveRequest();
         display.Send(std::string_view("\1\2", 2));
         secondsNow += 11;
-        std::this_thread::sleep_for(std::chrono::milliseconds(5));
+        std::this_thread::sleep_for(std::chrono::milliseconds(200));
         display.Send(std::string_view("\3", 1));
         EXPECT_TRUE(display.IsClosedByOther());
     });
