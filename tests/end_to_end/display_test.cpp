@@ -46,6 +46,9 @@ protected:
         std::filesystem::create_directory_symlink(ROMFS_DIR, m_folder / "romfs");
     }
     void TearDown() override {
+        if (display) {
+            EXPECT_TRUE(display->IsRunning()) << display->Console();
+        }
         display.reset();
         meter.reset();
         board.reset();

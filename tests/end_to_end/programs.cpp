@@ -16,6 +16,12 @@
 #include <iterator>
 #include <thread>
 
+namespace {
+
+constexpr unsigned long kLargestRegion = 1UL << 30;  // what is larger is a sanitizer's own, terabytes of nothing
+
+}  // namespace
+
 bool EnterOwnNetwork() {
     if (unshare(CLONE_NEWNET) != 0 && unshare(CLONE_NEWUSER | CLONE_NEWNET) != 0) return false;
     const int socket = ::socket(AF_INET, SOCK_DGRAM, 0);
@@ -86,6 +92,7 @@ bool Program::Remembers(std::string_view bytes) const {
         unsigned long end = 0;
         char writable = '-';
         if (std::sscanf(line.c_str(), "%lx-%lx r%c", &start, &end, &writable) != 3 || writable != 'w') continue;
+        if (end - start > kLargestRegion) continue;
         std::string region(end - start, '\0');
         memory.clear();
         memory.seekg(static_cast<std::streamoff>(start));
