@@ -8,6 +8,7 @@
 #include "app/panel_hardware.h"
 #include "navigation/messages.h"
 #include "navigation/navigation_handler.h"
+#include "navigation/table_proofs.h"
 #include "peg/core/message_queue.h"
 #include "peg/core/toolkit.h"
 #include "rda/meter_operations.h"
@@ -42,12 +43,7 @@ constexpr auto kIndicatorRows = std::to_array<IndicatorRow>({
     {12, false, false, LampLine::High},
 });
 // clang-format on
-static_assert([] {
-    for (std::uint32_t i = 0; i < kIndicatorRows.size(); ++i) {
-        if (kIndicatorRows[i].status != i) return false;
-    }
-    return true;
-}());
+static_assert(StandInOrder(kIndicatorRows, &IndicatorRow::status));
 
 constexpr std::uint32_t kStatusWithoutMeter = 4;
 constexpr int kLampLine = 2;

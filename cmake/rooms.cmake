@@ -5,6 +5,9 @@
 add_library(project_options INTERFACE)
 target_include_directories(project_options INTERFACE ${PROJECT_SOURCE_DIR})
 target_compile_options(project_options INTERFACE -Wall -Wextra -Wconversion -Wshadow)
+# What ships is the same wherever it is built: it names no folder above the project.
+target_compile_options(project_options INTERFACE
+    $<$<CONFIG:Release,MinSizeRel>:-ffile-prefix-map=${PROJECT_SOURCE_DIR}/=>)
 # GCC 12 sees overlaps in the concatenation of strings that are not there.
 target_compile_options(project_options INTERFACE $<$<CXX_COMPILER_ID:GNU>:-Wno-restrict>)
 if(DISPLAY_SANITIZERS)

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <algorithm>
+#include <cstddef>
 #include <functional>
 #include <iterator>
 
@@ -13,6 +14,16 @@ constexpr bool AllDiffer(const Table& table, Field field) {
                         [&](const auto& other) { return std::invoke(field, other) == value; })) {
             return false;
         }
+    }
+    return true;
+}
+
+/// True when a field of each row, a number or an enumerator, counts the rows from 0.
+template <typename Table, typename Field>
+constexpr bool StandInOrder(const Table& table, Field field) {
+    std::size_t place = 0;
+    for (const auto& row : table) {
+        if (static_cast<std::size_t>(std::invoke(field, row)) != place++) return false;
     }
     return true;
 }

@@ -94,16 +94,16 @@ constexpr auto kCommands = std::to_array<Command>({
 });
 // clang-format on
 static_assert(kCommands.size() == 15);
-static_assert(
-    [] {
-        for (std::size_t i = 0; i < kCommands.size(); ++i) {
-            for (std::size_t j = 0; j < i; ++j) {
-                if (std::string_view(kCommands[i].name) == kCommands[j].name) return false;
-            }
+
+constexpr bool NamesDiffer() {
+    for (std::size_t i = 0; i < kCommands.size(); ++i) {
+        for (std::size_t j = 0; j < i; ++j) {
+            if (std::string_view(kCommands[i].name) == kCommands[j].name) return false;
         }
-        return true;
-    }(),
-    "a command stands in two rows");
+    }
+    return true;
+}
+static_assert(NamesDiffer(), "a command stands in two rows");
 
 bool IsWantedSize(Reply reply, Payload payload, std::size_t responseSize) {
     switch (reply) {
@@ -148,6 +148,7 @@ void registerDisplayCommands(RdaServer& server, const DisplayCommands& commands)
 int commandServerTask(os::TaskArgument commands) {
     std::printf("\n\nStarting Display Server to receive commands from the meter\n");
     static RdaServer& server = *new RdaServer;  // too large for the stack, and in use until the process ends
+    // The argument of a task is a word. NOLINTNEXTLINE(performance-no-int-to-ptr)
     registerDisplayCommands(server, *reinterpret_cast<const DisplayCommands*>(commands));
     server.serve(rda::kDisplayPort, rda::kLocalAddress, 1, 0);
     return 0;

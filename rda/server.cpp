@@ -46,6 +46,7 @@ void RdaServer::serve(std::uint16_t port, const char* address, std::uint32_t kee
                       std::uint32_t acceptTimeoutSeconds) {
     m_acceptor.init(port, address != nullptr ? address : "");
     while (m_acceptor.start() != 0) os::taskDelay(os::sysClkRateGet());
+    // Serves for as long as it was told to, or for ever. NOLINTNEXTLINE(bugprone-infinite-loop)
     do {
         TellConnected(0);
         vxTCPStream& client = *m_acceptor.accept(acceptTimeoutSeconds);

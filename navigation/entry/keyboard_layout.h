@@ -1,11 +1,13 @@
 #pragma once
 
+#include <algorithm>
 #include <array>
 #include <cstddef>
 #include <cstdint>
 #include <string_view>
 
 #include "navigation/geometry.h"
+#include "navigation/table_proofs.h"
 #include "peg/core/message.h"
 
 // The keys of the on-screen keyboard: where they stand, what they say, and where the arrows lead from some of them.
@@ -45,13 +47,13 @@ inline constexpr auto kLastRow = std::to_array<KeyboardKey>({
 
 inline constexpr std::size_t kKeyboardKeys = 52;
 
-inline constexpr auto kKeyboard = [] {
+constexpr std::array<KeyboardKey, kKeyboardKeys> Keyboard() {
     std::array<KeyboardKey, kKeyboardKeys> keys{};
     std::size_t count = 0;
     for (std::size_t row = 0; row < kCharacterRows.size(); ++row) {
         const auto& [plain, shifted] = kCharacterRows[row];
         for (std::size_t column = 0; column < plain.size(); ++column) {
-            const auto code = static_cast<std::uint16_t>(plain[column]);
+            const auto code = static_cast<std::uint16_t>(static_cast<unsigned char>(plain[column]));
             const auto place = static_cast<std::uint8_t>(column);
             keys[count++] = {.kind = KeyKind::Character,
                              .code = code,
@@ -64,7 +66,8 @@ inline constexpr auto kKeyboard = [] {
     }
     for (const KeyboardKey& key : kLastRow) keys[count++] = key;
     return keys;
-}();
+}
+inline constexpr auto kKeyboard = Keyboard();
 static_assert(kKeyboard[46].code == '\\' && kKeyboard[51].kind == KeyKind::Enter, "every place is taken");
 
 /// Where an arrow key leads when that is not the nearest key.
@@ -113,17 +116,10 @@ constexpr std::size_t IndexOfKey(std::uint16_t code) {
     while (index < kKeyboard.size() && kKeyboard[index].code != code) ++index;
     return index;
 }
-static_assert(
-    [] {
-        for (const KeyNeighbour& row : kKeyNeighbours) {
-            if (IndexOfKey(row.from) == kKeyboardKeys || IndexOfKey(row.to) == kKeyboardKeys) return false;
-        }
-        for (std::size_t i = 0; i < kKeyboard.size(); ++i) {
-            if (IndexOfKey(kKeyboard[i].code) != i) return false;
-        }
-        return true;
-    }(),
-    "an arrow leads from or to a key that is not there, or two keys have one code");
+constexpr bool IsKey(std::uint16_t code) { return IndexOfKey(code) != kKeyboardKeys; }
+static_assert(std::ranges::all_of(kKeyNeighbours, IsKey, &KeyNeighbour::from), "an arrow leads from no key");
+static_assert(std::ranges::all_of(kKeyNeighbours, IsKey, &KeyNeighbour::to), "an arrow leads to no key");
+static_assert(AllDiffer(kKeyboard, &KeyboardKey::code), "two keys have one code");
 
 inline constexpr PegRect kKeyboardPlace =
     RectOf(0, Divided(kPanelHeight, 3.93), kPanelWidth - 1, Divided(kPanelHeight, 1.14));

@@ -78,7 +78,7 @@ menuScrnClass::menuScrnClass(std::int32_t menuId)
     m_keys.SetImage(kSelect, scheme, KeyImage::Select);
     m_keys.AddTo(*this);
     BuildItems();
-    reset();
+    menuScrnClass::reset();
 }
 
 void menuScrnClass::BuildItems() {

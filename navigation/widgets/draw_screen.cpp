@@ -3,6 +3,7 @@
 #include <array>
 
 #include "navigation/geometry.h"
+#include "navigation/table_proofs.h"
 #include "peg/core/screen.h"
 #include "peg/core/toolkit.h"
 #include "peg/resources/resources.h"
@@ -36,12 +37,7 @@ constexpr std::array<ImageRow, kKeyImages> kImages = {{
     {KeyImage::Edit,        {{{231, 119, 203}, {118, 119, 203}, {  0, 119, 203}, {120, 119, 203}}}},
     {KeyImage::Acknowledge, {{{242, 220, 219}, {218, 220, 219}, {  0, 220, 219}, {  0, 220, 219}}}},
 }};
-static_assert([] {
-    for (std::size_t i = 0; i < kImages.size(); ++i) {
-        if (kImages[i].image != static_cast<KeyImage>(i)) return false;
-    }
-    return true;
-}(), "rows stand in the order of their pictures");
+static_assert(StandInOrder(kImages, &ImageRow::image));
 
 constexpr std::array<std::array<std::uint8_t, 3>, kSchemes> kColours = {{
     {85, 85, 87},

@@ -88,7 +88,8 @@ void L16Screen::PaintBitmap(const PegRect& area, PegPoint topLeft, const PegBitm
     const Painter painter(bitmap);
     const bool gapless = area.Width() == Width() && bitmap.width == Width();
     if (gapless && bitmap.bitsPerPixel == 16) {
-        painter.Copy(RowAt(area.top), bitmap.data + (area.top - topLeft.y) * Width(), area.Height() * Width());
+        painter.Copy(RowAt(area.top), bitmap.data + std::ptrdiff_t{area.top - topLeft.y} * Width(),
+                     area.Height() * Width());
         return;
     }
     for (int y = area.top; y <= area.bottom; ++y) {

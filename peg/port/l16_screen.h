@@ -14,7 +14,7 @@ public:
     PegBitmap ScreenBitmap(int width, int height) override;
 
     /// The pixel at the start of a row.
-    const std::uint16_t* Row(int y) const { return m_frame.get() + y * Width(); }
+    const std::uint16_t* Row(int y) const { return m_frame.get() + std::ptrdiff_t{y} * Width(); }
     std::size_t FrameBytes() const;
 
 protected:
@@ -24,7 +24,7 @@ protected:
                    const PegFont& font) override;
 
 private:
-    std::uint16_t* RowAt(int y) { return m_frame.get() + y * Width(); }
+    std::uint16_t* RowAt(int y) { return m_frame.get() + std::ptrdiff_t{y} * Width(); }
     const GlyphColors& ColorsOf(const PegBrush& brush);
     void PaintPacked(const PegRect& visible, const PegRect& cell, const PegFont& page, char16_t code,
                      const PegBrush& brush);

@@ -66,7 +66,7 @@ void L16Screen::PaintText(const PegRect& area, PegPoint topLeft, std::u16string_
             PaintPacked(visible, cell, *page, code, brush);
         } else if (page->glyphs != nullptr) {
             const int first = page->Column(code) + visible.left - cell.left;
-            const std::uint8_t* row = page->glyphs + (visible.top - cell.top) * page->bytesPerRow;
+            const std::uint8_t* row = page->glyphs + std::ptrdiff_t{visible.top - cell.top} * page->bytesPerRow;
             for (int y = visible.top; y <= visible.bottom; ++y, row += page->bytesPerRow) {
                 PaintBits(RowAt(y) + visible.left, row, first, first + visible.Width() - 1, brush.foreground);
             }
@@ -81,7 +81,8 @@ void L16Screen::PaintPacked(const PegRect& visible, const PegRect& cell, const P
     const int inkTop = cell.top + glyph.top;
     const int top = std::max<int>(inkTop, visible.top);
     const int bottom = std::min<int>(inkTop + glyph.rows - 1, visible.bottom);
-    const std::uint16_t* steps = page.packed->steps.data() + glyph.firstStep + (top - inkTop) * glyph.stepsPerRow;
+    const std::uint16_t* steps =
+        page.packed->steps.data() + glyph.firstStep + std::ptrdiff_t{top - inkTop} * glyph.stepsPerRow;
     const bool whole = visible.Width() == cell.Width();
     for (int y = top; y <= bottom; ++y, steps += glyph.stepsPerRow) {
         std::uint16_t* to = RowAt(y) + cell.left;

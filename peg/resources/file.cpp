@@ -6,8 +6,8 @@
 #include "platform/device.h"
 
 namespace {
-constexpr std::size_t kLargestFile = 16U * 1024 * 1024;
-constexpr std::size_t kPiece = 64U * 1024;
+constexpr std::size_t kLargestFile = std::size_t{16} * 1024 * 1024;
+constexpr std::size_t kPiece = std::size_t{64} * 1024;
 }  // namespace
 
 bool PegFile::Open(const char* path) {

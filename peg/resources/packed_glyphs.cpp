@@ -64,7 +64,7 @@ PackedGlyphs PackGlyphs(const std::uint8_t* rows, int height, int bytesPerRow, s
         const std::uint64_t lastPixels = FirstPixels(widthOf(i) - (words - 1) * kPixelsPerWord);
         std::uint16_t* to = end;
         for (int y = 0; y < height; ++y) {
-            const bool hasInk = PackRow(to, rows + y * bytesPerRow, offsets[i], words, lastPixels);
+            const bool hasInk = PackRow(to, rows + std::ptrdiff_t{y} * bytesPerRow, offsets[i], words, lastPixels);
             if (!hasInk && to == end && glyph.rows == 0) {
                 glyph.top = static_cast<std::uint8_t>(y + 1);
                 continue;

@@ -24,13 +24,14 @@ constexpr std::uint16_t ScreenColor(unsigned red, unsigned green, unsigned blue)
 }
 
 /// Three bits of red and green and two of blue, spread over their full ranges.
-constexpr auto kPlainIndexedColors = [] {
+constexpr std::array<std::uint16_t, 256> PlainIndexedColors() {
     std::array<std::uint16_t, 256> colors{};
     for (unsigned i = 0; i < colors.size(); ++i) {
         colors[i] = ScreenColor((i >> 5) * 255 / 7, (i >> 2 & 7) * 255 / 7, (i & 3) * 255 / 3);
     }
     return colors;
-}();
+}
+constexpr auto kPlainIndexedColors = PlainIndexedColors();
 
 struct Tables {
     std::vector<const PegFont*> fonts;

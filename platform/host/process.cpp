@@ -16,8 +16,11 @@ constexpr int kHeapStep = 1 << 20;
 
 void startProcess() {
     std::setvbuf(stdout, nullptr, _IONBF, 0);
+    // Nothing else runs yet.
+    // NOLINTBEGIN(concurrency-mt-unsafe)
     mallopt(M_ARENA_MAX, 1);
     mallopt(M_TOP_PAD, kHeapStep);
+    // NOLINTEND(concurrency-mt-unsafe)
     tellShownScreen(kNoScreen);
 }
 

@@ -27,9 +27,9 @@
 namespace os {
 namespace {
 
-constexpr std::size_t kSmallestStack = (HOST_HAS_SANITIZER != 0 ? 2048 : 256) * 1024;
-constexpr std::size_t kStackGrain = 64 * 1024;  // a multiple of every page size in use
-constexpr std::size_t kNameBytes = 16;          // what the host keeps of a thread's name, terminator included
+constexpr std::size_t kSmallestStack = std::size_t{HOST_HAS_SANITIZER != 0 ? 2048 : 256} * 1024;
+constexpr std::size_t kStackGrain = std::size_t{64} * 1024;  // a multiple of every page size in use
+constexpr std::size_t kNameBytes = 16;  // what the host keeps of a thread's name, terminator included
 constexpr int kLeastUrgent = 255;
 
 struct Task {

@@ -51,7 +51,7 @@ void HarmonicChart::AddNumbers() {
 }
 
 void HarmonicChart::Show(const HarmonicDisplay& spectrum, int selected) {
-    decltype(m_heights) heights;
+    decltype(m_heights) heights{};
     for (std::size_t i = 0; i < heights.size(); ++i) {
         heights[i] = BarHeight(spectrum.magnitudes[i], spectrum.fullScale);
     }

@@ -5,7 +5,7 @@
 namespace panel {
 namespace {
 
-constexpr std::size_t kPieceBytes = 64 * 1024;
+constexpr std::size_t kPieceBytes = std::size_t{64} * 1024;
 
 }  // namespace
 

@@ -6,7 +6,7 @@
 namespace panel {
 namespace {
 
-constexpr std::uintmax_t kPiece = 64 * 1024;
+constexpr std::uintmax_t kPiece = std::uintmax_t{64} * 1024;
 constexpr std::size_t kLongestLine = 4096;
 
 }  // namespace

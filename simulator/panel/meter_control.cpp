@@ -12,7 +12,7 @@ namespace panel {
 namespace {
 
 constexpr std::chrono::seconds kStateInterval{1};
-constexpr std::size_t kMaxAnswer = 64 * 1024;
+constexpr std::size_t kMaxAnswer = std::size_t{64} * 1024;
 constexpr std::size_t kMaxQuestions = 32;
 
 /// Puts a line on a connection of its own.

@@ -14,7 +14,7 @@ namespace panel {
 namespace {
 
 constexpr int kRetryMilliseconds = 1000;
-constexpr std::size_t kLongestLine = 256 * 1024;
+constexpr std::size_t kLongestLine = std::size_t{256} * 1024;
 
 }  // namespace
 

@@ -192,7 +192,7 @@ int Server::Loop::OnRequest(lws* connection) {
 bool Server::Loop::IsFull(lws_sockfd_type socket) {
     if (m_connections.size() < kMaxConnections) return false;
     m_console.Refuse("a connection: there are " + std::to_string(kMaxConnections) + " already");
-    ::send(socket, kFull.data(), kFull.size(), MSG_NOSIGNAL | MSG_DONTWAIT);
+    static_cast<void>(::send(socket, kFull.data(), kFull.size(), MSG_NOSIGNAL | MSG_DONTWAIT));
     return true;
 }
 
@@ -212,7 +212,8 @@ void Server::Loop::HurryUp() {
         const bool unfinished = exchange == m_exchanges.end() || exchange->second.Unfinished();
         if (start > latest || !unfinished || m_viewers.contains(connection)) continue;
         m_console.Refuse("a request: 408 too slow");
-        ::send(lws_get_socket_fd(connection), kTooSlow.data(), kTooSlow.size(), MSG_NOSIGNAL | MSG_DONTWAIT);
+        static_cast<void>(
+            ::send(lws_get_socket_fd(connection), kTooSlow.data(), kTooSlow.size(), MSG_NOSIGNAL | MSG_DONTWAIT));
         lws_set_timeout(connection, PENDING_TIMEOUT_USER_OK, LWS_TO_KILL_ASYNC);
     }
 }

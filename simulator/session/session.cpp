@@ -64,7 +64,7 @@ Session::Session(const Setting& setting, BoardPort& board, Listener* listener)
     if (!m_console.Play(setting.scenario))
         throw std::invalid_argument("there is no scenario \"" + setting.scenario + "\"");
     m_console.Execute("language " + std::to_string(LanguageNumber(setting.language)));
-    for (std::int64_t lived = 0; lived < setting.at * 1000; lived += kStep) {
+    for (std::int64_t lived = 0; lived < std::int64_t{setting.at} * 1000; lived += kStep) {
         m_meter.Advance(kStep);
         m_console.Serve();
     }

@@ -4,6 +4,7 @@
 #include <unistd.h>
 #include <zlib.h>
 
+#include <array>
 #include <cstdlib>
 
 #include "peg/resources/builtin_fonts.h"
@@ -162,6 +163,33 @@ TEST_F(Resources, RefuseRecordsThatLie) {
             }
         }
     }
+}
+
+TEST_F(Resources, BelieveRunsOfEachDepthOnlyAsFarAsTheirDataGo) {
+    // Two rows of three pixels: one repeated, then three by themselves.
+    alignas(2) std::array<std::uint8_t, 6> narrow{2, 7, 0x82, 1, 2, 3};
+    std::array<std::uint16_t, 6> colors{2, 7, 0x8002, 1, 2, 3};
+    std::array<std::uint16_t, 10> blended{2, 7, 255, 0x8002, 1, 255, 2, 255, 3, 255};
+    struct Case {
+        std::uint8_t depth;
+        std::uint16_t flags;
+        std::uint16_t* data;
+        std::size_t bytes;
+    };
+    for (const Case& one :
+         {Case{8, PegBitmap::kRunLength, reinterpret_cast<std::uint16_t*>(narrow.data()), sizeof narrow},
+          Case{16, PegBitmap::kRunLength, colors.data(), sizeof colors},
+          Case{32, PegBitmap::kRunLength | PegBitmap::kAlpha, blended.data(), sizeof blended}}) {
+        PegBitmap bitmap{one.flags, one.depth, 3, 2, 0, one.data};
+        EXPECT_TRUE(HoldsItsRows(bitmap, one.bytes)) << int{one.depth};
+        for (std::size_t size = 0; size < one.bytes; ++size) EXPECT_FALSE(HoldsItsRows(bitmap, size)) << size;
+        bitmap.width = 2;
+        EXPECT_FALSE(HoldsItsRows(bitmap, one.bytes)) << "runs wider than their row";
+        bitmap.flags ^= PegBitmap::kAlpha;
+        EXPECT_FALSE(HoldsItsRows(bitmap, one.bytes)) << "alpha belongs to 32 bits, and to nothing else";
+    }
+    const PegBitmap odd{PegBitmap::kRunLength, 24, 3, 2, 0, colors.data()};
+    EXPECT_FALSE(HoldsItsRows(odd, sizeof colors));
 }
 
 TEST_F(Resources, GrowInStepsAndNotWithoutBound) {

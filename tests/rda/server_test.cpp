@@ -94,6 +94,19 @@ TEST_F(Server, HangsUpOnWhoeverBreaksTheForm) {
     EXPECT_TRUE(payloads.empty());
 }
 
+TEST_F(Server, CarriesNothingOutOfARequestThatIsCutAnywhere) {
+    const std::string request = Request("keep", "abc", 3);
+    for (std::size_t sent = 0; sent < request.size(); ++sent) {
+        Peer client = Connect();
+        client.Send(request.substr(0, sent));
+        client.Close();
+        m_thread.join();
+        EXPECT_TRUE(payloads.empty()) << "after " << sent << " bytes";
+        payloads.clear();
+    }
+    EXPECT_EQ(told.size(), 3 * request.size()) << "each time it waited, served, and waited again";
+}
+
 TEST_F(Server, DropsRequestsForUnknownOperationsAndStaysConnected) {
     Peer client = Connect();
     client.Send(Request("Keep", "abc", 4));

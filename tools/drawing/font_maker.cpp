@@ -111,9 +111,10 @@ private:
             if (y < 0 || y >= m_page.height) continue;
             for (int column = 0; column < glyph.width; ++column) {
                 const int x = cell + glyph.left + column;
-                const std::uint8_t level =
-                    ToFourBits(glyph.coverage[static_cast<std::size_t>(row * glyph.width + column)]);
-                auto& byte = m_page.glyphs[static_cast<std::size_t>(y * m_page.bytesPerRow + x / 2)];
+                const int pixel = row * glyph.width + column;
+                const int place = y * m_page.bytesPerRow + x / 2;
+                const std::uint8_t level = ToFourBits(glyph.coverage[static_cast<std::size_t>(pixel)]);
+                auto& byte = m_page.glyphs[static_cast<std::size_t>(place)];
                 byte = static_cast<std::uint8_t>(byte | (x % 2 == 0 ? level << 4 : level));
             }
         }

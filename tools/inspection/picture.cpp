@@ -76,7 +76,8 @@ Image DrawText(const Font& font, std::u16string_view text) {
         const int width = page->offsets[index + 1] - first;
         for (int y = 0; y < page->height; ++y) {
             for (int x = 0; x < width; ++x) {
-                const int coverage = page->Coverage(static_cast<std::size_t>(first + x), static_cast<std::size_t>(y));
+                const int column = first + x;
+                const int coverage = page->Coverage(static_cast<std::size_t>(column), static_cast<std::size_t>(y));
                 const auto grey = static_cast<std::uint8_t>(255 - coverage * 17);
                 image.At(left + x, y) = {grey, grey, grey, 255};
             }

@@ -29,7 +29,7 @@ struct Options {
 
 /// Data; whoever reads the output sees it at once.
 void Print(const std::string& text) {
-    std::fwrite(text.data(), 1, text.size(), stdout);
+    static_cast<void>(std::fwrite(text.data(), 1, text.size(), stdout));
     std::fflush(stdout);
 }
 

@@ -1,4 +1,5 @@
 #include <CLI/CLI.hpp>
+#include <cmath>
 #include <filesystem>
 #include <sstream>
 
@@ -28,7 +29,7 @@ std::u16string Longer(const std::u16string& text) {
         const auto at = kPlain.find(letter);
         if (at != std::u16string_view::npos) letter = kAccented[at];
     }
-    const auto length = static_cast<std::size_t>(static_cast<double>(text.size()) * kGrowth + 0.5);
+    const auto length = static_cast<std::size_t>(std::lround(static_cast<double>(text.size()) * kGrowth));
     if (longer.size() < length) longer += u' ';
     for (std::size_t at = 0; longer.size() < length; ++at) longer += longer[at];
     return longer;

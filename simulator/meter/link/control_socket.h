@@ -52,7 +52,7 @@ private:
 
     static constexpr std::size_t kMaxClients = 16;
     static constexpr std::size_t kMaxLine = 1024;
-    static constexpr std::size_t kMaxOutgoing = 256 * 1024;
+    static constexpr std::size_t kMaxOutgoing = std::size_t{256} * 1024;
 
     std::filesystem::path m_path;
     Execute m_execute;

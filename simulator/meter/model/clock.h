@@ -21,7 +21,7 @@ struct CivilTime {
 
 inline constexpr Instant kSecond = 1000;
 inline constexpr Instant kMinute = 60 * kSecond;
-inline constexpr Instant kDay = 24 * 60 * kMinute;
+inline constexpr Instant kDay = Instant{24} * 60 * kMinute;
 
 inline bool IsWeekend(const CivilTime& time) { return time.weekday == 0 || time.weekday == 6; }
 

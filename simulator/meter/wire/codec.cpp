@@ -13,7 +13,7 @@ namespace {
 
 using Bytes = std::span<const std::byte>;
 
-constexpr std::uint64_t kMaxReply = 256 * 1024;
+constexpr std::uint64_t kMaxReply = std::uint64_t{256} * 1024;
 constexpr std::size_t kMaxHex = 64;
 constexpr std::string_view kInsteadOfSecret = "********";
 

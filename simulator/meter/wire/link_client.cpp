@@ -6,7 +6,7 @@
 #include <sys/socket.h>
 
 #include <cerrno>
-#include <cstring>
+#include <system_error>
 
 #include "rda/frame.h"
 #include "rda/wire.h"
@@ -44,7 +44,7 @@ void Connect(int socket, const std::string& address, std::uint16_t port, millise
         ::getsockopt(socket, SOL_SOCKET, SO_ERROR, &failure, &length);
     }
     if (failure == ECONNREFUSED) throw CallFailed("nobody listens on " + name);
-    if (failure != 0) throw CallFailed("cannot connect to " + name + ": " + std::strerror(failure));
+    if (failure != 0) throw CallFailed("cannot connect to " + name + ": " + std::generic_category().message(failure));
 }
 
 }  // namespace
@@ -65,7 +65,7 @@ std::vector<std::byte> FrameOf(std::string_view name, std::span<const std::byte>
 std::vector<std::byte> CallOnce(const std::string& address, std::uint16_t port, std::string_view operation,
                                 std::span<const std::byte> payload, std::uint32_t replySize, milliseconds patience) {
     const Descriptor socket(::socket(AF_INET, SOCK_STREAM | SOCK_NONBLOCK | SOCK_CLOEXEC, 0));
-    if (!socket) throw CallFailed(std::string("no socket: ") + std::strerror(errno));
+    if (!socket) throw CallFailed(std::string("no socket: ") + std::generic_category().message(errno));
     Connect(socket.Get(), address, port, patience);
     const auto frame = FrameOf(operation, payload, replySize);
     if (::send(socket.Get(), frame.data(), frame.size(), MSG_NOSIGNAL) != static_cast<ssize_t>(frame.size()))
