@@ -1,5 +1,7 @@
 #include "tests/app/hardware_double.h"
 
+#include <mutex>
+
 #include "app/panel_hardware.h"
 
 HardwareDouble& Hardware() {
@@ -21,6 +23,9 @@ int VEKHWIF_setBacklight(int on) {
 }
 
 int VEKHWIF_setBrightness(int percent) {
+    // Each task that takes a key sets it.
+    static std::mutex oneAtATime;
+    const std::lock_guard lock(oneAtATime);
     Hardware().brightness.push_back(percent);
     return Result();
 }
