@@ -60,7 +60,6 @@ bool ScriptedMeter::Call(std::string_view operation, std::span<const std::byte> 
     std::fill(response.begin(), response.end(), std::byte{0});
     if (m_callee) return m_callee(operation, payload, response);
     if (m_silent || m_failing.contains(operation)) return false;
-    if (m_everyReply) return m_everyReply(payload, response);
     const auto reply = m_replies.find(operation);
     return reply != m_replies.end() ? reply->second(payload, response) : m_model.Answer(operation, payload, response);
 }

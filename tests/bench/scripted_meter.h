@@ -33,9 +33,6 @@ public:
     void AnswerBytes(std::string_view operation, Bytes bytes);
     void AnswerBy(std::string_view operation, Reply reply) { m_replies[std::string(operation)] = std::move(reply); }
 
-    /// From now on every call of every operation is answered so; null: as before.
-    void AnswerEveryCallBy(Reply reply) { m_everyReply = std::move(reply); }
-
     /// From now on every call goes there instead, with the operation's name.
     using Callee = std::function<bool(std::string_view operation, std::span<const std::byte> payload,
                                       std::span<std::byte> response)>;
@@ -73,7 +70,6 @@ private:
 
     meter::Meter m_model;
     std::map<std::string, Reply, std::less<>> m_replies;
-    Reply m_everyReply;
     Callee m_callee;
     std::set<std::string, std::less<>> m_failing;
     std::vector<CallRecord> m_calls;

@@ -35,7 +35,7 @@ const MemoryBound kMemoryBound = {.bytes = 1024 * 1024, .perByte = 0};
 
 void Prepare() {
     walk = new PanelWalk;
-    PanelWalk::meter().AnswerEveryCallBy([](auto, std::span<std::byte> response) { return answers.Give(response); });
+    PanelWalk::meter().TakeEveryCall([](auto, auto, std::span<std::byte> response) { return answers.Give(response); });
 }
 
 /// First byte: a screen; then which call breaks off, and how many acts follow; then these; then the replies.
