@@ -25,7 +25,7 @@ export class Bench {
     const control = path.join(this.#board, "meter");
     this.#run("panel-emulator", "board.txt", "--board", this.#board, "--romfs", this.#romfs, "--meter-control", control);
     this.#run("meter-simulator", "meter.log", "--control", control, ...meterOptions);
-    await eventually(() => fs.existsSync(path.join(this.#board, "db9000_bl")) && fs.existsSync(control), "the board");
+    await eventually(async () => (await this.#serves()) && fs.existsSync(control), "board and meter");
     this.#run("integratedDisplayRtp", "display.log");
     await eventually(async () => (await this.state()).lines[1] === 1, "the display to hand over");
   }
@@ -34,7 +34,7 @@ export class Bench {
   async startSession(...options) {
     const control = path.join(this.#board, "meter");
     this.#run("panel-emulator", "board.txt", "--board", this.#board, "--romfs", this.#romfs, "--meter-control", control);
-    await eventually(() => fs.existsSync(path.join(this.#board, "db9000_bl")), "the board");
+    await eventually(() => this.#serves(), "the board");
     const where = ["--board", this.#board, "--control", control, "--console", path.join(this.#board, "display.log")];
     this.#run("display-session", "session.log", "--romfs", this.#romfs, ...where, ...options);
     await eventually(async () => (await this.state()).meterState, "the session");
@@ -57,6 +57,14 @@ export class Bench {
       await ended;
     }
     fs.rmSync(this.#board, { recursive: true });
+  }
+
+  /** The page is the last of the board that comes up. */
+  #serves() {
+    return this.state().then(
+      () => true,
+      () => false,
+    );
   }
 
   #run(program, log, ...parameters) {

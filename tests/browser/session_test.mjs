@@ -26,9 +26,9 @@ after(async () => {
 /** Has a page before a bench, and takes both away again. */
 async function withPage(start, work) {
   const bench = new Bench(bin, romfs);
-  await start(bench);
   const page = await browser.newPage();
   try {
+    await start(bench);
     await page.goto(bench.address);
     await eventually(async () => (await page.locator("#frames").textContent()) !== "–", "a first state");
     await work(page, async () => (await bench.state()).meterState);
