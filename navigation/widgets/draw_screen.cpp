@@ -1,6 +1,7 @@
 #include "navigation/widgets/draw_screen.h"
 
 #include <array>
+#include <cassert>
 
 #include "navigation/geometry.h"
 #include "navigation/table_proofs.h"
@@ -76,7 +77,8 @@ std::uint32_t drawScreenClass::imageOfScheme(Scheme scheme, KeyImage image, KeyL
 
 std::uint32_t drawScreenClass::colour(std::size_t index) const {
     const auto& colours = kColours[static_cast<std::size_t>(m_scheme)];
-    return index < colours.size() ? colours[index] : 0;
+    assert(index < colours.size());
+    return colours[index];
 }
 
 void drawScreenClass::Draw(const PegRect& rect) {

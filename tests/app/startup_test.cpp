@@ -51,9 +51,9 @@ TEST_F(Startup, BuildsTheApplicationEvenWhenNoTaskCanBeCreated) {
     testing::internal::CaptureStdout();
     Start();
     Ticks(40);
-    EXPECT_NE(
-        testing::internal::GetCapturedStdout().find("PEG Command Server: Failed to create task: tDispRdaServerd\n"),
-        std::string::npos);
+    const std::string console = testing::internal::GetCapturedStdout();
+    EXPECT_NE(console.find("PEG Command Server: Failed to create task: tDispRdaServerd\n"), std::string::npos);
+    EXPECT_EQ(console.find("Task activate"), std::string::npos);
     EXPECT_EQ(Manager().FirstChild(), Navigation().getStartScreen());
 }
 

@@ -36,12 +36,18 @@ TEST_F(Things, StandInFrontOfOlderSiblingsUnlessThoseStayInFront) {
 TEST_F(Things, AreVisibleWhileTheirParentIsAndClippedToIt) {
     auto& window = AddNew<Recorder>(Manager(), RectOf(10, 10, 59, 59));
     auto& child = AddNew<PegThing>(window, RectOf(40, 40, 99, 99));
+    auto& deep = AddNew<PegThing>(child, RectOf(45, 45, 99, 99));
     EXPECT_TRUE(child.IsVisible());
     EXPECT_EQ(child.Clip(), RectOf(40, 40, 59, 59));
 
     window.Resize(RectOf(20, 10, 69, 59));
     EXPECT_EQ(child.Real(), RectOf(50, 40, 109, 99)) << "children move with the corner";
     EXPECT_EQ(child.Clip(), RectOf(50, 40, 69, 59));
+    window.Resize(RectOf(20, 10, 64, 54));
+    EXPECT_EQ(child.Real(), RectOf(50, 40, 109, 99)) << "the corner stayed";
+    EXPECT_EQ(window.Clip(), RectOf(20, 10, 64, 54));
+    EXPECT_EQ(child.Clip(), RectOf(50, 40, 64, 54));
+    EXPECT_EQ(deep.Clip(), RectOf(55, 45, 64, 54));
 
     Manager().RemoveChild(window);
     EXPECT_FALSE(child.IsVisible());

@@ -26,16 +26,18 @@ struct Report {
     os::TaskId id;
     std::array<char, 16> name;
     std::size_t stack;
+    int detached;
 };
 
 os::MessageQueueId reports;  // stays: a task may just be leaving it
 
 int TellAboutSelf(os::TaskArgument argument) {
-    Report report{os::taskIdSelf(), {}, 0};
+    Report report{os::taskIdSelf(), {}, 0, 0};
     pthread_getname_np(pthread_self(), report.name.data(), report.name.size());
     pthread_attr_t attributes;
     pthread_getattr_np(pthread_self(), &attributes);
     pthread_attr_getstacksize(&attributes, &report.stack);
+    pthread_attr_getdetachstate(&attributes, &report.detached);
     pthread_attr_destroy(&attributes);
     EXPECT_EQ(argument, 42);
     return os::msgQSend(reports, &report, sizeof report, os::kWaitForever, 0);
@@ -58,6 +60,7 @@ TEST_F(Tasks, WaitForTheirActivationAndThenRunUnderTheirNameOnAHostsStack) {
     EXPECT_EQ(report.id, task);
     EXPECT_STREQ(report.name.data(), "tDispRdaServer");
     EXPECT_GE(report.stack, 256U * 1024U);
+    EXPECT_EQ(report.detached, PTHREAD_CREATE_DETACHED) << "nobody waits for its end";
 }
 
 TEST_F(Tasks, HaveIdsOfTheirOwn) {

@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <array>
 #include <chrono>
+#include <filesystem>
+#include <iterator>
 
 #include "rda/tcp_acceptor.h"
 #include "rda/tcp_connector.h"
@@ -35,8 +37,11 @@ TEST(TcpStream, GivesWhatIsThereAndKnowsSilenceFromAnEnd) {
     EXPECT_EQ(stream.receive(buffer.data(), buffer.size()), -1);
     EXPECT_EQ(stream.receive(buffer.data(), buffer.size(), 1), -1);
 
+    const auto open = [] { return std::distance(std::filesystem::directory_iterator("/proc/self/fd"), {}); };
+    const auto before = open();
     stream.close();
     stream.close();
+    EXPECT_EQ(open(), before - 1);
     EXPECT_FALSE(stream.isConnected());
     EXPECT_EQ(stream.peerPort(), 0);
     EXPECT_STREQ(stream.peerAddress(), "");
