@@ -62,7 +62,9 @@ protected:
     int Load(const FileBuilder& content) {
         content.WriteTo(m_folder / "file.pbr");
         PegFile file;
-        return file.Open("/file.pbr") ? PegResources::LoadResourceFile(file, 0) : -1;
+        EXPECT_FALSE(file.Open("/no.pbr") || file.IsOpen());
+        EXPECT_TRUE(file.Open("/file.pbr") && file.IsOpen());
+        return PegResources::LoadResourceFile(file, 0);
     }
 
 private:

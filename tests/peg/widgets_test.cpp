@@ -135,6 +135,13 @@ TEST_F(Widgets, OfManyWordsBreakBetweenThem) {
     EXPECT_NE(Extent(RectOf(10, 10, 109, 30), 0x0000).first, -1);
     EXPECT_NE(Extent(RectOf(10, 40, 109, 59), 0x0000).first, -1);
     EXPECT_EQ(Extent(RectOf(110, 0, 319, 239), 0x0000).first, -1) << "nothing beside it";
+    for (const char16_t* twice : {u"Nnnnnnnnn Nnnnnnnnn", u"N\nN"}) {
+        box.SetText(twice);
+        Pump();
+        const auto above = Extent(RectOf(10, 10, 109, 34), 0x0000);
+        EXPECT_NE(above.first, -1);
+        EXPECT_EQ(above, Extent(RectOf(10, 35, 109, 59), 0x0000)) << "what it breaks at is on neither line";
+    }
 }
 
 class Lists : public Widgets {

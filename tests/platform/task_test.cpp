@@ -79,6 +79,14 @@ TEST_F(Tasks, HaveIdsOfTheirOwn) {
     EXPECT_EQ(os::taskActivate(os::taskIdSelf()), -1) << "the initial task was never created here";
 }
 
+TEST_F(Tasks, RunWithoutTheirPriorityWhereTheProcessMayHaveNone) {
+    constexpr uid_t kNobody = 65534;
+    ASSERT_TRUE(geteuid() != 0 || seteuid(kNobody) == 0);
+    ASSERT_NE(os::taskSpawn("tOne", 100, 0, 4096, TellAboutSelf, 42), os::kTaskError);
+    Report report{};
+    EXPECT_GT(os::msgQReceive(reports, &report, sizeof report, os::kWaitForever), 0);
+}
+
 std::atomic<int> ticks{0};
 std::atomic<pid_t> tickThread{0};
 std::atomic<pid_t> timerTask{0};
