@@ -91,17 +91,27 @@ TEST_F(Periodic, LampAndIconFollowTheAlarmStatus) {
     struct Expectation {
         std::uint32_t status;
         Levels lamp;
-        Levels phases;
+        std::vector<int> phases;
+        bool flash;
     };
+    const Levels low{0, 0, 0, 0};
+    const Levels high{1, 1, 1, 1};
+    const Levels blink{1, 0, 1, 0};
+    const std::vector<int> alternate{0, 1, 0, 1};
+    const std::vector<int> steady{1};
     const Expectation expectations[] = {
-        {1, {1, 0, 1, 0}, {0, 1, 0, 1}}, {2, {0, 0, 0, 0}, {1}},           {4, {1, 0, 1, 0}, {0, 1, 0, 1}},
-        {7, {0, 0, 0, 0}, {1}},          {8, {1, 1, 1, 1}, {1}},           {12, {1, 1, 1, 1}, {1}},
-        {0, {1, 0, 1, 0}, {0, 1, 0, 1}}, {77, {1, 0, 1, 0}, {0, 1, 0, 1}},
+        {1, blink, alternate, false}, {2, low, steady, false},      {3, low, steady, false},
+        {4, blink, alternate, false}, {5, blink, alternate, false}, {6, blink, alternate, false},
+        {7, low, steady, false},      {8, high, steady, false},     {9, high, steady, false},
+        {10, high, steady, false},    {11, high, steady, false},    {12, high, steady, false},
+        {0, blink, alternate, true},  {77, blink, alternate, true},
     };
     for (const Expectation& expected : expectations) {
+        backlightSetTimeout(1);
         AlarmStatus(expected.status == 1 ? 2 : 1);
         Seconds(1);
         screen.received.clear();
+        TakeBrightness();
         AlarmStatus(expected.status);
         Levels lamp;
         for (int i = 0; i < 4; ++i) {
@@ -110,6 +120,7 @@ TEST_F(Periodic, LampAndIconFollowTheAlarmStatus) {
         }
         EXPECT_EQ(lamp, expected.lamp) << "status " << expected.status;
         EXPECT_EQ(Phases(), expected.phases) << "status " << expected.status;
+        EXPECT_EQ(TakeBrightness().size() > 1, expected.flash) << "status " << expected.status;
     }
 }
 

@@ -80,6 +80,18 @@ TEST_F(Localization, SubstitutesLabelsAndThenSymbols) {
     EXPECT_EQ(Text(Texts().translate(u"U", 1)), u"V (d)");
 }
 
+TEST_F(Localization, OfTheKernelIsSelectedByItselfAndOnlyFromWhatTheFileHolds) {
+    Use(WholeFile());
+    kernelDispClass& texts = kernelDispClass::getInstance();
+    for (const std::uint32_t beyond : {0U, 1U}) {
+        texts.setLanguage(1 + beyond);
+        texts.setMeasSymbols(1 + beyond);
+        texts.setPhaseLabels(2 + beyond);
+        EXPECT_EQ(Text(texts.translate(u"U")), u"V (d)");
+        EXPECT_EQ(Text(texts.translate(u"Voltage L1")), u"Spannung R");
+    }
+}
+
 TEST_F(Localization, ReplacesANumberMoreThanOnceWhereALaterColumnNamesIt) {
     FileBuilder file;
     const std::array<Text, 3> english{u"a", u"b", u"c"};

@@ -172,6 +172,8 @@ protected:
     const Rows whole{"......", ".##oo.", ".#..o.", "......"};
     const Rows cut{"......", "......", "....o.", "......"};
     const PegRect lowerRight = RectOf(3, 2, 9, 9);
+    static constexpr std::uint8_t kRedIndex = 7 << 5;
+    static constexpr std::uint8_t kGreenIndex = 7 << 2;
 };
 
 TEST_F(Bitmaps, OfSixteenBitsAreCopiedAndTheirTransparentValueIsSkipped) {
@@ -186,8 +188,6 @@ TEST_F(Bitmaps, OfSixteenBitsAreCopiedAndTheirTransparentValueIsSkipped) {
 TEST_F(Bitmaps, OfEightBitsGoThroughTheColourTable) {
     std::array<std::uint16_t, 4> words{};
     auto* indices = reinterpret_cast<std::uint8_t*>(words.data());
-    constexpr std::uint8_t kRedIndex = 7 << 5;
-    constexpr std::uint8_t kGreenIndex = 7 << 2;
     const std::array<std::uint8_t, 8> picture{kRedIndex, kRedIndex, kGreenIndex, kGreenIndex,
                                               kRedIndex, 9,         9,           kGreenIndex};
     std::copy(picture.begin(), picture.end(), indices);
@@ -207,6 +207,16 @@ TEST_F(Bitmaps, OfRunsAreTheSamePictures) {
     EXPECT_EQ(Paint(bitmap, lowerRight), cut);
     runs[0] = 7;
     EXPECT_FALSE(HoldsItsRows(bitmap, 20)) << "a run that leaves its row";
+
+    alignas(2) std::array<std::uint8_t, 10> narrow{1, kRedIndex, 1, kGreenIndex, 0, kRedIndex, 1, 9, 0x80, kGreenIndex};
+    std::array<std::uint16_t, 15> blended{1,   kRed, 255,    1, kGreen, 255,    0,  kRed,
+                                          255, 1,    kGreen, 0, 0x8000, kGreen, 255};
+    constexpr unsigned kRuns = PegBitmap::kRunLength | PegBitmap::kTransparent;
+    for (const PegBitmap& other : {PegBitmap{kRuns, 8, 4, 2, 9, reinterpret_cast<std::uint16_t*>(narrow.data())},
+                                   PegBitmap{kRuns | PegBitmap::kAlpha, 32, 4, 2, 0, blended.data()}}) {
+        EXPECT_EQ(Paint(other), whole);
+        EXPECT_EQ(Paint(other, lowerRight), cut);
+    }
 }
 
 TEST_F(Bitmaps, WithAlphaAreBlendedInEitherPacking) {

@@ -1,5 +1,7 @@
 #include "peg/core/thing.h"
 
+#include <array>
+
 #include "tests/bench/toolkit_bench.h"
 #include "tests/peg/recorder.h"
 
@@ -69,6 +71,18 @@ TEST_F(Things, AddedWithoutDrawingAreNotShownUntilTheyAreRemovedAndAddedAgain) {
     Pump();
     EXPECT_TRUE(child->IsVisible());
     EXPECT_FALSE(child->drawn.empty());
+}
+
+TEST_F(Things, TakeTheCanvasOfTheirParentUnlessTheyHaveOne) {
+    Recorder window;
+    window.SetCanvas(5, false);
+    for (const std::int32_t own : {-1, 3}) {
+        std::array things{new PegThing(RectOf(0, 0, 9, 9)), new PegThing(RectOf(0, 0, 9, 9))};
+        for (PegThing* thing : things) thing->SetCanvas(own, false);
+        window.AddChild(*things[0]);
+        window.AddChildAtEnd(*things[1]);
+        for (const PegThing* thing : things) EXPECT_EQ(thing->Canvas(), own == -1 ? 5 : own);
+    }
 }
 
 TEST_F(Things, AreFoundByIdAmongChildrenOrDescendants) {
@@ -194,6 +208,10 @@ TEST_F(Focus, MarksThePathAndTellsOldAndNewOwner) {
     EXPECT_EQ(first.Count(MSG_INPUT_OUT), 1);
     EXPECT_EQ(second.Count(MSG_INPUT_IN), 1);
     EXPECT_EQ(window.Count(SIGNAL_TYPE(1, kSignalFocusLost)), 1);
+    EXPECT_EQ(Order(window), (std::vector{2, 1}));
+    first.SetStatusBits(STAT_FRONT_ON_FOCUS);
+    Manager().SetFocus(first);
+    EXPECT_EQ(Order(window), (std::vector{1, 2}));
 }
 
 TEST_F(Focus, GoesByDefaultToTheChildThatHadItLast) {

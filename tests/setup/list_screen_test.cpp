@@ -221,6 +221,8 @@ TEST_F(ListScreen, ShowsEachKindAndBeginsAnewInAnotherLanguage) {
     Press(KEY_SOFT_3, 7);
     Press(KEY_SOFT_2_3);
     EXPECT_TRUE(PanelShows("setup/edit_alarms_scrolled"));
+    Press(KEY_SOFT_2, 7);
+    EXPECT_TRUE(PanelShows("setup/edit_alarms")) << "back at the first";
     Open(kServices);
     EXPECT_TRUE(PanelShows("setup/edit_services"));
     Toggle({1});
