@@ -30,6 +30,7 @@ TEST_F(Startup, ShowsTheSplashFortyTicksAndHandsOver) {
     EXPECT_FALSE(IsSplashShown());
     EXPECT_EQ(Manager().FirstChild(), Navigation().getStartScreen());
     EXPECT_EQ(Manager().FirstChild()->Next(), nullptr);
+    EXPECT_EQ(Hardware().backlight, 1);
     EXPECT_EQ(Hardware().lines[0], 0);
     EXPECT_EQ(Hardware().lines[1], 1);
     EXPECT_TRUE(PanelShows("startup/first_screen"));

@@ -59,6 +59,16 @@ TEST_F(Localization, ShowsTheBaseTextWhereThereIsNoOther) {
     EXPECT_EQ(Text(out.data()), u"anything");
 }
 
+TEST_F(Localization, IsReadByTheFirstThatIsAsked) {
+    Use(WholeFile());
+    localizationClass::unload();
+    EXPECT_EQ(Text(localizationClass::getInstance().translate(u"V", 1)), u"V (d)");
+    localizationClass::unload();
+    EXPECT_EQ(Text(displayClass::getInstance().translate(u"V", 1)), u"V (d)");
+    localizationClass::unload();
+    EXPECT_EQ(Text(kernelDispClass::getInstance().translate(u"V", 1)), u"V (d)");
+}
+
 TEST_F(Localization, TranslatesByTextAndFindsTheLowerOfTwoNumbers) {
     Use(WholeFile());
     EXPECT_EQ(Text(Texts().translate(u"Voltage L1", 1)), u"Spannung L1");

@@ -125,6 +125,16 @@ TEST_F(Resources, OfAnEarlierLoadDisappearWithIt) {
     EXPECT_EQ(PegResources::GetBitmap(243), nullptr);
 }
 
+TEST_F(Resources, ThatAreReplacedAreFreedWhenThatIsAskedFor) {
+    static constexpr PegBitmap kOther{};
+    for (const bool replace : {false, true}) {
+        ASSERT_EQ(Load(WholeFile(false, false)), 1);
+        PegResources::InstallResourceSet(*PegResources::GetResourceSet(0), false);
+        PegResources::SetBitmap(243, &kOther, replace);
+        EXPECT_EQ(PegResources::GetResourceSet(0)->bitmaps.empty(), replace);
+    }
+}
+
 TEST_F(Resources, KeepTheirTablesWhenTheFileIsAForeignOne) {
     ASSERT_EQ(Load(WholeFile(false, true)), 1);
     PegResources::InstallResourceSet(*PegResources::GetResourceSet(0), false);

@@ -15,6 +15,8 @@ namespace {
 constexpr const char* kHere = "127.0.0.1";
 using Buffer = std::array<std::uint8_t, 100>;
 
+std::ptrdiff_t OpenDescriptors() { return std::distance(std::filesystem::directory_iterator("/proc/self/fd"), {}); }
+
 TEST(TcpStream, GivesWhatIsThereAndKnowsSilenceFromAnEnd) {
     Listener listener;
     vxTCPConnector connector;
@@ -37,11 +39,10 @@ TEST(TcpStream, GivesWhatIsThereAndKnowsSilenceFromAnEnd) {
     EXPECT_EQ(stream.receive(buffer.data(), buffer.size()), -1);
     EXPECT_EQ(stream.receive(buffer.data(), buffer.size(), 1), -1);
 
-    const auto open = [] { return std::distance(std::filesystem::directory_iterator("/proc/self/fd"), {}); };
-    const auto before = open();
+    const std::ptrdiff_t before = OpenDescriptors();
     stream.close();
     stream.close();
-    EXPECT_EQ(open(), before - 1);
+    EXPECT_EQ(OpenDescriptors(), before - 1);
     EXPECT_FALSE(stream.isConnected());
     EXPECT_EQ(stream.peerPort(), 0);
     EXPECT_STREQ(stream.peerAddress(), "");
@@ -126,7 +127,9 @@ TEST(TcpAcceptor, ReportsAPortInUseAndStartsOnceItIsFree) {
     {
         Listener listener;
         acceptor.init(listener.port(), kHere);
+        const std::ptrdiff_t before = OpenDescriptors();
         EXPECT_NE(acceptor.start(), 0);
+        EXPECT_EQ(OpenDescriptors(), before);
     }
     EXPECT_EQ(testing::internal::GetCapturedStderr().substr(0, 14), "bind() failed:");
     EXPECT_EQ(acceptor.start(), 0);
