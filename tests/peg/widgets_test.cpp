@@ -1,4 +1,6 @@
+#include "peg/core/screen.h"
 #include "peg/core/text_thing.h"
+#include "peg/core/timer_list.h"
 #include "peg/resources/builtin_fonts.h"
 #include "peg/resources/resources.h"
 #include "peg/widgets/bitmap_button.h"
@@ -121,8 +123,8 @@ TEST_F(Widgets, KeepACopyOfTheirTextWhenAskedTo) {
     PegPrompt copy(RectOf(0, 0, 9, 9), text, 0, kStyleCopyText);
     PegPrompt pointer(RectOf(0, 0, 9, 9), text, 0, 0);
     text[0] = u'7';
-    EXPECT_EQ(copy.NumberInRange(0, 99), 42);
-    EXPECT_EQ(pointer.NumberInRange(0, 50), 50);
+    EXPECT_EQ(std::u16string_view(copy.Text()), u"42");
+    EXPECT_EQ(std::u16string_view(pointer.Text()), u"72");
     copy.SetText(u"");
     EXPECT_EQ(copy.Text(), nullptr);
 }
@@ -135,6 +137,67 @@ TEST_F(Widgets, OfManyWordsBreakBetweenThem) {
     EXPECT_NE(Extent(RectOf(10, 10, 109, 30), 0x0000).first, -1);
     EXPECT_NE(Extent(RectOf(10, 40, 109, 59), 0x0000).first, -1);
     EXPECT_EQ(Extent(RectOf(110, 0, 319, 239), 0x0000).first, -1) << "nothing beside it";
+}
+
+TEST_F(Widgets, ShowABitmapBehindTheirChildrenOnceOrAllOver) {
+    constexpr std::uint16_t kInk = 0x1234;
+    constexpr std::uint16_t kGround = 0xFFFF;
+    const auto tile = PegScreen::CreateBitmap(4, 4, PegBitmap::kTransparent);
+    tile->pixels[0] = kInk;
+    struct Case {
+        std::uint16_t flags;
+        PegBitmapMode mode;
+        std::uint16_t corner;
+        std::uint16_t besideIt;
+    };
+    for (const Case& one : {Case{PegBitmap::kTransparent, PegBitmapMode::Tiled, kInk, kGround},
+                            {0, PegBitmapMode::Tiled, kInk, kTransparentPixel},
+                            {0, PegBitmapMode::Centred, kGround, kGround}}) {
+        tile->bitmap.flags = one.flags;
+        window.SetBackground(&tile->bitmap, one.mode);
+        Pump();
+        EXPECT_EQ(Pixel(316, 236), one.corner);
+        EXPECT_EQ(Pixel(317, 236), one.besideIt);
+        EXPECT_EQ(Pixel(160 - 2, 120 - 2) == kInk, one.mode == PegBitmapMode::Centred);
+    }
+    window.SetBackground(nullptr);
+}
+
+TEST_F(Widgets, AsWindowsRunATimerOfTheirOwnAndCloseByAKey) {
+    constexpr std::uint16_t kOwnTimer = 1001;
+    static int runs = 0;
+    SetTimer(window, kOwnTimer, 1, 1);
+    window.SetTimerHandler([](PegWindow&) { ++runs; });
+    Ticks(3);
+    window.SetTimerHandler(nullptr);
+    Ticks(3);
+    EXPECT_EQ(runs, 3);
+    EXPECT_EQ(window.Count(MSG_TIMER), 4) << "the one after the last is its last";
+    PegMessage key = MessageOf(MSG_KEY_DOWN, kKeyCloseWindow);
+    window.Message(key);
+    Pump();
+    EXPECT_EQ(Manager().FirstChild(), &window) << "not without its modifier";
+    key.data[0] = 4;
+    window.Message(key);
+    Pump();
+    EXPECT_EQ(Manager().FirstChild(), nullptr);
+}
+
+TEST_F(Widgets, ReadTheirTextAsANumberWithinARange) {
+    struct Case {
+        const char16_t* text;
+        std::int32_t number;
+    };
+    for (const Case& one : {Case{nullptr, -5},
+                            {u"12", 12},
+                            {u"-3", -3},
+                            {u"-12", -5},
+                            {u"99999999999", 50},
+                            {u"x", 0},
+                            {u"7:", 7},
+                            {u"4 kW", 4}}) {
+        EXPECT_EQ(PegPrompt(RectOf(0, 0, 9, 9), one.text).NumberInRange(-5, 50), one.number) << one.number;
+    }
 }
 
 class Lists : public Widgets {
