@@ -53,7 +53,6 @@ enum PegMessageType : std::uint16_t {
     MSG_KEY_UP = 34,
     MSG_KEY_LAST = 37,
     MSG_REFOCUS = 42,
-    MSG_CANVAS_DRAWN = 43,
     MSG_RESOURCES = 44,
     MSG_SET_CANVAS = 45,
     MSG_FIRST_USER = 0x4000,

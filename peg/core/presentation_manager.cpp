@@ -201,5 +201,4 @@ void PegPresentationManager::ForgetDeleted(PegThing& thing) {
     GiveBack(thing.m_viewports);
     RemoveTaskRoute(thing);
     if (m_focus == &thing) m_focus = nullptr;
-    if (toolkit.screen != nullptr) toolkit.screen->ForgetOwner(thing);
 }

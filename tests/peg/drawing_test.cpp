@@ -43,7 +43,7 @@ TEST_F(Drawing, HappensOnlyInsideAPassAndFlushesWhenTheOutermostEnds) {
 }
 
 TEST_F(Drawing, SurvivesMorePassesThanTheStackHolds) {
-    for (int i = 0; i < 25; ++i) toolkit.screen->BeginDraw(canvas, canvas.Real(), -1);
+    for (int i = 0; i < 25; ++i) toolkit.screen->BeginDraw(canvas, canvas.Real());
     toolkit.screen->Fill(canvas.Real(), kRed);
     EXPECT_EQ(Pixel(0, 0), kBlack) << "too deep: nothing is drawn";
     for (int i = 0; i < 25; ++i) toolkit.screen->EndDraw();
@@ -207,6 +207,15 @@ TEST_F(Bitmaps, OfRunsAreTheSamePictures) {
     EXPECT_EQ(Paint(bitmap, lowerRight), cut);
     runs[0] = 7;
     EXPECT_FALSE(HoldsItsRows(bitmap, 20)) << "a run that leaves its row";
+
+    std::array<std::uint16_t, 6> words{};
+    auto* bytes = reinterpret_cast<std::uint8_t*>(words.data());
+    const std::array<std::uint8_t, 10> indexed{1, 7 << 5, 1, 7 << 2, 0, 7 << 5, 1, 9, 0x80, 7 << 2};
+    std::copy(indexed.begin(), indexed.end(), bytes);
+    const PegBitmap narrow{PegBitmap::kRunLength | PegBitmap::kTransparent, 8, 4, 2, 9, words.data()};
+    EXPECT_TRUE(HoldsItsRows(narrow, indexed.size()));
+    EXPECT_EQ(Paint(narrow), whole);
+    EXPECT_EQ(Paint(narrow, lowerRight), cut);
 }
 
 TEST_F(Bitmaps, WithAlphaAreBlendedInEitherPacking) {
