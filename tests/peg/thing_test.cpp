@@ -139,8 +139,18 @@ TEST_F(Things, SignalOnlyWithAnIdAnEnabledSignalAndAVisibleParent) {
     EXPECT_EQ(window.received.back().source, &control);
     EXPECT_EQ(window.received.back().param, 3);
 
+    EXPECT_TRUE(control.Signal(kSignalSelected));
+    delete &control;
+    Pump();
+    EXPECT_EQ(window.Count(SIGNAL_TYPE(3, kSignalSelected)), 1) << "what the dead had to say is not heard";
+    auto& hidden = AddNew<PegThing>(window, std::uint16_t{3});
+    hidden.EnableSignal(kSignalSelected);
     Manager().RemoveChild(window);
-    EXPECT_FALSE(control.Signal(kSignalSelected));
+    EXPECT_FALSE(hidden.Signal(kSignalSelected));
+    window.RemoveChild(hidden);
+    EXPECT_FALSE(hidden.Signal(kSignalSelected));
+    EXPECT_EQ(hidden.Message(MessageOf(kUser)), 0);
+    window.Destroy(hidden);
     delete &window;
 }
 

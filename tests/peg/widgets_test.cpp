@@ -46,6 +46,7 @@ TEST_F(Widgets, HaveFramesPixelByPixel) {
         framed.Draw(framed.Real());
         return Picture(framed.Real(), shades);
     };
+    EXPECT_EQ(PegWindow(RectOf(0, 0, 99, 99), 0, kStyleBorderThick).ClientRect(), RectOf(5, 5, 94, 94));
     EXPECT_EQ(drawn(kStyleBorderThin), (Rows{
                                            "?########?",
                                            "##......##",
@@ -259,6 +260,31 @@ TEST_F(Lists, SelectTheItemThatTellsItWasChosenAndForgetARemovedOne) {
     EXPECT_FALSE(item->HasStyle(kStyleHighlighted));
     list.InsertBehind(*item, list.ItemAt(0));
     EXPECT_EQ(list.IndexOf(*item), 1);
+}
+
+TEST_F(Lists, StandSideBySideAsWell) {
+    auto& row = AddNew<PegHorzList>(window, RectOf(10, 100, 49, 119), std::uint16_t{8}, kStyleBorderNone);
+    for (std::uint16_t id = 1; id <= 3; ++id) {
+        row.AddChildAtEnd(*new PegBitmapPrompt(RectOf(0, 0, 14, 9), u"x", id, kStyleActive | kStyleBorderNone));
+    }
+    EXPECT_EQ(row.ItemAt(1)->Real(), RectOf(25, 100, 39, 119));
+    row.SelectIndex(0);
+    struct Step {
+        int key;
+        int selected;
+        int left;  // of the selected item: it is scrolled into view
+    };
+    for (const Step& step : {Step{kKeyRight, 1, 25},
+                             {kKeyRight, 2, 35},
+                             {kKeyRight, 2, 35},
+                             {kKeyDown, 2, 35},
+                             {kKeyLeft, 1, 20},
+                             {kKeyLeft, 0, 10}}) {
+        row.Message(MessageOf(MSG_KEY_DOWN, static_cast<std::int16_t>(step.key)));
+        EXPECT_EQ(row.SelectedIndex(), step.selected);
+        EXPECT_EQ(row.Selected()->Real().left, step.left);
+    }
+    EXPECT_FALSE(row.Selected()->MoveFocusByArrow(kKeyRight)) << "the list moves it, nobody else";
 }
 
 class Buttons : public Widgets {

@@ -92,6 +92,7 @@ TEST(TcpStream, ReceivesDespiteThreeInterruptionsAndNoMore) {
     FailNextCalls(1, ECONNRESET);
     EXPECT_EQ(stream.receive(buffer.data(), 1), -1);
     EXPECT_EQ(stream.receive(buffer.data(), 0, 1), 0) << "nothing was asked for";
+    EXPECT_EQ(stream.receive(buffer.data(), 0), -1) << "which without a time looks like an end";
     EXPECT_EQ(stream.receive(buffer.data(), 1, 1), 1);
     EXPECT_EQ(buffer[0], 'b');
 }
