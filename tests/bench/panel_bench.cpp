@@ -6,7 +6,6 @@
 
 #include "localization/localization.h"
 #include "peg/resources/resources.h"
-#include "platform/panel.h"
 
 namespace {
 
@@ -65,9 +64,11 @@ void PanelBench::KeyDown(KeyCode key) { Send(MSG_KEY_DOWN, key); }
 
 void PanelBench::KeyUp(KeyCode key) { Send(MSG_KEY_UP, key); }
 
-void PanelBench::Press(KeyCode key) {
-    KeyDown(key);
-    KeyUp(key);
+void PanelBench::Press(KeyCode key, int times) {
+    for (int i = 0; i < times; ++i) {
+        KeyDown(key);
+        KeyUp(key);
+    }
 }
 
 ::testing::AssertionResult PanelBench::PanelShows(const std::string& golden) {

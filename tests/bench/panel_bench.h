@@ -5,6 +5,7 @@
 
 #include "navigation/messages.h"
 #include "navigation/navigation_handler.h"
+#include "platform/panel.h"
 #include "tests/bench/golden.h"
 #include "tests/bench/scripted_meter.h"
 #include "tests/bench/toolkit_bench.h"
@@ -28,7 +29,11 @@ protected:
     /// A key of the panel is pressed, released, or both.
     void KeyDown(KeyCode key);
     void KeyUp(KeyCode key);
-    void Press(KeyCode key);
+    void Press(KeyCode key, int times = 1);
+
+    static std::int32_t Shown() { return Navigation().getCurrentScreenId(); }
+
+    std::vector<std::uint16_t> Frame() { return {Screen().Row(0), Screen().Row(0) + kPanelWidth * kPanelHeight}; }
 
     /// The panel equals the golden picture of that name.
     ::testing::AssertionResult PanelShows(const std::string& golden);

@@ -1,4 +1,4 @@
-#include "tests/soak/call_log.h"
+#include "tools/soak/call_log.h"
 
 #include <sys/socket.h>
 #include <sys/un.h>

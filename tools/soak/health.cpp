@@ -1,4 +1,4 @@
-#include "tests/soak/health.h"
+#include "tools/soak/health.h"
 
 #include <filesystem>
 #include <fstream>

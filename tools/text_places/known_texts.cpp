@@ -1,4 +1,4 @@
-#include "tests/look/known_texts.h"
+#include "tools/text_places/known_texts.h"
 
 #include "localization/localization.h"
 #include "peg/resources/resources.h"

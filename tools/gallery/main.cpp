@@ -8,10 +8,10 @@
 
 #include "platform/panel.h"
 #include "tests/bench/png_file.h"
-#include "tests/gallery/page.h"
-#include "tests/gallery/pictures.h"
-#include "tests/gallery/readme_picture.h"
 #include "tools/formats/program.h"
+#include "tools/gallery/page.h"
+#include "tools/gallery/pictures.h"
+#include "tools/gallery/readme_picture.h"
 
 namespace {
 

@@ -1,4 +1,4 @@
-#include "tests/end_to_end/programs.h"
+#include "tools/soak/programs.h"
 
 #include <fcntl.h>
 #include <net/if.h>

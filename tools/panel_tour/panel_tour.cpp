@@ -1,17 +1,16 @@
-#include "tests/look/panel_tour.h"
+#include "tools/panel_tour/panel_tour.h"
 
 #include <set>
 
 #include "app/application.h"
+#include "localization/display_config.h"
 #include "navigation/menu/menu_screen.h"
 #include "navigation/menu_trees.h"
 #include "rda/records/register.h"
 #include "screens/base/options_menu_table.h"
-#include "tests/navigation/keyboard_keys.h"
 
 namespace {
 
-constexpr std::string_view kVerify = "SECURITYINTERFACE_verifyFrontPanelPassword";
 constexpr std::string_view kWrite = "PDMINTERFACE_setRegisterValue";
 constexpr std::string_view kLockStatus = "SECURITYINTERFACE_getHwLockStatus";
 constexpr std::uint32_t kUnlocked = 0;
@@ -19,6 +18,7 @@ constexpr int kTicksToValues = 2;  // a screen of settings reads its values at i
 constexpr std::uint32_t kLocked = 2;
 constexpr std::int32_t kAnyData = 11;  // a data screen
 constexpr std::uint32_t kLastAlarmStatus = 12;
+constexpr int kLongestPassword = 16;
 
 std::string NameOf(std::int32_t id) {
     if (id == SCREEN_ID_FACTORY_TEST) return "display test";
@@ -80,6 +80,26 @@ void PanelTour::PressEveryKey() {
     }
 }
 
+void PanelTour::VisitEverything() {
+    VisitEveryScreen();
+    PressEveryKey();
+    OpenEveryMenu();
+    OpenEveryDialog();
+    ChangeEverySetting();
+}
+
+void PanelTour::VisitEverySet() {
+    constexpr std::uint32_t kLastLabels = 2;
+    constexpr std::uint32_t kLastSymbols = 1;
+    for (std::uint32_t set = DISPCFG_getLanguage() == 0 ? 1 : kLastLabels; set <= kLastLabels; ++set) {
+        DISPCFG_setPhaseLabels(set);
+        DISPCFG_setMeasSymbols(kLastSymbols);
+        VisitEveryScreen();
+    }
+    DISPCFG_setPhaseLabels(0);
+    DISPCFG_setMeasSymbols(0);
+}
+
 void PanelTour::FirstItem(std::int32_t menuId) {
     const std::int32_t mode = menuId - MenuOfMode(DISPLAY_MODE_NORMAL);
     Navigation().setDisplayMode(mode == DISPLAY_MODE_NORMAL ? DISPLAY_MODE_ALT : DISPLAY_MODE_NORMAL);
@@ -110,27 +130,20 @@ void PanelTour::AskForPassword() {
     Press(KEY_SOFT_4);
 }
 
-void PanelTour::Type(std::uint16_t key) {
-    FocusKey(key);
-    Press(KEY_SOFT_4);
-}
-
 void PanelTour::OpenEveryDialog() {
     meter().Answer(kLockStatus, kUnlocked);
     for (const std::uint32_t verdict : {1U, 2U}) {
-        meter().Answer(kVerify, verdict);
+        Verdict(verdict);
         AskForPassword();
         LookAt("user name");
-        Type(kKeyShift);
+        PressKey(kKeyShift);
         LookAt("keyboard with capitals");
-        Type(kKeyShift);
-        Type(kKeyEnter);
+        PressKey(kKeyShift);
+        PressKey(kKeyEnter);
         LookAt("password");
-        for (const char letter : {'w', 'w', 'w', 'w', 'w', 'w', 'w', 'w', 'w', 'w', 'w', 'w', 'w', 'w', 'w', 'w'}) {
-            Type(static_cast<std::uint16_t>(letter));
-        }
+        for (int i = 0; i < kLongestPassword; ++i) PressKey('w');
         LookAt("longest password");
-        Type(kKeyEnter);
+        PressKey(kKeyEnter);
         LookAt("access denied");
         Press(KEY_SOFT_4);
     }

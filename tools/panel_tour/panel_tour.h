@@ -3,13 +3,13 @@
 #include <string>
 #include <vector>
 
-#include "tests/bench/panel_bench.h"
-#include "tests/bench/text_record.h"
+#include "tests/navigation/keyboard_bench.h"
+#include "tools/panel_tour/text_record.h"
 
 /// Leads to everything that the panel can show: every registered screen, what its keys open, the menus with all their
 /// groups open, the password dialog with its keyboard and its answers, the
 /// questions about changed settings, the icons of the header.
-class PanelTour : public PanelBench {
+class PanelTour : public KeyboardBench {
 protected:
     PanelTour();
 
@@ -23,6 +23,13 @@ protected:
     void ChangeEverySetting();
     void ShowEveryHeader();
 
+    /// All of that in turn, but the headers.
+    void VisitEverything();
+
+    /// The screens with phase labels and symbols other than the base sets: all in English, one of each in the other
+    /// languages.
+    void VisitEverySet();
+
     const TextRecord& Record() const { return m_record; }
 
 private:
@@ -33,7 +40,6 @@ private:
     bool AskAboutChange(std::int32_t id, KeyCode key);
     void FirstItem(std::int32_t menuId);
     void AskForPassword();
-    void Type(std::uint16_t key);
 
     TextRecord m_record;
     std::vector<std::int32_t> m_screens;  // registered

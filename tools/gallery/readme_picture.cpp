@@ -1,4 +1,4 @@
-#include "tests/gallery/readme_picture.h"
+#include "tools/gallery/readme_picture.h"
 
 #include <algorithm>
 #include <array>

@@ -1,4 +1,4 @@
-#include "tests/gallery/pictures.h"
+#include "tools/gallery/pictures.h"
 
 #include <algorithm>
 #include <array>
@@ -8,8 +8,8 @@
 #include "localization/display_config.h"
 #include "screens/extremes/extremes_tables.h"
 #include "screens/io/io_table.h"
-#include "tests/look/panel_tour.h"
 #include "tools/formats/utf.h"
+#include "tools/panel_tour/panel_tour.h"
 
 namespace {
 
@@ -73,7 +73,7 @@ private:
     void TestBody() override {}
 
     void Look(const std::string& place) override {
-        std::vector<std::uint16_t> pixels(Screen().Row(0), Screen().Row(0) + Screen().Width() * Screen().Height());
+        std::vector<std::uint16_t> pixels = Frame();
         if (!m_seen.insert(pixels).second) return;
         std::string name = place;
         std::ranges::replace(name, ' ', '-');

@@ -1,4 +1,4 @@
-#include "tests/gallery/page.h"
+#include "tools/gallery/page.h"
 
 #include <algorithm>
 #include <map>

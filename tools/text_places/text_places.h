@@ -5,8 +5,8 @@
 #include <string>
 #include <tuple>
 
-#include "tests/bench/text_record.h"
-#include "tests/look/known_texts.h"
+#include "tools/panel_tour/text_record.h"
+#include "tools/text_places/known_texts.h"
 
 /// Collects where each string of the catalogue is shown, in which fonts and in how much room, for the translators.
 class TextPlaces {

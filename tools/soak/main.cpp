@@ -9,15 +9,14 @@
 #include <array>
 #include <cstdio>
 #include <limits>
-#include <memory>
+#include <optional>
 #include <random>
 #include <thread>
 
 #include "simulator/meter/wire/link_client.h"
-#include "simulator/panel/board.h"
-#include "tests/end_to_end/programs.h"
-#include "tests/soak/call_log.h"
-#include "tests/soak/health.h"
+#include "tools/soak/call_log.h"
+#include "tools/soak/health.h"
+#include "tools/soak/real_bench.h"
 
 namespace {
 
@@ -73,36 +72,21 @@ double MedianGap(const std::vector<CallLog::Time>& times) {
     return gaps[gaps.size() / 2];
 }
 
-class Soak {
+class Soak : private RealBench {
 public:
     Soak() {
-        std::string folder = (std::filesystem::temp_directory_path() / "soak-XXXXXX").string();
-        if (mkdtemp(folder.data()) == nullptr) ThrowSystemError("make " + folder);
-        m_folder = folder;
-        std::filesystem::create_directory_symlink(ROMFS_DIR, m_folder / "romfs");
-        m_board = std::make_unique<panel::Board>(m_folder);
-        m_meter.emplace(METER_PROGRAM, std::vector<std::string>{"--control", Control().string()});
-        if (!Eventually([this] { return std::filesystem::exists(Control()); }))
-            throw std::runtime_error("the meter does not start");
-        m_display.emplace(DISPLAY_PROGRAM, std::vector<std::string>{},
-                          std::vector<std::string>{"BOARD_ROOT=" + m_folder.string()});
-        if (!Eventually([this] { return m_display->Printed("Starting Display Server"); }))
-            throw std::runtime_error("the display does not start\n" + m_display->Console());
+        if (!IsAlone()) throw std::runtime_error("no network namespace can be made here");
+        if (!StartMeter()) throw std::runtime_error("the meter does not start");
+        StartDisplay();
+        if (!Eventually([this] { return display->Printed("Starting Display Server"); }))
+            throw std::runtime_error("the display does not start\n" + display->Console());
         m_calls.emplace(Control());
     }
-    ~Soak() {
-        m_display.reset();
-        m_meter.reset();
-        m_board.reset();
-        std::filesystem::remove_all(m_folder);
-    }
-    Soak(const Soak&) = delete;
-    Soak& operator=(const Soak&) = delete;
 
     /// Every screen is there once, so that what comes later is growth.
     void ShowAllScreens() {
         for (int screen = 1; screen <= kLastScreen; ++screen) {
-            Tell("navigate " + std::to_string(screen));
+            ToMeter("navigate " + std::to_string(screen));
             std::this_thread::sleep_for(milliseconds(50));
         }
     }
@@ -114,12 +98,12 @@ public:
         while (Clock::now() < start + kKeysEnd) {
             const auto passed = Clock::now() - start;
             const bool shallFail = passed >= kFaultBegins && passed < kFaultEnds;
-            if (shallFail != faulty) Tell(std::string("fault ") + (shallFail ? fault : "none"));
+            if (shallFail != faulty) ToMeter(std::string("fault ") + (shallFail ? fault : "none"));
             faulty = shallFail;
             PressAnyKey();
         }
-        Tell("alt-mode 0");
-        Tell(kMeasuredScreen);
+        ToMeter("alt-mode 0");
+        ToMeter(kMeasuredScreen);
         WaitUntil(start + kQuiet);
         m_calls->Clear();
         WaitUntil(start + kMinute);
@@ -131,19 +115,17 @@ public:
 
     /// Whether a key and a command do what they should.
     bool Obeys() {
-        Tell("navigate 4");
+        ToMeter("navigate 4");
         WaitUntil(Clock::now() + seconds(2));
-        const auto before = m_board->State().frames;
-        Tell(kMeasuredScreen);
-        return Eventually([&] { return m_board->State().frames > before; });
+        const auto before = board->State().frames;
+        ToMeter(kMeasuredScreen);
+        return Eventually([&] { return board->State().frames > before; });
     }
-    Health GetHealth() const { return HealthOf(m_display->Process()); }
-    bool IsAlive() { return m_display->IsRunning() && m_meter->IsRunning(); }
-    std::string Consoles() const { return m_display->Console() + m_meter->Console(); }
+    Health GetHealth() const { return HealthOf(display->Process()); }
+    bool IsAlive() { return display->IsRunning() && meter->IsRunning(); }
+    std::string Consoles() const { return display->Console() + meter->Console(); }
 
 private:
-    std::filesystem::path Control() const { return m_folder / "control"; }
-    void Tell(const std::string& line) const { TellMeter(Control(), line); }
     int Any(int low, int high) { return std::uniform_int_distribution(low, high)(m_random); }
     void WaitUntil(Clock::time_point when) {
         while (Clock::now() < when) {
@@ -152,12 +134,12 @@ private:
         }
     }
     void PressAnyKey() {
-        if (Any(1, 20) == 1) Tell("navigate " + std::to_string(Any(1, kLastScreen)));
-        if (Any(1, 60) == 1) Tell(kOtherCommands[static_cast<std::size_t>(Any(1, std::ssize(kOtherCommands))) - 1]);
+        if (Any(1, 20) == 1) ToMeter("navigate " + std::to_string(Any(1, kLastScreen)));
+        if (Any(1, 60) == 1) ToMeter(kOtherCommands[static_cast<std::size_t>(Any(1, std::ssize(kOtherCommands))) - 1]);
         const std::int32_t key = Any(1, panel::kKeyCodes);
-        m_board->Send({key, 0});
+        board->Send({key, 0});
         WaitUntil(Clock::now() + milliseconds(Any(10, 200)));
-        m_board->Send({key, 1});
+        board->Send({key, 1});
         WaitUntil(Clock::now() + milliseconds(Any(10, 200)));
     }
     Quiet Measure() {
@@ -169,10 +151,6 @@ private:
         return quiet;
     }
 
-    std::filesystem::path m_folder;
-    std::unique_ptr<panel::Board> m_board;
-    std::optional<Program> m_meter;
-    std::optional<Program> m_display;
     std::optional<CallLog> m_calls;
     std::mt19937 m_random{1};
 };
@@ -195,7 +173,7 @@ long Soak::Flood(seconds length) {
             const std::array<std::uint32_t, 1> screen = {i % kLastScreen + 1};
             const auto command = meter::FrameOf("NAVCMDINT_navigateTo", std::as_bytes(std::span(screen)), 0);
             if (::send(socket.Get(), command.data(), command.size(), MSG_NOSIGNAL) < 0) return carriedOut;
-            m_board->Send({static_cast<std::int32_t>(i / 2 % panel::kKeyCodes) + 1, static_cast<std::int32_t>(i % 2)});
+            board->Send({static_cast<std::int32_t>(i / 2 % panel::kKeyCodes) + 1, static_cast<std::int32_t>(i % 2)});
         }
         std::array<char, 4> answer{};
         ::send(socket.Get(), question.data(), question.size(), MSG_NOSIGNAL);
@@ -253,7 +231,6 @@ int main(int argc, char** argv) {
     app.add_flag("--flood", flood, "Flood it for a minute first");
     CLI11_PARSE(app, argc, argv);
     try {
-        if (!EnterOwnNetwork()) throw std::runtime_error("no network namespace can be made here");
         return Run(minutes, flood) ? 0 : 1;
     } catch (const std::exception& failure) {
         std::fprintf(stderr, "soak: %s\n", failure.what());

@@ -3,7 +3,7 @@
 #include <filesystem>
 #include <span>
 
-#include "tests/gallery/pictures.h"
+#include "tools/gallery/pictures.h"
 
 /// Some screens of a walk side by side, for those who see the project for the first time. Each writes or compares a PNG
 /// file.

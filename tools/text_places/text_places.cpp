@@ -1,4 +1,4 @@
-#include "tests/look/text_places.h"
+#include "tools/text_places/text_places.h"
 
 #include <algorithm>
 #include <fstream>
