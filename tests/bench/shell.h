@@ -1,6 +1,7 @@
 #pragma once
 
 #include <sys/wait.h>
+#include <unistd.h>
 
 #include <array>
 #include <cstdio>
@@ -11,7 +12,7 @@
 
 /// What a command line of the shell gave.
 struct Outcome {
-    int status;
+    int status = -1;  // also when it ended by a signal
     std::string output;
     std::string talk;  // on standard error
 };
@@ -28,7 +29,8 @@ inline Outcome Shell(const std::string& line) {
     std::array<char, 4096> buffer;
     for (std::size_t count; (count = std::fread(buffer.data(), 1, buffer.size(), pipe)) > 0;)
         outcome.output.append(buffer.data(), count);
-    outcome.status = WEXITSTATUS(::pclose(pipe));
+    const int status = ::pclose(pipe);
+    outcome.status = WIFEXITED(status) ? WEXITSTATUS(status) : -1;
     outcome.talk = ContentOf(talk);
     std::filesystem::remove(talk);
     return outcome;
