@@ -3,6 +3,7 @@
 #include <array>
 #include <cstddef>
 #include <cstdint>
+#include <string_view>
 
 #include "navigation/table_proofs.h"
 
@@ -32,8 +33,21 @@ inline constexpr auto kYesNoRegisters =
     std::to_array<std::uint32_t>({180, 181, 182, 184, 192, 185, 188, 189, 191, 194, 197, 196, 193});
 static_assert(kYesNoRegisters.size() == 13 && AllDiffer(kYesNoRegisters, std::identity{}));
 
+/// The value of one that is set.
+inline constexpr std::string_view kYes = "Yes";
+
 /// Most alarms that a list holds.
 inline constexpr std::size_t kMaxSettableAlarms = 150;
+
+/// Most items of a list.
+constexpr std::size_t MostItems(SetupList list) {
+    switch (list) {
+        case SetupList::Alarms: return kMaxSettableAlarms;
+        case SetupList::Resets: return kResetRows.size();
+        case SetupList::YesNo: break;
+    }
+    return kYesNoRegisters.size();
+}
 
 /// Check marks of a list's items: what is on, and the other look that the meter may choose for an alarm.
 inline constexpr std::uint32_t kCheckMark = 224;

@@ -6,10 +6,10 @@
 #include "navigation/meter_access.h"
 
 setupEdit1ScrnClass::setupEdit1ScrnClass(const SetupEditRow& titled, const ChoiceRow& row)
-    : SEBC_setupEditBaseClass(titled), m_registerId(row.registerId), m_list(ChoiceList::getInstance()) {}
+    : ListEditScreen(titled), m_registerId(row.registerId), m_list(ChoiceList::getInstance()) {}
 
 std::int32_t setupEdit1ScrnClass::Message(const PegMessage& message) {
-    const std::int32_t result = SEBC_setupEditBaseClass::Message(message);
+    const std::int32_t result = ListEditScreen::Message(message);
     if (message.type == MSG_HIDE && m_list.Parent() == this) RemoveChild(m_list);
     return result;
 }
@@ -53,28 +53,10 @@ void setupEdit1ScrnClass::ShowTexts() {
 }
 
 void setupEdit1ScrnClass::Relabel() {
-    SEBC_setupEditBaseClass::Relabel();
+    ListEditScreen::Relabel();
     if (m_list.Parent() != this) return;
     m_list.relabel();
     ShowTexts();
-}
-
-void setupEdit1ScrnClass::EnableMoves() {
-    const int index = m_list.selectedIndex();
-    EnableSoftKey(kFirstMove, index > 0);
-    EnableSoftKey(kSecondMove, index + 1 < m_list.visibleCount());
-}
-
-void setupEdit1ScrnClass::SoftKey2Action() {
-    if (IsDialogOpen()) return;
-    m_list.selectPrevious();
-    EnableMoves();
-}
-
-void setupEdit1ScrnClass::SoftKey3Action() {
-    if (IsDialogOpen()) return;
-    m_list.selectNext();
-    EnableMoves();
 }
 
 bool setupEdit1ScrnClass::HasChanged() const {
@@ -88,7 +70,7 @@ void setupEdit1ScrnClass::AskAboutChange() {
     openConfirm();
 }
 
-SEBC_setupEditBaseClass::WriteOutcome setupEdit1ScrnClass::WriteChange() {
+ListEditScreen::WriteOutcome setupEdit1ScrnClass::WriteChange() {
     const auto& chosen = m_texts[static_cast<std::size_t>(m_list.selectedIndex())];
     std::array<char, sizeof chosen + 1> text{};  // terminated even when the meter's was not
     std::ranges::copy(TextIn(chosen), text.begin());

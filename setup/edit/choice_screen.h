@@ -2,23 +2,20 @@
 
 #include "setup/edit/choice_list.h"
 #include "setup/edit/choice_table.h"
-#include "setup/edit/edit_screen.h"
+#include "setup/edit/list_edit_screen.h"
 
 /// Chooses one of the texts that a register offers, such as the language or the wiring.
 ///
 /// The texts are read once and kept; which of them is in force is read on every show. When it cannot be read, none is
 /// marked, and whatever is chosen counts as a change.
-class setupEdit1ScrnClass : public SEBC_setupEditBaseClass {
+class setupEdit1ScrnClass : public ListEditScreen {
 public:
     setupEdit1ScrnClass(const SetupEditRow& titled, const ChoiceRow& row);
 
     std::int32_t Message(const PegMessage& message) override;
 
-    /// Select the choice above or below.
-    void SoftKey2Action() override;
-    void SoftKey3Action() override;
-
 protected:
+    setupVerticalList& List() override { return m_list; }
     void LoadValue() override;
     bool HasChanged() const override;
     void AskAboutChange() override;
@@ -28,7 +25,6 @@ protected:
 private:
     std::uint32_t ReadCurrent();
     void ShowTexts();
-    void EnableMoves();
 
     std::uint32_t m_registerId;
     ChoiceList& m_list;

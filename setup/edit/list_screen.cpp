@@ -42,7 +42,7 @@ ComposedText<ConfirmDialog::kLongestMessage + 1> ChangesOf(std::span<const Switc
 }  // namespace
 
 setupEdit4ScrnClass::setupEdit4ScrnClass(const SetupEditRow& titled, const ListRow& row)
-    : SEBC_setupEditBaseClass(titled),
+    : ListEditScreen(titled),
       m_kind(row.list),
       m_switches(row.list),
       m_hint(AddNew<PegPrompt>(*this, kHintPlace, nullptr, std::uint16_t{0}, kStyleBorderNone)),
@@ -56,7 +56,7 @@ setupEdit4ScrnClass::setupEdit4ScrnClass(const SetupEditRow& titled, const ListR
 
 std::int32_t setupEdit4ScrnClass::Message(const PegMessage& message) {
     if (message.type == MSG_LANGUAGE) LoadValue();
-    return SEBC_setupEditBaseClass::Message(message);
+    return ListEditScreen::Message(message);
 }
 
 void setupEdit4ScrnClass::LoadValue() {
@@ -77,30 +77,12 @@ void setupEdit4ScrnClass::ShowStates() {
 }
 
 void setupEdit4ScrnClass::Relabel() {
-    SEBC_setupEditBaseClass::Relabel();
+    ListEditScreen::Relabel();
     m_hint.SetText(LocalizedString(m_kind == SetupList::Resets ? kSelectHint : kChangeHint));
     m_list.relabel();
     m_switches.Relabel();
     const auto switches = m_switches.Items();
     for (std::size_t i = 0; i < switches.size(); ++i) m_items[i]->SetText(switches[i].label.data());
-}
-
-void setupEdit4ScrnClass::EnableMoves() {
-    const int index = m_list.selectedIndex();
-    EnableSoftKey(kFirstMove, index > 0);
-    EnableSoftKey(kSecondMove, index + 1 < m_list.visibleCount());
-}
-
-void setupEdit4ScrnClass::SoftKey2Action() {
-    if (IsDialogOpen()) return;
-    m_list.selectPrevious();
-    EnableMoves();
-}
-
-void setupEdit4ScrnClass::SoftKey3Action() {
-    if (IsDialogOpen()) return;
-    m_list.selectNext();
-    EnableMoves();
 }
 
 void setupEdit4ScrnClass::SoftKey23Action() {
@@ -113,7 +95,7 @@ void setupEdit4ScrnClass::SoftKey23Action() {
 
 void setupEdit4ScrnClass::AskAboutChange() { openConfirm(ChangesOf(m_switches.Items()).Text()); }
 
-SEBC_setupEditBaseClass::WriteOutcome setupEdit4ScrnClass::WriteChange() {
+ListEditScreen::WriteOutcome setupEdit4ScrnClass::WriteChange() {
     WriteOutcome outcome = WriteOutcome::Accepted;
     const auto switches = m_switches.Items();
     for (std::size_t i = 0; i < switches.size() && outcome != WriteOutcome::NoAnswer; ++i) {

@@ -4,7 +4,7 @@
 
 #include "navigation/widgets/composed_text.h"
 #include "navigation/widgets/setup_vertical_list.h"
-#include "setup/edit/edit_screen.h"
+#include "setup/edit/list_edit_screen.h"
 #include "setup/edit/list_table.h"
 #include "setup/edit/switch_list.h"
 
@@ -13,19 +13,18 @@
 /// Both arrow keys together switch the selected item. On confirmation every changed item is written; one that the meter
 /// refuses does not hold up the others, but stays as the person left it, so that it can be seen and tried again. When
 /// the meter does not answer, the rest is left in the same way.
-class setupEdit4ScrnClass : public SEBC_setupEditBaseClass {
+class setupEdit4ScrnClass : public ListEditScreen {
 public:
     setupEdit4ScrnClass(const SetupEditRow& titled, const ListRow& row);
 
     /// Another language begins with what the meter holds.
     std::int32_t Message(const PegMessage& message) override;
 
-    /// Select the item above or below, or switch it.
-    void SoftKey2Action() override;
-    void SoftKey3Action() override;
+    /// Switches the selected item.
     void SoftKey23Action() override;
 
 protected:
+    setupVerticalList& List() override { return m_list; }
     void LoadValue() override;
     bool HasChanged() const override { return m_switches.HasChanged(); }
     void AskAboutChange() override;
@@ -34,7 +33,6 @@ protected:
 
 private:
     void ShowStates();
-    void EnableMoves();
 
     SetupList m_kind;
     SwitchList m_switches;

@@ -9,16 +9,6 @@
 namespace {
 
 constexpr std::uint32_t kResetMark = 241;
-constexpr std::string_view kYes = "Yes";
-
-std::size_t MostItems(SetupList list) {
-    switch (list) {
-        case SetupList::Alarms: return kMaxSettableAlarms;
-        case SetupList::Resets: return kResetRows.size();
-        case SetupList::YesNo: return kYesNoRegisters.size();
-    }
-    return 0;
-}
 
 Switch Named(std::string_view name, bool isOn) {
     Switch item;

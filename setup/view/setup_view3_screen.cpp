@@ -32,16 +32,6 @@ constexpr std::array<std::uint32_t, 4> kAlarmIcons = {0, 91, 85, 90};  // by kin
 constexpr std::size_t kLongestAlarm = 30;
 constexpr std::size_t kLongestLabel = 64;
 constexpr std::size_t kLongestValue = 44;
-constexpr std::string_view kYes = "Yes";
-
-std::size_t MostItems(SetupList list) {
-    switch (list) {
-        case SetupList::Alarms: return kMaxSettableAlarms;
-        case SetupList::Resets: return kResetRows.size();
-        case SetupList::YesNo: break;
-    }
-    return kYesNoRegisters.size();
-}
 
 SetupListLayout LayoutOf(SetupList list) {
     constexpr std::uint32_t kAlarm = 102;

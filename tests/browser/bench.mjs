@@ -9,7 +9,7 @@ import path from "node:path";
 import { setTimeout as delay } from "node:timers/promises";
 
 const kFrameBytes = 153600;
-const kPatienceMilliseconds = 10_000;
+const kPatienceMilliseconds = 30_000; // enough for a machine that others load
 
 /** Asks until the answer is not undefined, null or false. */
 export async function eventually(ask, what, patience = kPatienceMilliseconds) {

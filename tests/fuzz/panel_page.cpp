@@ -66,18 +66,25 @@ private:
         if (mkdtemp(pattern.data()) == nullptr) std::abort();
         return pattern;
     }
+    [[noreturn]] static void Abort(const char* step) {
+        std::perror(step);
+        std::abort();
+    }
     /// Each time from another address, as an ended connection keeps its port for a minute.
     Descriptor Connect() {
         Descriptor connection(::socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC, 0));
         sockaddr_in own = m_address;
         own.sin_port = 0;
         own.sin_addr.s_addr = htonl(INADDR_LOOPBACK + ++m_connections % kAddresses);
-        if (::bind(connection.Get(), reinterpret_cast<const sockaddr*>(&own), sizeof own) != 0) std::abort();
+        if (::bind(connection.Get(), reinterpret_cast<const sockaddr*>(&own), sizeof own) != 0) Abort("bind");
         const int on = 1;
         ::setsockopt(connection.Get(), IPPROTO_TCP, TCP_NODELAY, &on, sizeof on);
         ::setsockopt(connection.Get(), SOL_SOCKET, SO_RCVTIMEO, &kPatience, sizeof kPatience);
-        if (::connect(connection.Get(), reinterpret_cast<const sockaddr*>(&m_address), sizeof m_address) != 0)
-            std::abort();
+        // The fuzzer's clock may interrupt it, and the attempt goes on.
+        while (::connect(connection.Get(), reinterpret_cast<const sockaddr*>(&m_address), sizeof m_address) != 0 &&
+               errno != EISCONN) {
+            if (errno != EINTR) Abort("connect");
+        }
         return connection;
     }
     void Send(const Descriptor& connection, std::string_view piece) const {

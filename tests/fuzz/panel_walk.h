@@ -23,6 +23,8 @@ public:
 
     PanelWalk();
 
+    /// Without them all is drawn but the pixels. They are drawn at first.
+    void DrawPixels(bool are) { Screen().blind = !are; }
     void Enter(std::int32_t screen);
     void Do(Act act);
     /// Logs out and goes back to a screen that asks for little.

@@ -8,7 +8,8 @@ namespace {
 using Bytes = std::span<const std::uint8_t>;
 
 constexpr std::size_t kHead = 3;
-constexpr std::size_t kMostActs = 15;
+constexpr unsigned kMostActs = 15;
+constexpr unsigned kWithPixels = 15;  // most of the time goes into them, and they depend on replies the least
 
 /// What the meter has yet to answer: to each call the next bytes, and zeros once they are used up.
 struct Answers {
@@ -38,10 +39,12 @@ void Prepare() {
     PanelWalk::meter().TakeEveryCall([](auto, auto, std::span<std::byte> response) { return answers.Give(response); });
 }
 
-/// First byte: a screen; then which call breaks off, and how many acts follow; then these; then the replies.
+/// First byte: a screen; then which call breaks off; then whether pixels are drawn, in the upper four bits, and how many
+/// acts follow; then these; then the replies.
 void Take(Bytes input) {
     if (input.size() < kHead) return;
-    const std::size_t acts = std::min(input[2] % (kMostActs + 1), input.size() - kHead);
+    const std::size_t acts = std::min<std::size_t>(input[2] % (kMostActs + 1), input.size() - kHead);
+    walk->DrawPixels(input[2] / (kMostActs + 1) == kWithPixels);
     PanelWalk::meter().ForgetCalls();
     answers = {input.subspan(kHead + acts), input[1]};
     walk->Enter(input[0] % (kLastCommandedScreen + 1));
