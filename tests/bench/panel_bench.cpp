@@ -6,6 +6,7 @@
 
 #include "localization/localization.h"
 #include "peg/resources/resources.h"
+#include "platform/panel.h"
 
 namespace {
 
@@ -69,6 +70,11 @@ void PanelBench::Press(KeyCode key, int times) {
         KeyDown(key);
         KeyUp(key);
     }
+}
+
+std::vector<std::uint16_t> PanelBench::Frame() {
+    constexpr std::ptrdiff_t kPixels = std::ptrdiff_t{kPanelWidth} * kPanelHeight;
+    return {Screen().Row(0), Screen().Row(0) + kPixels};
 }
 
 ::testing::AssertionResult PanelBench::PanelShows(const std::string& golden) {

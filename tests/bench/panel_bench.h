@@ -5,7 +5,6 @@
 
 #include "navigation/messages.h"
 #include "navigation/navigation_handler.h"
-#include "platform/panel.h"
 #include "tests/bench/golden.h"
 #include "tests/bench/scripted_meter.h"
 #include "tests/bench/toolkit_bench.h"
@@ -33,7 +32,7 @@ protected:
 
     static std::int32_t Shown() { return Navigation().getCurrentScreenId(); }
 
-    std::vector<std::uint16_t> Frame() { return {Screen().Row(0), Screen().Row(0) + kPanelWidth * kPanelHeight}; }
+    std::vector<std::uint16_t> Frame();
 
     /// The panel equals the golden picture of that name.
     ::testing::AssertionResult PanelShows(const std::string& golden);

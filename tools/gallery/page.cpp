@@ -92,7 +92,9 @@ public:
 private:
     Family& FamilyOf(const std::string& name) {
         const auto found = std::ranges::find(m_families, name, &Family::name);
-        return found != m_families.end() ? *found : m_families.emplace_back(name);
+        if (found != m_families.end()) return *found;
+        m_families.push_back({name, {}});
+        return m_families.back();
     }
 
     std::vector<Family> m_families;

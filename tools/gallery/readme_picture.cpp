@@ -31,8 +31,8 @@ RgbPixels Compose(std::span<const PanelPicture> walk) {
         const int left = kGap + i % kColumns * (kPanelWidth + kGap);
         const int top = kGap + i / kColumns * (kPanelHeight + kGap);
         for (int y = 0; y < kPanelHeight; ++y) {
-            std::copy_n(picture.pixels.begin() + y * kPanelWidth, kPanelWidth,
-                        sheet.begin() + (top + y) * kWidth + left);
+            std::copy_n(picture.pixels.begin() + std::ptrdiff_t{y} * kPanelWidth, kPanelWidth,
+                        sheet.begin() + std::ptrdiff_t{top + y} * kWidth + left);
         }
     }
     return Expand(sheet);

@@ -13,7 +13,7 @@ public:
     std::vector<std::uint16_t> BitmapOn(std::uint16_t ground, const PegBitmap& bitmap) {
         FillArea(All(), ground);
         PaintBitmap(All(), {}, bitmap);
-        return {Row(0), Row(0) + Width() * Height()};
+        return {Row(0), Row(0) + std::ptrdiff_t{Width()} * Height()};
     }
 
     /// Every pixel that a text's glyphs touch.
@@ -56,7 +56,7 @@ TextRecord::~TextRecord() {
 
 void TextRecord::Clear() {
     m_texts.clear();
-    m_owners.assign(static_cast<std::size_t>(m_screen.Width() * m_screen.Height()), kNobody);
+    m_owners.assign(PlaceOf(0, m_screen.Height(), m_screen.Width()), kNobody);
     m_hasInk.assign(static_cast<std::size_t>(m_screen.Height()), false);
 }
 
@@ -129,7 +129,7 @@ void TextRecord::OnBitmap(const PegRect& area, PegPoint topLeft, const PegBitmap
     for (int y = area.top; y <= area.bottom; ++y) {
         if (!m_hasInk[static_cast<std::size_t>(y)]) continue;
         for (int x = area.left; x <= area.right; ++x) {
-            if (opaque[static_cast<std::size_t>((y - topLeft.y) * bitmap.width + x - topLeft.x)]) Cover(x, y);
+            if (opaque[PlaceOf(x - topLeft.x, y - topLeft.y, bitmap.width)]) Cover(x, y);
         }
     }
 }

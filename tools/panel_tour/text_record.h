@@ -55,9 +55,14 @@ public:
     void OnTextPainted(const PegRect& area) override;
 
 private:
+    /// Where a pixel stands among all, row by row.
+    static std::size_t PlaceOf(int x, int y, int width) {
+        const std::ptrdiff_t place = std::ptrdiff_t{y} * width + x;
+        return static_cast<std::size_t>(place);
+    }
     static constexpr std::size_t kNobody = static_cast<std::size_t>(-1);
 
-    std::size_t& OwnerAt(int x, int y) { return m_owners[static_cast<std::size_t>(y * m_screen.Width() + x)]; }
+    std::size_t& OwnerAt(int x, int y) { return m_owners[PlaceOf(x, y, m_screen.Width())]; }
     std::vector<PegPoint> InkAt(const PegDrawnText& text);
     void Cover(int x, int y);
     const std::vector<bool>& OpaquePixels(const PegBitmap& bitmap);

@@ -10,10 +10,11 @@
 #include <unistd.h>
 
 #include <csignal>
-#include <cstdio>
+#include <cstdlib>
 #include <cstring>
 #include <fstream>
 #include <iterator>
+#include <sstream>
 #include <thread>
 
 namespace {
@@ -88,10 +89,12 @@ bool Program::Remembers(std::string_view bytes) const {
     std::ifstream maps(folder + "/maps");
     std::ifstream memory(folder + "/mem", std::ios::binary);
     for (std::string line; std::getline(maps, line);) {
+        std::istringstream fields(line);
         unsigned long start = 0;
         unsigned long end = 0;
-        char writable = '-';
-        if (std::sscanf(line.c_str(), "%lx-%lx r%c", &start, &end, &writable) != 3 || writable != 'w') continue;
+        char dash = 0;
+        std::string rights;
+        if (!(fields >> std::hex >> start >> dash >> end >> rights) || !rights.starts_with("rw")) continue;
         if (end - start > kLargestRegion) continue;
         std::string region(end - start, '\0');
         memory.clear();
