@@ -31,6 +31,7 @@ void LoadResources() {
 
 std::intptr_t loadDisplayResources(std::intptr_t presentationManager) {
     LoadResources();
+    // The argument of the hook is a word. NOLINTNEXTLINE(performance-no-int-to-ptr)
     auto& manager = *reinterpret_cast<PegPresentationManager*>(presentationManager);
     startupScreen& screen = startupScreen::getInstance();
     manager.CenterChild(screen);

@@ -20,7 +20,7 @@
 #include "benchmarks/processor.h"
 #include "simulator/descriptor.h"
 #include "simulator/panel/keys.h"
-#include "tests/end_to_end/programs.h"
+#include "tools/soak/programs.h"
 
 namespace {
 

@@ -190,9 +190,7 @@ void displayClass::updateSettings() {
 
 void WidenInto(std::string_view text, std::span<char16_t> out) {
     std::fill(out.begin(), out.end(), u'\0');
-    for (std::size_t i = 0; i + 1 < out.size() && i < text.size() && text[i] != 0; ++i) {
-        out[i] = static_cast<unsigned char>(text[i]);
-    }
+    for (std::size_t i = 0; i + 1 < out.size() && i < text.size(); ++i) out[i] = static_cast<unsigned char>(text[i]);
 }
 
 const char16_t* LocalizedString(std::uint32_t number) {

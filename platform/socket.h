@@ -22,8 +22,8 @@ int shutdown(int socket, int how);
 /// Does not wait: -1 with EAGAIN when nothing has arrived.
 [[nodiscard]] ssize_t recvAtOnce(int socket, void* buffer, std::size_t length);
 
-/// Connects, or gives up after `timeout` with ETIMEDOUT; the socket is blocking again afterwards.
-/// @return 0, or -1
+/// Connects, or gives up after `timeout`. An attempt that a signal interrupted, with EINTR, goes on, and the next call
+/// joins it. @return 0, or -1
 [[nodiscard]] int connectWithTimeout(int socket, const sockaddr_in* address, const timeval* timeout);
 
 }  // namespace os

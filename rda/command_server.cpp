@@ -106,12 +106,8 @@ constexpr bool NamesDiffer() {
 static_assert(NamesDiffer(), "a command stands in two rows");
 
 bool IsWantedSize(Reply reply, Payload payload, std::size_t responseSize) {
-    switch (reply) {
-        case Reply::Any: return true;
-        case Reply::Word: return responseSize == kWord;
-        case Reply::Text: return responseSize == WordAt(payload, 0);
-    }
-    return false;
+    if (reply == Reply::Any) return true;
+    return responseSize == (reply == Reply::Word ? kWord : WordAt(payload, 0));
 }
 
 /// Carries a command out when its sizes are right; the response stays zero when they are not.

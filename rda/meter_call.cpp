@@ -39,7 +39,7 @@ int MeterCall::Into(std::uint32_t& value) {
 }
 
 void MeterCall::Append(const void* bytes, std::size_t count) {
-    m_fits = m_fits && count <= kRdaTaskBufferBytes - m_size;
+    m_fits &= count <= kRdaTaskBufferBytes - m_size;
     if (m_buffer == nullptr || !m_fits) return;
     std::memcpy(m_buffer + m_size, bytes, count);
     m_size += count;

@@ -15,7 +15,7 @@ struct PegMessage {
     PegThing* target = nullptr;  // null lets the presentation manager choose the receiver
     std::uint16_t type = 0;
     std::int16_t param = 0;               // key code, timer id, id of the sending control
-    std::array<std::uint32_t, 3> data{};  // words; a rectangle in the first two, a point or a pointer in the first
+    std::array<std::uint32_t, 3> data{};  // words; a rectangle in the first two
 
     PegRect Rect() const { return std::bit_cast<PegRect>(std::array{data[0], data[1]}); }
     void SetRect(const PegRect& rect) {
@@ -23,8 +23,6 @@ struct PegMessage {
         data[0] = words[0];
         data[1] = words[1];
     }
-    PegPoint Point() const { return std::bit_cast<PegPoint>(data[0]); }
-    void SetPoint(PegPoint point) { data[0] = std::bit_cast<std::uint32_t>(point); }
 };
 static_assert(sizeof(PegMessage) == 16 + 2 * sizeof(void*));
 
@@ -38,10 +36,8 @@ enum PegMessageType : std::uint16_t {
     MSG_CLOSE = 6,
     MSG_HIDE = 7,
     MSG_SHOW = 8,
-    MSG_POINTER_MOVE = 9,
     MSG_BUTTON_DOWN = 10,
     MSG_BUTTON_UP = 11,
-    MSG_POINTER_LAST = 13,
     MSG_REDRAW = 14,
     MSG_FOCUS_IN = 15,
     MSG_FOCUS_OUT = 16,
@@ -57,7 +53,6 @@ enum PegMessageType : std::uint16_t {
     MSG_KEY_UP = 34,
     MSG_KEY_LAST = 37,
     MSG_REFOCUS = 42,
-    MSG_CANVAS_DRAWN = 43,
     MSG_RESOURCES = 44,
     MSG_SET_CANVAS = 45,
     MSG_FIRST_USER = 0x4000,

@@ -46,7 +46,6 @@ std::int32_t PegPresentationManager::Execute() {
 
 std::int32_t PegPresentationManager::DispatchMessage(const PegMessage& message) {
     if (message.target != nullptr) return message.target->Message(message);
-    if (message.type >= MSG_POINTER_MOVE && message.type <= MSG_POINTER_LAST) return DispatchPointer(message);
     if (message.type >= MSG_KEY_DOWN && message.type <= MSG_KEY_LAST) {
         return m_focus != nullptr ? m_focus->Message(message) : 0;
     }
@@ -110,11 +109,7 @@ std::int32_t PegPresentationManager::OnExit(const PegMessage& message) {
 int PegPresentationManager::RouteToTaskQueue(const PegMessage& message) {
     if (!m_hasRoutes.load(std::memory_order_relaxed)) return 0;
     const PegThing* thing = message.target;
-    if (thing == nullptr && message.type >= MSG_POINTER_MOVE && message.type <= MSG_POINTER_LAST) {
-        thing = m_captureDepth > 0 ? m_captured[m_captureDepth - 1] : m_pointerOver;
-    } else if (thing == nullptr && (message.type == MSG_KEY_DOWN || message.type == MSG_KEY_UP)) {
-        thing = m_focus;
-    }
+    if (thing == nullptr && (message.type == MSG_KEY_DOWN || message.type == MSG_KEY_UP)) thing = m_focus;
     for (; thing != nullptr && thing != this; thing = thing->Parent()) {
         const auto route = std::find_if(m_routes.begin(), m_routes.end(),
                                         [thing](const TaskRoute& candidate) { return candidate.window == thing; });
@@ -166,14 +161,10 @@ void PegPresentationManager::SetFocus(PegThing& thing) {
         return;
     }
     PegThing* current = &thing;
-    while (current->Parent() != nullptr && current != this && !current->HasStatus(STAT_CURRENT)) {
-        current = current->Parent();
-    }
+    while (current->Parent() != nullptr && !current->HasStatus(STAT_CURRENT)) current = current->Parent();
     LosePathBelow(*current);
-    if (!thing.HasStatus(STAT_CURRENT)) {
-        for (PegThing* step = &thing; step != current; step = step->Parent()) {
-            if (step->HasStatus(STAT_FRONT_ON_FOCUS) && step->Parent() != nullptr) step->Parent()->AddChild(*step);
-        }
+    for (PegThing* step = &thing; step != current; step = step->Parent()) {
+        if (step->HasStatus(STAT_FRONT_ON_FOCUS)) step->Parent()->AddChild(*step);
     }
     if (m_focus == &thing) return;
     ChangeInputOwner(&thing);
@@ -193,8 +184,6 @@ void PegPresentationManager::AddChild(PegThing& window, bool draw) {
 }
 
 void PegPresentationManager::ForgetRemoved(const PegThing& thing) {
-    if (IsInside(m_pointerOver, thing)) m_pointerOver = nullptr;
-    while (m_captureDepth > 0 && IsInside(m_captured[m_captureDepth - 1], thing)) --m_captureDepth;
     if (IsInside(m_focus, thing)) m_focus = nullptr;
     if (thing.Parent() == this && thing.HasStatus(STAT_VIEWPORT)) m_viewportsPending = true;
     if (thing.Parent() != this || !thing.HasStatus(STAT_ACCEPTS_FOCUS) || m_refocusPending) return;
@@ -211,8 +200,5 @@ void PegPresentationManager::ForgetDeleted(PegThing& thing) {
     }
     GiveBack(thing.m_viewports);
     RemoveTaskRoute(thing);
-    if (m_pointerOver == &thing) m_pointerOver = nullptr;
     if (m_focus == &thing) m_focus = nullptr;
-    if (m_drawing == &thing) m_drawing = nullptr;
-    if (toolkit.screen != nullptr) toolkit.screen->ForgetOwner(thing);
 }

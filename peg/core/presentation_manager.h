@@ -43,7 +43,7 @@ public:
     /// Draws everything invalid in one pass, so that the frame goes to the device once.
     void DrawInvalid();
 
-    /// Drops the focus, pointer and capture of a thing that is being taken off the screen, and of its descendants.
+    /// Drops the focus of a thing that is being taken off the screen, and of its descendants.
     void ForgetRemoved(const PegThing& thing);
 
     /// Drops every reference to a thing that is being deleted.
@@ -54,10 +54,6 @@ public:
 
     /// The parts of the thing's top-level window that may be drawn. @return false when the thing is in no such window
     bool FindViewports(const PegThing& thing, const PegArea*& viewports) const;
-
-    /// The pointer goes to `thing` until it is released, whatever it is over.
-    void CapturePointer(PegThing& thing);
-    void ReleasePointer(const PegThing& thing);
 
     /// A modal window's input goes to the task that runs its loop: to `queue`, or to the toolkit's own loop when null.
     void AddTaskRoute(PegThing& window, os::TaskId task, os::MessageQueueId queue);
@@ -78,7 +74,6 @@ private:
         os::MessageQueueId queue;
     };
     static constexpr std::size_t kPoolGrowth = 512;  // more than any screen needs at a time
-    static constexpr std::size_t kCaptureDepth = 8;
 
     void GrowPool();
     PegArea& NewArea(PegThing& thing, const PegRect& rect);
@@ -94,16 +89,11 @@ private:
     std::int32_t OnRefocus();
     std::int32_t OnExit(const PegMessage& message);
     void SendToTopLevel(const PegMessage& message);
-    std::int32_t DispatchPointer(const PegMessage& message);
-    PegThing* ThingUnderPointer(PegPoint point) const;
 
     const os::TaskId m_task = os::taskIdSelf();
     PegThing* m_focus = nullptr;
-    PegThing* m_pointerOver = nullptr;
-    std::array<PegThing*, kCaptureDepth> m_captured{};
-    std::size_t m_captureDepth = 0;
     PegArea* m_firstInvalid = nullptr;
-    PegArea* m_lastInvalid = nullptr;
+    PegArea* m_lastInvalid = nullptr;  // while there is a first
     PegArea* m_freeAreas = nullptr;
     std::vector<std::unique_ptr<std::array<PegArea, kPoolGrowth>>> m_pool;  // grows, and never shrinks
     PegThing* m_drawing = nullptr;                                          // the thing being drawn in the idle pass

@@ -69,7 +69,7 @@ void PegPresentationManager::InvalidateArea(PegThing& thing, const PegRect& rect
     if (!thing.IsVisible()) return;
     if (m_drawing != nullptr && (&thing == m_drawing || thing.IsAncestor(*m_drawing))) return;
     PegArea& area = NewArea(thing, rect);
-    (m_lastInvalid != nullptr ? m_lastInvalid->next : m_firstInvalid) = &area;
+    (m_firstInvalid != nullptr ? m_lastInvalid->next : m_firstInvalid) = &area;
     m_lastInvalid = &area;
 }
 
@@ -93,7 +93,6 @@ void PegPresentationManager::DrawInvalid() {
     // What was invalidated meanwhile waits for the next pass.
     PegArea* drawn = m_firstInvalid;
     m_firstInvalid = lastOfPass->next;
-    if (m_firstInvalid == nullptr) m_lastInvalid = nullptr;
     lastOfPass->next = nullptr;
     GiveBack(drawn);
 }

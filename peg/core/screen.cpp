@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <string_view>
 
-#include "peg/core/message_queue.h"
 #include "peg/core/presentation_manager.h"
 #include "peg/core/screen_clip.h"
 #include "peg/core/thing.h"
@@ -23,10 +22,7 @@ std::u16string_view TextOf(const char16_t* text, int count) {
 
 PegScreen::PegScreen(int width, int height) : m_width(width), m_height(height) { m_clips[0].rect = kNowhere; }
 
-void PegScreen::BeginDraw(const PegThing& thing, const PegRect& invalid, std::int32_t canvas) {
-    for (Canvas& candidate : m_canvases) {
-        if (candidate.number == canvas) candidate.dirty = true;
-    }
+void PegScreen::BeginDraw(const PegThing& thing, const PegRect& invalid) {
     ++m_nesting;
     if (m_nesting >= kClipStackSize) return;
     Clip& clip = m_clips[static_cast<std::size_t>(m_nesting)];
@@ -38,39 +34,8 @@ void PegScreen::BeginDraw(const PegThing& thing, const PegRect& invalid, std::in
 
 void PegScreen::EndDraw() {
     if (m_nesting == 0) return;
-    if (m_nesting == 1) {
-        FlushToDevice();
-        TellCanvasOwners();
-    }
+    if (m_nesting == 1) FlushToDevice();
     --m_nesting;
-}
-
-void PegScreen::TellCanvasOwners() {
-    for (Canvas& canvas : m_canvases) {
-        if (!canvas.dirty) continue;
-        canvas.dirty = false;
-        if (canvas.owner == nullptr) continue;
-        PegMessage message;
-        message.target = canvas.owner;
-        message.type = MSG_CANVAS_DRAWN;
-        message.data = {canvas.data[0], canvas.data[1], 0};
-        toolkit.queue->Push(message);
-    }
-}
-
-void PegScreen::AddCanvas(std::int32_t number, PegThing* owner, std::array<std::uint32_t, 2> data) {
-    RemoveCanvas(number);
-    m_canvases.push_back({number, owner, data, false});
-}
-
-void PegScreen::RemoveCanvas(std::int32_t number) {
-    std::erase_if(m_canvases, [number](const Canvas& canvas) { return canvas.number == number; });
-}
-
-void PegScreen::ForgetOwner(const PegThing& thing) {
-    for (Canvas& canvas : m_canvases) {
-        if (canvas.owner == &thing) canvas.owner = nullptr;
-    }
 }
 
 void PegScreen::Fill(const PegRect& rect, std::uint16_t color) {
@@ -148,8 +113,6 @@ std::unique_ptr<LoadedBitmap> PegScreen::CreateBitmap(int width, int height, std
     return created;
 }
 
-DrawingPass::DrawingPass(const PegThing& thing, const PegRect& invalid) {
-    toolkit.screen->BeginDraw(thing, invalid, thing.Canvas());
-}
+DrawingPass::DrawingPass(const PegThing& thing, const PegRect& invalid) { toolkit.screen->BeginDraw(thing, invalid); }
 
 DrawingPass::~DrawingPass() { toolkit.screen->EndDraw(); }

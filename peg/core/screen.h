@@ -4,7 +4,6 @@
 #include <cstdint>
 #include <memory>
 #include <string_view>
-#include <vector>
 
 #include "peg/core/brush.h"
 #include "peg/core/rect.h"
@@ -37,7 +36,7 @@ public:
     int Height() const { return m_height; }
 
     /// Opens a pass that may draw where the thing's clip meets the invalid rectangle and no other window covers it.
-    void BeginDraw(const PegThing& thing, const PegRect& invalid, std::int32_t canvas);
+    void BeginDraw(const PegThing& thing, const PegRect& invalid);
     void EndDraw();
 
     /// An arc from `startAngle` to `endAngle` in degrees, counter-clockwise from three o'clock; with a fill style, a
@@ -68,11 +67,6 @@ public:
     /// Whether the device did not take the frame when it was sent last.
     virtual bool IsBehind() const { return false; }
 
-    /// A surface that its owner wants to hear of: each outermost pass that drew on it ends with MSG_CANVAS_DRAWN.
-    void AddCanvas(std::int32_t number, PegThing* owner, std::array<std::uint32_t, 2> data);
-    void RemoveCanvas(std::int32_t number);
-    void ForgetOwner(const PegThing& thing);
-
     /// Null: nobody listens.
     void SetTextObserver(PegTextObserver* observer) { m_textObserver = observer; }
 
@@ -90,12 +84,6 @@ private:
         const PegArea* viewports;  // null: nothing covers the rectangle
         bool inWindow;             // the viewports are the limit, even when there are none
     };
-    struct Canvas {
-        std::int32_t number;
-        PegThing* owner;
-        std::array<std::uint32_t, 2> data;
-        bool dirty;
-    };
     static constexpr int kClipStackSize = 20;  // the bottom entry stands for no pass
 
     /// Runs an operation for each part of `bounds` where the pass may draw.
@@ -109,13 +97,11 @@ private:
     }
     void FillOrTile(const PegRect& rect, const PegBrush& brush);
     void DrawSlopedLine(int x1, int y1, int x2, int y2, const PegBrush& brush);
-    void TellCanvasOwners();
 
     int m_width;
     int m_height;
     int m_nesting = 0;
     std::array<Clip, kClipStackSize> m_clips{};
-    std::vector<Canvas> m_canvases;
     PegTextObserver* m_textObserver = nullptr;
 };
 

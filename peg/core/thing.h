@@ -12,7 +12,7 @@ struct PegArea;
 enum PegStatus : std::uint32_t {
     STAT_VISIBLE = 0x1,            // on the screen
     STAT_CURRENT = 0x2,            // on the input-focus path
-    STAT_SELECTABLE = 0x4,         // can be hit by the pointer
+    STAT_SELECTABLE = 0x4,         // a list may select it
     STAT_NO_CLIENT_CLIP = 0x20,    // drawn over its parent's frame; never its parent's preferred child on focus
     STAT_ACCEPTS_FOCUS = 0x40,     // may take the input focus
     STAT_KEEP_FOCUS_CHILD = 0x80,  // taken at once when its parent picks a child for the focus

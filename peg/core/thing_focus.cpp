@@ -10,7 +10,7 @@
 namespace {
 
 constexpr int kTypeWithoutArrows = 532;
-constexpr std::int32_t kNone = std::numeric_limits<std::int32_t>::max();
+constexpr std::int64_t kNone = std::numeric_limits<std::int32_t>::max();  // what is farther away does not count
 
 bool KeepsArrowsToItself(const PegThing& thing) {
     switch (thing.Type()) {
@@ -27,9 +27,8 @@ bool LiesInDirection(int key, PegPoint from, PegPoint to) {
         case kKeyUp: return to.y < from.y;
         case kKeyDown: return to.y > from.y;
         case kKeyLeft: return to.x < from.x;
-        case kKeyRight: return to.x > from.x;
     }
-    return false;
+    return to.x > from.x;
 }
 
 /// True when a thing's span across the direction of travel holds the point's coordinate.
@@ -38,11 +37,10 @@ bool LiesInLine(int key, PegPoint from, const PegRect& rect) {
     return vertical ? rect.left <= from.x && from.x <= rect.right : rect.top <= from.y && from.y <= rect.bottom;
 }
 
-std::int32_t SquaredDistance(PegPoint a, PegPoint b) {
+std::int64_t SquaredDistance(PegPoint a, PegPoint b) {
     const std::int64_t dx = a.x - b.x;
     const std::int64_t dy = a.y - b.y;
-    const std::int64_t distance = dx * dx + dy * dy;
-    return distance < kNone ? static_cast<std::int32_t>(distance) : kNone;
+    return dx * dx + dy * dy;
 }
 
 }  // namespace
@@ -50,13 +48,13 @@ std::int32_t SquaredDistance(PegPoint a, PegPoint b) {
 PegThing* PegThing::FindNeighbour(int key, PegThing& within, PegPoint fromPoint) {
     for (const bool inLine : {true, false}) {
         PegThing* nearest = nullptr;
-        std::int32_t shortest = kNone;
+        std::int64_t shortest = kNone;
         for (PegThing* child = within.m_firstChild; child != nullptr; child = child->m_next) {
             if (child == this || !child->IsVisible() || !child->HasStatus(STAT_ACCEPTS_FOCUS)) continue;
             const PegPoint center = CenterPointOf(child->m_real);
             if (!LiesInDirection(key, fromPoint, center)) continue;
             if (inLine && !LiesInLine(key, fromPoint, child->m_real)) continue;
-            const std::int32_t distance = SquaredDistance(fromPoint, center);
+            const std::int64_t distance = SquaredDistance(fromPoint, center);
             if (distance >= shortest) continue;
             shortest = distance;
             nearest = child;

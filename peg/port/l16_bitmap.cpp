@@ -98,7 +98,7 @@ void L16Screen::PaintBitmap(const PegRect& area, PegPoint topLeft, const PegBitm
         switch (bitmap.bitsPerPixel) {
             case 8: painter.Copy(to, bitmap.Bytes() + first, area.Width()); break;
             case 16: painter.Copy(to, bitmap.data + first, area.Width()); break;
-            case 32: painter.Blend(to, bitmap.data + 2 * first, area.Width()); break;
+            default: painter.Blend(to, bitmap.data + 2 * first, area.Width()); break;
         }
     }
 }
@@ -126,6 +126,6 @@ void L16Screen::PaintRunLength(const PegRect& area, PegPoint topLeft, const PegB
     switch (bitmap.bitsPerPixel) {
         case 8: WalkRuns(bitmap.Bytes(), 1, bitmap, part, copy); break;
         case 16: WalkRuns(bitmap.data, 1, bitmap, part, copy); break;
-        case 32: WalkRuns(bitmap.data, 2, bitmap, part, blend); break;
+        default: WalkRuns(bitmap.data, 2, bitmap, part, blend); break;
     }
 }

@@ -4,7 +4,6 @@
 #include <array>
 #include <cstddef>
 #include <cstdint>
-#include <cstring>
 #include <span>
 
 #include "peg/resources/file.h"
@@ -35,30 +34,26 @@ public:
     /// The next bytes as they stand; empty when fewer are left.
     std::span<const std::uint8_t> Take(std::size_t bytes) {
         const auto taken = m_file.Take(bytes);
-        m_ok = m_ok && taken.size() == bytes;
+        m_ok &= taken.size() == bytes;
         return taken;
     }
 
     /// The next 16-bit units, as many as `to` holds; zeros when fewer are left.
     void Units(std::span<char16_t> to) {
-        const auto taken = Take(to.size_bytes());
-        if (taken.size() == to.size_bytes()) {
-            std::memcpy(to.data(), taken.data(), taken.size());
-        } else {
-            std::ranges::fill(to, u'\0');
-        }
+        std::ranges::fill(to, u'\0');
+        std::ranges::copy(Take(to.size_bytes()), reinterpret_cast<std::uint8_t*>(to.data()));
         if (m_foreign)
             for (char16_t& unit : to) unit = static_cast<char16_t>(unit << 8 | unit >> 8);
     }
 
     /// Steps back over bytes that were read.
-    void StepBack(std::size_t bytes) { m_ok = m_ok && m_file.Seek(-static_cast<std::ptrdiff_t>(bytes)); }
+    void StepBack(std::size_t bytes) { m_ok &= m_file.Seek(-static_cast<std::ptrdiff_t>(bytes)); }
 
 private:
     template <std::size_t size>
     std::array<std::uint8_t, size> Bytes() {
         std::array<std::uint8_t, size> bytes{};
-        m_ok = m_file.Read(bytes.data(), size) == size && m_ok;
+        m_ok &= m_file.Read(bytes.data(), size) == size;
         return bytes;
     }
 

@@ -25,12 +25,11 @@ bool Inflate(std::span<const std::uint8_t> from, std::span<std::uint8_t> to) {
     return uncompress(to.data(), &size, from.data(), static_cast<uLong>(from.size())) == Z_OK && size == to.size();
 }
 
-/// Fills `to` with `stored` bytes of the file, expanded when they are compressed.
+/// Fills `to` with `stored` bytes of the file, which are there; compressed ones are expanded, others as many as `to`
+/// holds.
 bool ReadData(FieldReader& fields, std::uint32_t stored, bool compressed, std::span<std::uint8_t> to) {
     const auto from = fields.Take(stored);
-    if (!fields.Ok()) return false;
     if (compressed) return Inflate(from, to);
-    if (from.size() != to.size()) return false;
     std::copy(from.begin(), from.end(), to.begin());
     return true;
 }
@@ -164,7 +163,7 @@ bool ReadPalette(FieldReader& fields, PegResourceSet& set) {
 bool ReadSet(FieldReader& fields, PegResourceSet& set) {
     if (fields.U16() != kRecordMagic || fields.U16() != kResourceSetRecord) return false;
     fields.Skip(sizeof(std::uint16_t));
-    while (fields.Ok() && fields.Remaining() > 0) {
+    while (fields.Remaining() > 0) {
         const std::uint16_t magic = fields.U16();
         const std::uint16_t type = fields.U16();
         if (!fields.Ok() || magic != kRecordMagic) return false;

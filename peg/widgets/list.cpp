@@ -61,7 +61,7 @@ std::int32_t PegList::Message(const PegMessage& message) {
             return result;
         }
     }
-    const bool fromItem = message.source != nullptr && message.source->Parent() == this && message.source->Id() != 0;
+    const bool fromItem = message.source != nullptr && message.source->Parent() == this;
     if (fromItem && message.type == SIGNAL_TYPE(message.source->Id(), kSignalSelected)) SetSelected(message.source);
     return PegWindow::Message(message);
 }

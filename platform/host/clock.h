@@ -1,38 +1,31 @@
 #pragma once
 
+#include <cstdint>
 #include <ctime>
 
 /// How system clock ticks become times of the host's monotonic clock.
 namespace os::host {
 
 inline constexpr int kTicksPerSecond = 1000;
-inline constexpr long kNanosecondsPerSecond = 1'000'000'000;
+inline constexpr std::int64_t kNanosecondsPerSecond = 1'000'000'000;
 
-/// The monotonic time that many ticks from now.
-inline timespec After(int ticks) {
-    timespec when{};
-    clock_gettime(CLOCK_MONOTONIC, &when);
-    when.tv_sec += ticks / kTicksPerSecond;
-    when.tv_nsec += (ticks % kTicksPerSecond) * (kNanosecondsPerSecond / kTicksPerSecond);
-    if (when.tv_nsec >= kNanosecondsPerSecond) {
-        when.tv_sec += 1;
-        when.tv_nsec -= kNanosecondsPerSecond;
-    }
-    return when;
+inline std::int64_t Nanoseconds(const timespec& time) { return time.tv_sec * kNanosecondsPerSecond + time.tv_nsec; }
+
+inline timespec TimeOf(std::int64_t nanoseconds) {
+    return {static_cast<std::time_t>(nanoseconds / kNanosecondsPerSecond),
+            static_cast<long>(nanoseconds % kNanosecondsPerSecond)};
 }
 
-/// The time from now until `when`; not above zero when that has come.
-inline timespec LeftUntil(const timespec& when) {
+inline std::int64_t MonotonicNow() {
     timespec now{};
     clock_gettime(CLOCK_MONOTONIC, &now);
-    timespec left{when.tv_sec - now.tv_sec, when.tv_nsec - now.tv_nsec};
-    if (left.tv_nsec < 0) {
-        left.tv_sec -= 1;
-        left.tv_nsec += kNanosecondsPerSecond;
-    }
-    return left;
+    return Nanoseconds(now);
 }
 
-inline bool IsTimeLeft(const timespec& left) { return left.tv_sec >= 0 && (left.tv_sec > 0 || left.tv_nsec > 0); }
+/// The monotonic time that many ticks from now.
+inline timespec After(int ticks) { return TimeOf(MonotonicNow() + ticks * (kNanosecondsPerSecond / kTicksPerSecond)); }
+
+/// Nanoseconds from now until `when`; not above zero when that has come.
+inline std::int64_t NanosecondsUntil(const timespec& when) { return Nanoseconds(when) - MonotonicNow(); }
 
 }  // namespace os::host

@@ -50,7 +50,6 @@ bool IsSocket(int descriptor) {
 /// Connects to the socket at a path, by way of a descriptor: a socket address has room for short paths only.
 int ConnectTo(const Path& path) {
     const int place = ::open(path.data(), O_PATH | O_CLOEXEC);
-    if (place < 0) return -1;
     const int device = ::socket(AF_UNIX, SOCK_SEQPACKET | SOCK_CLOEXEC, 0);
     sockaddr_un address{};
     address.sun_family = AF_UNIX;

@@ -39,7 +39,7 @@ int semTake(SemaphoreId semaphore) {
 int semGive(SemaphoreId semaphore) {
     if (semaphore == nullptr || semaphore->owner != taskIdSelf()) return -1;
     if (--semaphore->depth == 0) semaphore->owner = 0;
-    return pthread_mutex_unlock(&semaphore->mutex) == 0 ? 0 : -1;
+    return pthread_mutex_unlock(&semaphore->mutex);
 }
 
 }  // namespace os

@@ -1,35 +1,6 @@
 #include "platform/socket.h"
 
-#include <fcntl.h>
-#include <poll.h>
-
-#include <cerrno>
-
 namespace os {
-namespace {
-
-constexpr int kMillisecondsPerSecond = 1000;
-constexpr int kMicrosecondsPerMillisecond = 1000;
-
-int SetBlocking(int socket, bool blocking) {
-    const int flags = fcntl(socket, F_GETFL);
-    if (flags < 0) return -1;
-    return fcntl(socket, F_SETFL, blocking ? flags & ~O_NONBLOCK : flags | O_NONBLOCK);
-}
-
-/// Waits for the end of a connection attempt. @return 0, or the reason why it failed
-int WaitUntilConnected(int socket, const timeval& timeout) {
-    pollfd writable{socket, POLLOUT, 0};
-    const auto milliseconds = timeout.tv_sec * kMillisecondsPerSecond + timeout.tv_usec / kMicrosecondsPerMillisecond;
-    const int ready = poll(&writable, 1, static_cast<int>(milliseconds));
-    if (ready < 0) return errno;
-    if (ready == 0) return ETIMEDOUT;
-    int reason = 0;
-    socklen_t length = sizeof reason;
-    return getsockopt(socket, SOL_SOCKET, SO_ERROR, &reason, &length) == 0 ? reason : errno;
-}
-
-}  // namespace
 
 int socket(int domain, int type, int protocol) { return ::socket(domain, type | SOCK_CLOEXEC, protocol); }
 
@@ -59,16 +30,12 @@ ssize_t recvAtOnce(int socket, void* buffer, std::size_t length) {
 }
 
 int connectWithTimeout(int socket, const sockaddr_in* address, const timeval* timeout) {
-    if (SetBlocking(socket, false) != 0) return -1;
-    int reason = 0;
-    if (::connect(socket, reinterpret_cast<const sockaddr*>(address), sizeof *address) != 0) {
-        // An attempt that a signal interrupted goes on; asking again joins it.
-        const bool goesOn = errno == EINPROGRESS || errno == EALREADY;
-        reason = goesOn ? WaitUntilConnected(socket, *timeout) : errno;
-    }
-    if (SetBlocking(socket, true) != 0) return -1;
-    errno = reason;
-    return reason == 0 ? 0 : -1;
+    // The host waits for a connection as long as it may wait to send; asking again joins an attempt that goes on.
+    constexpr timeval kWithoutLimit{};
+    os::setsockopt(socket, SOL_SOCKET, SO_SNDTIMEO, timeout, sizeof *timeout);
+    const int result = ::connect(socket, reinterpret_cast<const sockaddr*>(address), sizeof *address);
+    os::setsockopt(socket, SOL_SOCKET, SO_SNDTIMEO, &kWithoutLimit, sizeof kWithoutLimit);
+    return result;
 }
 
 }  // namespace os

@@ -136,8 +136,9 @@ int taskDelay(int ticks) {
     if (ticks <= 0) return sched_yield();
     const timespec end = host::After(ticks);
     // The plain call, since a thread sanitizer delivers signals in it and not in clock_nanosleep.
-    for (timespec left = host::LeftUntil(end); host::IsTimeLeft(left); left = host::LeftUntil(end)) {
-        if (nanosleep(&left, nullptr) != 0 && errno != EINTR) return -1;
+    for (std::int64_t left = host::NanosecondsUntil(end); left > 0; left = host::NanosecondsUntil(end)) {
+        const timespec pause = host::TimeOf(left);
+        nanosleep(&pause, nullptr);
     }
     return 0;
 }

@@ -10,10 +10,8 @@ namespace os {
 
 int timer_create(clockid_t clock, const sigevent* event, timer_t* timer) {
     sigevent toThisTask = *event;
-    if (toThisTask.sigev_notify == SIGEV_SIGNAL) {
-        toThisTask.sigev_notify = SIGEV_THREAD_ID;
-        toThisTask.sigev_notify_thread_id = gettid();
-    }
+    toThisTask.sigev_notify = SIGEV_THREAD_ID;
+    toThisTask.sigev_notify_thread_id = gettid();
     return ::timer_create(clock, &toThisTask, timer);
 }
 

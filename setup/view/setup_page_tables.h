@@ -7,6 +7,9 @@
 
 #include "navigation/table_proofs.h"
 #include "setup/base/setup_lists.h"
+#include "setup/edit/choice_table.h"
+#include "setup/edit/list_table.h"
+#include "setup/edit/value_table.h"
 #include "setup/view/setup_view_table.h"
 
 // What the setup view screens show: registers of the meter and the setup edit screens that change them.
@@ -150,6 +153,28 @@ static_assert(std::ranges::all_of(kSettingLinesRows,
                                                          [](const SettingRow& line) { return line.registerId == 0; });
                                   }),
               "a page is empty, or has a gap between its lines");
+
+/// True when a setting's screen changes its register.
+constexpr bool LeadsToItsEditScreen(const SettingRow& setting) {
+    const auto edits = [&setting](const auto& row) {
+        return row.screen == setting.editScreen && row.registerId == setting.registerId;
+    };
+    return setting.editScreen == kNoScreen || std::ranges::any_of(kChoiceRows, edits) ||
+           std::ranges::any_of(kValueRows, edits);
+}
+static_assert(std::ranges::all_of(kSettingLinesRows, [](const SettingLinesRow& row) {
+    return std::ranges::all_of(row.Lines(), LeadsToItsEditScreen);
+}));
+static_assert(std::ranges::all_of(kSettingGrid.rows, [](const SettingGrid::Row& row) {
+    return std::ranges::all_of(row.values, LeadsToItsEditScreen);
+}));
+static_assert(std::ranges::all_of(kLargeSettingsRows, [](const LargeSettingsRow& row) {
+    return LeadsToItsEditScreen({row.registers[0], row.editScreen});
+}));
+static_assert(std::ranges::all_of(kSetupListRows, [](const SetupListRow& row) {
+    return std::ranges::any_of(
+        kListRows, [&row](const ListRow& edit) { return edit.screen == row.editScreen && edit.list == row.list; });
+}));
 
 /// Every setup view screen has its content in one table, and nothing else has.
 consteval bool EveryViewHasOneContent() {

@@ -54,6 +54,10 @@ void setupView2ScrnClass::SoftKey1Action() {
 
 void setupView2ScrnClass::Relabel() {
     SVBC_setupViewBaseClass::Relabel();
+    ShowNames();
+}
+
+void setupView2ScrnClass::ShowNames() {
     for (std::size_t column = 0; column < kGridColumns; ++column) {
         ShowString(m_grid.header(1 + column), m_content.titles[column]);
     }
@@ -61,6 +65,7 @@ void setupView2ScrnClass::Relabel() {
 }
 
 void setupView2ScrnClass::refreshValues() {
+    ShowNames();  // what looks texts up notices another language
     for (std::size_t i = 0; i < kGridRows; ++i) {
         for (std::size_t column = 0; column < kGridColumns; ++column) {
             RegisterValue reading{};

@@ -23,6 +23,8 @@ protected:
 private:
     using ValueText = std::array<char16_t, 45>;
 
+    void ShowNames();
+
     const SettingGrid& m_content;
     threeParamVertList& m_grid;
     std::array<std::array<ValueText, kGridColumns>, kGridRows> m_values{};  // as they are shown

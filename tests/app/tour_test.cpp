@@ -19,8 +19,6 @@ protected:
         BuildApplication(Manager());
     }
 
-    std::int32_t Shown() const { return navigationHandlerClass::getInstance().getCurrentScreenId(); }
-
     /// Notes a screen that is on the panel now, to be walked from later.
     void Arrive() {
         const std::int32_t id = Shown();

@@ -65,9 +65,16 @@ void PanelBench::KeyDown(KeyCode key) { Send(MSG_KEY_DOWN, key); }
 
 void PanelBench::KeyUp(KeyCode key) { Send(MSG_KEY_UP, key); }
 
-void PanelBench::Press(KeyCode key) {
-    KeyDown(key);
-    KeyUp(key);
+void PanelBench::Press(KeyCode key, int times) {
+    for (int i = 0; i < times; ++i) {
+        KeyDown(key);
+        KeyUp(key);
+    }
+}
+
+std::vector<std::uint16_t> PanelBench::Frame() {
+    constexpr std::ptrdiff_t kPixels = std::ptrdiff_t{kPanelWidth} * kPanelHeight;
+    return {Screen().Row(0), Screen().Row(0) + kPixels};
 }
 
 ::testing::AssertionResult PanelBench::PanelShows(const std::string& golden) {

@@ -28,7 +28,11 @@ protected:
     /// A key of the panel is pressed, released, or both.
     void KeyDown(KeyCode key);
     void KeyUp(KeyCode key);
-    void Press(KeyCode key);
+    void Press(KeyCode key, int times = 1);
+
+    static std::int32_t Shown() { return Navigation().getCurrentScreenId(); }
+
+    std::vector<std::uint16_t> Frame();
 
     /// The panel equals the golden picture of that name.
     ::testing::AssertionResult PanelShows(const std::string& golden);

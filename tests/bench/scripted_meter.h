@@ -1,7 +1,10 @@
 #pragma once
 
+#include <algorithm>
+#include <array>
 #include <cstddef>
 #include <cstdint>
+#include <cstring>
 #include <functional>
 #include <map>
 #include <memory>
@@ -27,11 +30,24 @@ public:
     /// From now on every call of an operation is answered by these bytes, cut or filled with zeros to the asked length.
     template <typename Record>
     void Answer(std::string_view operation, const Record& record) {
-        const auto bytes = std::as_bytes(std::span(&record, 1));
+        const auto bytes = BytesOf(record);
         AnswerBytes(operation, Bytes(bytes.begin(), bytes.end()));
     }
     void AnswerBytes(std::string_view operation, Bytes bytes);
     void AnswerBy(std::string_view operation, Reply reply) { m_replies[std::string(operation)] = std::move(reply); }
+
+    /// From now on a function makes the reply of an operation, a record or several, from the words of its payload.
+    template <typename Maker>
+    void AnswerFrom(std::string_view operation, Maker maker) {
+        AnswerBy(operation, [maker](std::span<const std::byte> payload, std::span<std::byte> response) {
+            std::array<std::uint32_t, 3> words{};
+            std::memcpy(words.data(), payload.data(), std::min(payload.size(), sizeof words));
+            const auto records = maker(words);
+            const auto bytes = BytesOf(records);
+            std::copy_n(bytes.begin(), std::min(bytes.size(), response.size()), response.begin());
+            return true;
+        });
+    }
 
     /// From now on every call goes there instead, with the operation's name.
     using Callee = std::function<bool(std::string_view operation, std::span<const std::byte> payload,
@@ -62,6 +78,15 @@ public:
 
 private:
     ScriptedMeter();
+
+    template <typename Record>
+    static std::span<const std::byte> BytesOf(const Record& record) {
+        return std::as_bytes(std::span(&record, 1));
+    }
+    template <typename Record>
+    static std::span<const std::byte> BytesOf(const std::vector<Record>& records) {
+        return std::as_bytes(std::span(records));
+    }
 
     struct CallRecord {
         std::string operation;

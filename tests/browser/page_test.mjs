@@ -1,21 +1,21 @@
-// Looks at the panel page with a browser and works its keys: node page_test.mjs PANEL-EMULATOR CHROMIUM
+// Looks at the panel page with a browser and works its keys: node page_test.mjs BIN ROMFS CHROMIUM
 
 import assert from "node:assert/strict";
 import { after, before, test } from "node:test";
 
+import { Bench, eventually } from "./bench.mjs";
 import { launch } from "./browser.mjs";
-import { Emulator, eventually } from "./emulator.mjs";
 
-const [program, chromium] = process.argv.slice(2);
+const [bin, romfs, chromium] = process.argv.slice(2);
 
-const emulator = new Emulator(program);
+const bench = new Bench(bin, romfs);
 let browser;
 let page;
 
-/** A page of the emulator that has its connection. */
+/** A page of the board that has its connection. */
 async function open(options = {}) {
   const opened = await browser.newPage({ viewport: { width: 1200, height: 800 }, ...options });
-  await opened.goto(emulator.address);
+  await opened.goto(bench.address);
   await eventually(() => opened.locator("#frames").textContent().then((text) => text !== "–"), "a first state");
   return opened;
 }
@@ -24,7 +24,7 @@ async function open(options = {}) {
 async function openWithState(state) {
   const opened = await browser.newPage();
   await opened.routeWebSocket(/\/live$/, (socket) => socket.send(JSON.stringify(state)));
-  await opened.goto(emulator.address);
+  await opened.goto(bench.address);
   await eventually(() => opened.locator("#frames").textContent().then((text) => text !== "–"), "a first state");
   return opened;
 }
@@ -41,19 +41,18 @@ const kState = {
 
 before(async () => {
   browser = await launch(chromium);
-  await emulator.start();
+  await bench.startBoard();
   page = await open();
 });
 
 after(async () => {
   await browser?.close();
-  await emulator.stop();
-  emulator.remove();
+  await bench.stop();
 });
 
 test("shows every pixel of the frame", async () => {
   const value = (x, y) => (x * 205 + y * 7919) & 0xffff;
-  emulator.writeFrame(value);
+  bench.writeFrame(value);
   const expected = Array.from({ length: 320 * 240 }, (_, i) => value(i % 320, Math.floor(i / 320)));
   await eventually(
     () =>
@@ -95,10 +94,10 @@ test("has whole zooms, fits the window, and puts the keys under their columns", 
 test("holds a key as long as the pointer does, wherever it goes", async () => {
   await page.locator("[data-key=soft4]").hover();
   await page.mouse.down();
-  assert.deepEqual(await emulator.keys(1), ["4 down"]);
+  assert.deepEqual(await bench.keys(1), ["4 down"]);
   await page.mouse.move(5, 5);
   await page.mouse.up();
-  assert.deepEqual(await emulator.keys(1), ["4 up"]);
+  assert.deepEqual(await bench.keys(1), ["4 up"]);
 });
 
 test("takes 1 to 4 and H from the keyboard, and each once while it repeats", async () => {
@@ -106,7 +105,7 @@ test("takes 1 to 4 and H from the keyboard, and each once while it repeats", asy
     await page.keyboard.down(key);
     await page.keyboard.down(key);
     await page.keyboard.up(key);
-    assert.deepEqual(await emulator.keys(2), [`${code} down`, `${code} up`]);
+    assert.deepEqual(await bench.keys(2), [`${code} down`, `${code} up`]);
   }
 });
 
@@ -114,7 +113,7 @@ test("makes one of soft keys 2 and 3, from the keyboard and from two fingers", a
   await Promise.all([page.keyboard.down("2"), page.keyboard.down("3")]);
   await page.keyboard.up("2");
   await page.keyboard.up("3");
-  assert.deepEqual(await emulator.keys(2), ["6 down", "6 up"]);
+  assert.deepEqual(await bench.keys(2), ["6 down", "6 up"]);
 
   const touch = await open({ hasTouch: true });
   const devtools = await touch.context().newCDPSession(touch);
@@ -125,7 +124,7 @@ test("makes one of soft keys 2 and 3, from the keyboard and from two fingers", a
   }
   await devtools.send("Input.dispatchTouchEvent", { type: "touchStart", touchPoints: points });
   await devtools.send("Input.dispatchTouchEvent", { type: "touchEnd", touchPoints: [] });
-  assert.deepEqual(await emulator.keys(2), ["6 down", "6 up"]);
+  assert.deepEqual(await bench.keys(2), ["6 down", "6 up"]);
   await touch.close();
 });
 
@@ -134,19 +133,11 @@ test("can be worked with Tab and Space, and lets go when it loses the focus", as
   for (let i = 0; i < 5; ++i) await opened.keyboard.press("Tab");
   assert.equal(await opened.evaluate(() => document.activeElement.getAttribute("aria-label")), "Home");
   await opened.keyboard.down("Space");
-  assert.deepEqual(await emulator.keys(1), ["5 down"]);
+  assert.deepEqual(await bench.keys(1), ["5 down"]);
   await opened.evaluate(() => dispatchEvent(new Event("blur")));
-  assert.deepEqual(await emulator.keys(1), ["5 up"]);
+  assert.deepEqual(await bench.keys(1), ["5 up"]);
   await opened.keyboard.up("Space");
   await opened.close();
-});
-
-test("lets go of its keys when it is closed", async () => {
-  const other = await open();
-  await other.keyboard.down("1");
-  assert.deepEqual(await emulator.keys(1), ["1 down"]);
-  await other.close();
-  assert.deepEqual(await emulator.keys(1), ["1 up"]);
 });
 
 test("shows lamp, light and counters, and hides a meter that it cannot reach", async () => {
@@ -167,35 +158,11 @@ test("shows lamp, light and counters, and hides a meter that it cannot reach", a
   for (const opened of [calm, dim, off]) await opened.close();
 });
 
-test("puts what is chosen to the meter, and no digit typed there reaches the keys", async () => {
-  const meterState = { scenario: "sag", scenarios: ["normal", "sag"], language: 1, phaseLabels: 2, symbols: 0, altMode: 1 };
-  const opened = await openWithState({ ...kState, meter: true, meterState });
-  const lines = [];
-  await opened.route("**/meter", (route) => {
-    lines.push(route.request().postData());
-    return route.fulfill({ body: lines.length === 1 ? "ok\n" : "error no such thing\n" });
-  });
-  for (const [id, shown] of [["scenario", "sag"], ["language", "Deutsch"], ["phase-labels", "R, S, T"], ["symbols", "IEC"]])
-    assert.equal(await opened.locator(`#${id} option:checked`).textContent(), shown);
-  assert.equal(await opened.locator("#modes [aria-pressed=true]").textContent(), "Alternate");
-  await opened.locator("#language").selectOption("Русский");
-  await eventually(async () => (await opened.locator("#answer").textContent()) === "language 5: ok", "the answer");
-  await opened.locator("#register").fill("");
-  await opened.keyboard.type("124");
-  await opened.keyboard.press("Enter");
-  await eventually(() => opened.locator("#answer.refused").count(), "the refusal");
-  await opened.getByRole("button", { name: "Test", exact: true }).click();
-  await eventually(() => lines.length === 3, "three lines");
-  assert.deepEqual(lines, ["language 5", "get 124", "test-mode 1"]);
-  assert.equal(await opened.locator(".held").count(), 0);
-  await opened.close();
-});
-
 test("says that the board is gone, and comes back with it", async () => {
-  await emulator.stop();
+  await bench.endPrograms();
   await eventually(async () => (await page.locator("#offline").textContent()) !== "", "the loss to be shown");
-  await emulator.start();
+  await bench.startBoard();
   await eventually(async () => (await page.locator("#offline").textContent()) === "", "the connection");
   await page.keyboard.press("1");
-  assert.deepEqual(await emulator.keys(2), ["1 down", "1 up"]);
+  assert.deepEqual(await bench.keys(2), ["1 down", "1 up"]);
 });

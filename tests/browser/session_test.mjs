@@ -7,9 +7,8 @@ import os from "node:os";
 import path from "node:path";
 import { after, before, test } from "node:test";
 
-import { Bench } from "./bench.mjs";
+import { Bench, eventually } from "./bench.mjs";
 import { launch } from "./browser.mjs";
-import { eventually } from "./emulator.mjs";
 
 const [bin, romfs, chromium] = process.argv.slice(2);
 const folder = fs.mkdtempSync(path.join(os.tmpdir(), "recording-"));

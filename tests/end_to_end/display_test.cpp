@@ -1,14 +1,9 @@
 #include <gtest/gtest.h>
-#include <sys/socket.h>
-#include <sys/un.h>
-#include <unistd.h>
 
-#include <memory>
 #include <span>
 
-#include "simulator/panel/board.h"
 #include "tests/bench/typist.h"
-#include "tests/end_to_end/programs.h"
+#include "tools/soak/real_bench.h"
 
 namespace {
 
@@ -16,57 +11,17 @@ using std::chrono::seconds;
 
 constexpr const char* kConnected = "\n\tstartupscreen: mConnected == TRUE\n\t";
 
-/// Sends one control line to the meter simulator. @return its answer
-std::string Tell(const std::filesystem::path& control, const std::string& line) {
-    const int socket = ::socket(AF_UNIX, SOCK_STREAM, 0);
-    sockaddr_un address{};
-    address.sun_family = AF_UNIX;
-    control.string().copy(address.sun_path, sizeof address.sun_path - 1);
-    std::string answer;
-    if (::connect(socket, reinterpret_cast<sockaddr*>(&address), sizeof address) == 0) {
-        const std::string sent = line + "\n";
-        char letter = 0;
-        if (::send(socket, sent.data(), sent.size(), 0) == static_cast<ssize_t>(sent.size())) {
-            while (::recv(socket, &letter, 1, 0) == 1 && letter != '\n') answer += letter;
-        }
-    }
-    ::close(socket);
-    return answer;
-}
-
 /// The display's own process on a played board, beside the simulated meter.
-class Display : public ::testing::Test {
+class Display : public ::testing::Test, protected RealBench {
 protected:
     void SetUp() override {
-        if (!EnterOwnNetwork()) GTEST_SKIP() << "no network namespace can be made here";
-        std::string folder = (std::filesystem::temp_directory_path() / "end-to-end-XXXXXX").string();
-        ASSERT_NE(mkdtemp(folder.data()), nullptr);
-        m_folder = folder;
-        board = std::make_unique<panel::Board>(m_folder);
-        std::filesystem::create_directory_symlink(ROMFS_DIR, m_folder / "romfs");
+        if (!IsAlone()) GTEST_SKIP() << "no network namespace can be made here";
     }
     void TearDown() override {
         if (display) {
             EXPECT_TRUE(display->IsRunning()) << display->Console();
         }
-        display.reset();
-        meter.reset();
-        board.reset();
-        if (!m_folder.empty()) std::filesystem::remove_all(m_folder);
     }
-
-    void StartMeter(const std::vector<std::string>& more = {}) {
-        std::vector<std::string> arguments{"--control", Control()};
-        arguments.insert(arguments.end(), more.begin(), more.end());
-        meter = std::make_unique<Program>(METER_PROGRAM, arguments);
-        ASSERT_TRUE(Eventually([this] { return std::filesystem::exists(Control()); }));
-    }
-    void StartDisplay() {
-        display = std::make_unique<Program>(DISPLAY_PROGRAM, std::vector<std::string>{},
-                                            std::vector<std::string>{"BOARD_ROOT=" + m_folder.string()});
-    }
-    std::string Control() const { return (m_folder / "control").string(); }
-    std::string ToMeter(const std::string& line) const { return Tell(Control(), line); }
 
     /// Waits for the frame to become another one. @return whether it did
     bool FrameChanges(const std::function<void()>& cause) {
@@ -92,17 +47,10 @@ protected:
         return Eventually([this] { return board->State().lineHigh[1]; }) &&
                Eventually([this] { return display->Printed("Starting Display Server"); });
     }
-
-    std::unique_ptr<panel::Board> board;
-    std::unique_ptr<Program> meter;
-    std::unique_ptr<Program> display;
-
-private:
-    std::filesystem::path m_folder;
 };
 
 TEST_F(Display, ShowsTheSplashForTwoSecondsAndThenLiveValues) {
-    StartMeter();
+    ASSERT_TRUE(StartMeter());
     const auto start = std::chrono::steady_clock::now();
     StartDisplay();
     ASSERT_TRUE(Eventually([this] { return board->State().frames > 0; }));
@@ -117,7 +65,7 @@ TEST_F(Display, ShowsTheSplashForTwoSecondsAndThenLiveValues) {
 }
 
 TEST_F(Display, FollowsKeysAndTheMetersCommands) {
-    StartMeter();
+    ASSERT_TRUE(StartMeter());
     StartDisplay();
     ASSERT_TRUE(IsHandedOver());
     EXPECT_TRUE(FrameChanges([this] { EXPECT_EQ(ToMeter("alt-mode 1").substr(0, 2), "ok"); }));
@@ -133,7 +81,7 @@ TEST_F(Display, FollowsKeysAndTheMetersCommands) {
 
 /// From the start screen through menu and password to another language, by nothing but the panel's keys.
 TEST_F(Display, ChangesTheLanguageByKeys) {
-    StartMeter();
+    ASSERT_TRUE(StartMeter());
     StartDisplay();
     ASSERT_TRUE(IsHandedOver());
     const auto press = [this](std::initializer_list<panel::Key> keys) {
@@ -166,7 +114,7 @@ TEST_F(Display, ChangesTheLanguageByKeys) {
 
 /// A password that was typed is in the display's memory until the meter has answered, and nowhere afterwards.
 TEST_F(Display, ForgetsAPassword) {
-    StartMeter();
+    ASSERT_TRUE(StartMeter());
     StartDisplay();
     ASSERT_TRUE(IsHandedOver());
     const std::string word = FreshWord(14);
@@ -194,52 +142,14 @@ TEST_F(Display, ForgetsAPassword) {
 TEST_F(Display, FindsAMeterThatComesLateAndOneThatComesBack) {
     StartDisplay();
     ASSERT_TRUE(Eventually([this] { return display->Printed("\nmessage:connectToServer\n)"); }));
-    StartMeter();
+    ASSERT_TRUE(StartMeter());
     ASSERT_TRUE(IsHandedOver());
     meter.reset();
-    std::filesystem::remove(Control());
-    StartMeter();
+    ASSERT_TRUE(StartMeter());
     EXPECT_TRUE(
         Eventually([this] { return ToMeter("state").find("\"connections\":0") == std::string::npos; }, seconds(40)));
     EXPECT_TRUE(FrameChanges([] {}));
     EXPECT_TRUE(display->IsRunning());
-}
-
-TEST_F(Display, SurvivesEveryFaultOfTheLink) {
-    StartMeter();
-    StartDisplay();
-    ASSERT_TRUE(IsHandedOver());
-    for (const char* fault : {"slow", "half", "garbage", "reset", "silent"}) {
-        EXPECT_EQ(ToMeter(std::string("fault ") + fault).substr(0, 2), "ok");
-        std::this_thread::sleep_for(seconds(2));
-        EXPECT_TRUE(display->IsRunning()) << fault;
-        EXPECT_EQ(ToMeter("fault none").substr(0, 2), "ok");
-    }
-    EXPECT_TRUE(Eventually([this] { return board->State().frames > 0; }));
-    const auto before = board->State().frames;
-    EXPECT_TRUE(Eventually([&] { return board->State().frames > before + 1; }, seconds(40)));
-}
-
-TEST_F(Display, ComesUpWithoutAnyOfItsFilesAndDevices) {
-    StartMeter();
-    display = std::make_unique<Program>(DISPLAY_PROGRAM, std::vector<std::string>{},
-                                        std::vector<std::string>{"BOARD_ROOT=/nonexistent"});
-    EXPECT_TRUE(Eventually([this] { return display->Printed("Starting Display Server"); }));
-    EXPECT_TRUE(display->Printed("[integratedDisplayRtp:main] VEKHWIF_init failed!\n"));
-    EXPECT_TRUE(display->Printed("Failed to open file /romfs/resources.pbr\n"));
-    EXPECT_EQ(ToMeter("hardware-id").substr(0, 2), "ok");
-    EXPECT_TRUE(display->IsRunning());
-}
-
-TEST_F(Display, IsFoundAgainByItsBoardAfterARestart) {
-    StartMeter();
-    for (int life = 0; life < 2; ++life) {
-        const auto before = board->State().frames;
-        StartDisplay();
-        ASSERT_TRUE(Eventually([&] { return board->State().frames > before; }));
-        ASSERT_TRUE(Eventually([this] { return display->Printed("Starting Display Server"); }));
-        display.reset();
-    }
 }
 
 }  // namespace

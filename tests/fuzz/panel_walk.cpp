@@ -5,6 +5,7 @@
 #include "app/application.h"
 #include "app/one_second_task.h"
 #include "navigation/password_handler.h"
+#include "tests/app/hardware_double.h"
 #include "tests/navigation/keyboard_keys.h"
 
 namespace {
@@ -44,4 +45,5 @@ void PanelWalk::Type(std::uint16_t key) {
 void PanelWalk::Leave() {
     PHC_passwordHandlerClass::getInstance().logout();
     Show(kNeutral);
+    Hardware().brightness.clear();
 }

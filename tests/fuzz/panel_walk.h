@@ -27,7 +27,7 @@ public:
     void DrawPixels(bool are) { Screen().blind = !are; }
     void Enter(std::int32_t screen);
     void Do(Act act);
-    /// Logs out and goes back to a screen that asks for little.
+    /// Logs out and goes back to a screen that asks for little. What was noted of the devices is forgotten.
     void Leave();
 
     using PanelBench::meter;

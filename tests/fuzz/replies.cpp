@@ -1,4 +1,5 @@
 #include <algorithm>
+#include <numeric>
 
 #include "tests/fuzz/panel_walk.h"
 #include "tests/fuzz/target.h"
@@ -8,8 +9,8 @@ namespace {
 using Bytes = std::span<const std::uint8_t>;
 
 constexpr std::size_t kHead = 3;
-constexpr unsigned kMostActs = 15;
-constexpr unsigned kWithPixels = 15;  // most of the time goes into them, and they depend on replies the least
+constexpr std::size_t kMostActs = 15;
+constexpr unsigned kPixelsOnceIn = 16;  // inputs: most of the time goes into them, and they depend on replies the least
 
 /// What the meter has yet to answer: to each call the next bytes, and zeros once they are used up.
 struct Answers {
@@ -26,6 +27,9 @@ struct Answers {
     }
 };
 
+/// Whether an input has its pixels drawn, as it falls out: a byte of its own would be what the fuzzer likes to set.
+bool HasPixels(Bytes input) { return std::accumulate(input.begin(), input.end(), 0U) % kPixelsOnceIn == 0; }
+
 PanelWalk* walk = nullptr;
 Answers answers;
 
@@ -39,12 +43,11 @@ void Prepare() {
     PanelWalk::meter().TakeEveryCall([](auto, auto, std::span<std::byte> response) { return answers.Give(response); });
 }
 
-/// First byte: a screen; then which call breaks off; then whether pixels are drawn, in the upper four bits, and how many
-/// acts follow; then these; then the replies.
+/// First byte: a screen; then which call breaks off, and how many acts follow; then these; then the replies.
 void Take(Bytes input) {
     if (input.size() < kHead) return;
-    const std::size_t acts = std::min<std::size_t>(input[2] % (kMostActs + 1), input.size() - kHead);
-    walk->DrawPixels(input[2] / (kMostActs + 1) == kWithPixels);
+    const std::size_t acts = std::min(input[2] % (kMostActs + 1), input.size() - kHead);
+    walk->DrawPixels(HasPixels(input));
     PanelWalk::meter().ForgetCalls();
     answers = {input.subspan(kHead + acts), input[1]};
     walk->Enter(input[0] % (kLastCommandedScreen + 1));

@@ -38,7 +38,7 @@ private:
     public:
         Canvas() : PegThing(RectOf(0, 0, 319, 239)) {}
         void Paint() {
-            toolkit.screen->BeginDraw(*this, Real(), -1);
+            toolkit.screen->BeginDraw(*this, Real());
             for (std::uint32_t number = 0; number < PegResources::BitmapTableSize(); ++number) {
                 if (const PegBitmap* bitmap = PegResources::GetBitmap(number)) {
                     toolkit.screen->DrawBitmap(PointOf(-1, -1), bitmap);

@@ -4,6 +4,7 @@
 #include <unistd.h>
 
 #include "localization/display_config.h"
+#include "localization/localization_file.h"
 #include "peg/resources/resources.h"
 #include "tests/bench/file_builder.h"
 #include "tests/bench/toolkit_bench.h"
@@ -76,6 +77,19 @@ TEST_F(Localization, TranslatesByTextAndFindsTheLowerOfTwoNumbers) {
     out.fill(u'x');
     EXPECT_EQ(Texts().translateInto("Voltage L1", out, 1), 1U);
     EXPECT_EQ(Text(out.data()), u"Span") << "cut to the room, and terminated";
+}
+
+TEST_F(Localization, FindsAsManyTextsAsItsTableHoldsAndShowsTheOthersAsTheyAre) {
+    constexpr unsigned kTexts = 8200;
+    std::vector<std::u16string> english;
+    for (unsigned i = 0; i < kTexts; ++i) english.push_back({u't', static_cast<char16_t>(0x100 + i)});
+    const std::vector<Text> base(english.begin(), english.end());
+    FileBuilder file;
+    file.StringTable(2, kTexts).Language(base).Language(std::vector<Text>(kTexts, u"d"));
+    Use(file);
+    EXPECT_EQ(Text(Texts().translate(english[8190].c_str(), 1)), u"d");
+    EXPECT_EQ(Text(Texts().translate(english[8191].c_str(), 1)), english[8191]);
+    EXPECT_EQ((SubstitutionTable{2, 1, {3, 4}}.Replace(3, 2)), 3U) << "no such set";
 }
 
 TEST_F(Localization, SubstitutesLabelsAndThenSymbols) {

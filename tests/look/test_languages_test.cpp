@@ -5,8 +5,8 @@
 #include "localization/display_config.h"
 #include "navigation/entry/keyboard_layout.h"
 #include "tests/bench/meter_texts.h"
-#include "tests/look/panel_tour.h"
 #include "tools/formats/utf.h"
+#include "tools/panel_tour/panel_tour.h"
 
 namespace {
 
@@ -48,21 +48,13 @@ TEST_F(TestLanguages, LeaveNoWordInTheCode) {
     VisitEveryScreen();
     EmptyEveryReply();
     m_faults.clear();  // the meter has words of its own
-    VisitEveryScreen();
-    PressEveryKey();
-    OpenEveryMenu();
-    OpenEveryDialog();
-    ChangeEverySetting();
+    VisitEverything();
     for (const std::string& fault : m_faults) ADD_FAILURE() << fault;
 }
 
 TEST_F(TestLanguages, KeepLongTextsApart) {
     DISPCFG_setLanguage(kLong);
-    VisitEveryScreen();
-    PressEveryKey();
-    OpenEveryMenu();
-    OpenEveryDialog();
-    ChangeEverySetting();
+    VisitEverything();
     for (const std::string& fault : m_faults) ADD_FAILURE() << fault;
 }
 

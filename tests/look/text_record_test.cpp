@@ -1,4 +1,4 @@
-#include "tests/bench/text_record.h"
+#include "tools/panel_tour/text_record.h"
 
 #include "peg/core/window.h"
 #include "peg/widgets/prompt.h"

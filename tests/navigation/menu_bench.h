@@ -3,11 +3,11 @@
 #include <map>
 
 #include "navigation/menu/menu_screen.h"
-#include "tests/bench/panel_bench.h"
+#include "tests/navigation/keyboard_bench.h"
 #include "tests/peg/recorder.h"
 
 /// The three menus, and plain windows in the place of every screen that they lead to.
-class MenuBench : public PanelBench {
+class MenuBench : public KeyboardBench {
 protected:
     MenuBench() {
         for (const MenuTree& tree : kMenuTrees) {
@@ -21,10 +21,6 @@ protected:
         Navigation().setDisplayMode(menuId - 1);
         Show(menuId);
     }
-    void Press(KeyCode key, int times = 1) {
-        for (int i = 0; i < times; ++i) PanelBench::Press(key);
-    }
-    static std::int32_t Shown() { return Navigation().getCurrentScreenId(); }
 
     std::map<std::int32_t, Recorder*> targets;
 

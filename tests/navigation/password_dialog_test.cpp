@@ -1,13 +1,11 @@
 #include "localization/display_config.h"
 #include "navigation/password_handler.h"
-#include "tests/navigation/keyboard_keys.h"
 #include "tests/navigation/menu_bench.h"
 
 namespace {
 
 constexpr std::int32_t kNormal = 1;
 constexpr std::int32_t kTest = 3;
-constexpr std::string_view kVerify = "SECURITYINTERFACE_verifyFrontPanelPassword";
 
 /// The way from the normal menu into test mode, whose item is the third.
 class PasswordDialogTest : public MenuBench {
@@ -19,21 +17,6 @@ protected:
         Press(KEY_SOFT_3, 2);
     }
     static void Lock(std::uint32_t status) { meter().Answer("SECURITYINTERFACE_getHwLockStatus", status); }
-    static void Verdict(std::uint32_t result) { meter().Answer(kVerify, result); }
-    void PressKey(std::uint16_t code) {
-        FocusKey(code);
-        Press(KEY_SOFT_4);
-    }
-    void Enter(std::string_view text) {
-        for (const char character : text) PressKey(static_cast<std::uint16_t>(character));
-        PressKey(kKeyEnter);
-    }
-    static bool IsKeyboardShown() { return keyboardWin::getInstance().IsVisible(); }
-    static std::string Asked() {
-        std::string text;
-        for (const std::byte byte : meter().LastPayload(kVerify)) text += static_cast<char>(byte);
-        return text;
-    }
     bool IsMenuAsBefore() { return static_cast<bool>(PanelShows("dialogs/menu_without_dialog")); }
 };
 
@@ -169,8 +152,7 @@ TEST_F(PasswordDialogTest, IsLeftByEscapeAndTheHomeKeyFromBothEntries) {
 TEST_F(PasswordDialogTest, ClosesByTimeByAResetAndWhenTheMeterLeadsAway) {
     Press(KEY_SOFT_4);
     Ticks(190);
-    PanelBench::KeyDown(KEY_SOFT_3);
-    PanelBench::KeyUp(KEY_SOFT_3);
+    Press(KEY_SOFT_3);
     Ticks(190);
     EXPECT_TRUE(IsKeyboardShown()) << "a key starts the time again";
     Ticks(30);

@@ -43,7 +43,7 @@ TEST_F(Drawing, HappensOnlyInsideAPassAndFlushesWhenTheOutermostEnds) {
 }
 
 TEST_F(Drawing, SurvivesMorePassesThanTheStackHolds) {
-    for (int i = 0; i < 25; ++i) toolkit.screen->BeginDraw(canvas, canvas.Real(), -1);
+    for (int i = 0; i < 25; ++i) toolkit.screen->BeginDraw(canvas, canvas.Real());
     toolkit.screen->Fill(canvas.Real(), kRed);
     EXPECT_EQ(Pixel(0, 0), kBlack) << "too deep: nothing is drawn";
     for (int i = 0; i < 25; ++i) toolkit.screen->EndDraw();
@@ -224,15 +224,21 @@ TEST_F(Bitmaps, OfRunsAreTheSamePictures) {
     runs[0] = 7;
     EXPECT_FALSE(HoldsItsRows(bitmap, 20)) << "a run that leaves its row";
 
-    alignas(2) std::array<std::uint8_t, 10> narrow{1, kRedIndex, 1, kGreenIndex, 0, kRedIndex, 1, 9, 0x80, kGreenIndex};
-    std::array<std::uint16_t, 15> blended{1,   kRed, 255,    1, kGreen, 255,    0,  kRed,
-                                          255, 1,    kGreen, 0, 0x8000, kGreen, 255};
-    constexpr unsigned kRuns = PegBitmap::kRunLength | PegBitmap::kTransparent;
-    for (const PegBitmap& other : {PegBitmap{kRuns, 8, 4, 2, 9, reinterpret_cast<std::uint16_t*>(narrow.data())},
-                                   PegBitmap{kRuns | PegBitmap::kAlpha, 32, 4, 2, 0, blended.data()}}) {
-        EXPECT_EQ(Paint(other), whole);
-        EXPECT_EQ(Paint(other, lowerRight), cut);
-    }
+    std::array<std::uint16_t, 6> words{};
+    auto* bytes = reinterpret_cast<std::uint8_t*>(words.data());
+    const std::array<std::uint8_t, 10> indexed{1, 7 << 5, 1, 7 << 2, 0, 7 << 5, 1, 9, 0x80, 7 << 2};
+    std::copy(indexed.begin(), indexed.end(), bytes);
+    const PegBitmap narrow{PegBitmap::kRunLength | PegBitmap::kTransparent, 8, 4, 2, 9, words.data()};
+    EXPECT_TRUE(HoldsItsRows(narrow, indexed.size()));
+    EXPECT_EQ(Paint(narrow), whole);
+    EXPECT_EQ(Paint(narrow, lowerRight), cut);
+
+    std::array<std::uint16_t, 15> runsOfAlpha{1,   kRed, 255,    1, kGreen, 255,    0,  kRed,
+                                              255, 1,    kGreen, 0, 0x8000, kGreen, 255};
+    constexpr unsigned kFlags = PegBitmap::kRunLength | PegBitmap::kAlpha | PegBitmap::kTransparent;
+    const PegBitmap blended{kFlags, 32, 4, 2, 0, runsOfAlpha.data()};
+    EXPECT_EQ(Paint(blended), whole);
+    EXPECT_EQ(Paint(blended, lowerRight), cut);
 }
 
 TEST_F(Bitmaps, WithAlphaAreBlendedInEitherPacking) {

@@ -106,6 +106,8 @@ TEST_F(Timers, ThatFireOnceDoSoLaterWhenTheQueueIsFull) {
 
 TEST_F(Timers, AreKilledOneByOneOrWithAllInside) {
     auto& control = AddNew<Recorder>(window, RectOf(0, 0, 9, 9));
+    auto& other = AddNew<Recorder>(Manager());
+    SetTimer(other, 1, 1, 1);
     SetTimer(window, 1, 1, 1);
     SetTimer(window, 2, 1, 1);
     SetTimer(control, 7, 1, 1);
@@ -118,6 +120,13 @@ TEST_F(Timers, AreKilledOneByOneOrWithAllInside) {
     Ticks(3);
     EXPECT_EQ(Fired(1), 1);
     EXPECT_EQ(control.Count(MSG_TIMER), 1);
+    EXPECT_EQ(other.Count(MSG_TIMER), 4);
+}
+
+TEST_F(Timers, RunInAnyNumber) {
+    for (std::uint16_t id = 1; id <= 40; ++id) SetTimer(window, id, 1, 0);
+    Ticks(1);
+    for (std::int16_t id = 1; id <= 40; ++id) EXPECT_EQ(Fired(id), 1) << id;
 }
 
 TEST_F(Timers, WithACountBelowOneNeverFire) {

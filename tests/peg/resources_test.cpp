@@ -179,6 +179,30 @@ TEST_F(Resources, RefuseRecordsThatLie) {
     }
 }
 
+TEST_F(Resources, AreWhatCompressedDataExpandToWhenTheyClaimAsMuch) {
+    const Bytes stored = Deflate({1, 2, 3, 4});
+    for (const bool bigEndian : {false, true}) {
+        for (const unsigned claimed : {4U, 3U, 8U}) {
+            FileBuilder file(bigEndian);
+            file.U16(0xBEEF).U16(0x0201).U16(2).U32(0).U16(0x1234);
+            file.U16(0xBEEF).U16(6).U16(0);
+            file.U16(0xBEEF).U16(3).U16(0).U16(2).U32(243).U32(1);
+            for (int i = 0; i < 2; ++i) {
+                file.U16(0xBEEF).U32(static_cast<std::uint32_t>(stored.size())).U32(claimed);
+                file.U8(0).U8(8).U16(claimed).U16(1).U32(0).U32(0).Bytes(stored);
+            }
+            file.U16(0xBEEF).U16(6).U16(0).U16(0xBEEF).U16(5).U16(1).U32(150).U32(0x1234);
+            PegResources::Reset();
+            ASSERT_EQ(Load(file), claimed == 4 ? 1 : 0) << claimed;
+            if (claimed != 4) continue;
+            PegResources::InstallResourceSet(*PegResources::GetResourceSet(0), true);
+            EXPECT_EQ(PegResources::GetResourceSet(0)->bitmaps.size(), 1U) << "the second took the first one's place";
+            EXPECT_EQ(PegResources::GetBitmap(243)->Bytes()[0], 1) << "bytes have no order";
+            EXPECT_EQ(PegResources::GetResourceSet(1)->colors.size(), 1U);
+        }
+    }
+}
+
 TEST_F(Resources, BelieveRunsOfEachDepthOnlyAsFarAsTheirDataGo) {
     // Two rows of three pixels: one repeated, then three by themselves.
     alignas(2) std::array<std::uint8_t, 6> narrow{2, 7, 0x82, 1, 2, 3};

@@ -57,6 +57,44 @@ TEST_F(Things, AreVisibleWhileTheirParentIsAndClippedToIt) {
     delete &window;
 }
 
+TEST_F(Things, MoveBetweenParentsAndOnlyTheRightOneMayTakeThem) {
+    auto& window = AddNew<Recorder>(Manager(), RectOf(0, 0, 99, 99));
+    auto& other = AddNew<Recorder>(Manager(), RectOf(100, 0, 199, 99));
+    auto& child = AddNew<Recorder>(window, RectOf(0, 0, 9, 9), std::uint16_t{1});
+    other.MoveToFront(child);
+    EXPECT_EQ(child.Parent(), &window) << "no child of it";
+    other.AddChildAtEnd(child);
+    EXPECT_EQ(child.Parent(), &other);
+    window.AddChild(child);
+    EXPECT_EQ(child.Parent(), &window);
+
+    struct Case {
+        std::uint16_t type;
+        bool hasSource;
+        bool isForIt;
+        PegThing* parentAfter;
+    };
+    for (const Case& one : {Case{MSG_ADD, false, true, &window},
+                            {MSG_ADD, true, false, &window},
+                            {MSG_ADD, true, true, &other},
+                            {MSG_REMOVE, false, true, &other},
+                            {MSG_REMOVE, true, false, &other},
+                            {MSG_REMOVE, true, true, nullptr},
+                            {MSG_DESTROY, false, true, nullptr}}) {
+        PegMessage message = MessageOf(one.type);
+        message.source = one.hasSource ? &child : nullptr;
+        message.target = one.isForIt ? &other : &window;
+        other.Message(message);
+        EXPECT_EQ(child.Parent(), one.parentAfter) << one.type;
+    }
+    EXPECT_EQ(other.RemoveChild(child), nullptr) << "it stands nowhere";
+    other.AddChildAtEnd(child, false);
+    EXPECT_FALSE(child.IsVisible());
+    other.SetCanvas(5, true);
+    EXPECT_EQ(child.Canvas(), 5);
+    window.Destroy(other);
+}
+
 TEST_F(Things, AddedWithoutDrawingAreNotShownUntilTheyAreRemovedAndAddedAgain) {
     auto& window = AddNew<Recorder>(Manager());
     auto* child = new Recorder(RectOf(0, 0, 9, 9));
@@ -121,8 +159,18 @@ TEST_F(Things, SignalOnlyWithAnIdAnEnabledSignalAndAVisibleParent) {
     EXPECT_EQ(window.received.back().source, &control);
     EXPECT_EQ(window.received.back().param, 3);
 
+    EXPECT_TRUE(control.Signal(kSignalSelected));
+    delete &control;
+    Pump();
+    EXPECT_EQ(window.Count(SIGNAL_TYPE(3, kSignalSelected)), 1) << "what the dead had to say is not heard";
+    auto& hidden = AddNew<PegThing>(window, std::uint16_t{3});
+    hidden.EnableSignal(kSignalSelected);
     Manager().RemoveChild(window);
-    EXPECT_FALSE(control.Signal(kSignalSelected));
+    EXPECT_FALSE(hidden.Signal(kSignalSelected));
+    window.RemoveChild(hidden);
+    EXPECT_FALSE(hidden.Signal(kSignalSelected));
+    EXPECT_EQ(hidden.Message(MessageOf(kUser)), 0);
+    window.Destroy(hidden);
     delete &window;
 }
 
@@ -194,6 +242,48 @@ TEST_F(Focus, MovesByArrowsToTheNearestInLineAndElseToTheNearestAtAll) {
     EXPECT_EQ(Manager().Focus(), &above);
 }
 
+TEST_F(Focus, MovesByArrowsIntoTheGroupBesideItsOwn) {
+    Recorder& left = AddControl(0, 0, 1);
+    left.Resize(RectOf(0, 0, 59, 99));
+    Recorder& right = AddControl(100, 0, 2);
+    right.Resize(RectOf(100, 0, 159, 99));
+    const auto add = [](Recorder& group, int x, int y) -> PegThing& {
+        return AddNew<PegThing>(group, RectOf(x, y, x + 9, y + 9));
+    };
+    PegThing& upperLeft = add(left, 10, 10);
+    PegThing& lowerLeft = add(left, 20, 60);
+    PegThing& upperRight = add(right, 110, 12);
+    PegThing& lowerRight = add(right, 110, 62);
+    struct Step {
+        int key;
+        PegThing& to;
+    };
+    Manager().SetFocus(upperLeft);
+    for (const Step& step : {Step{kKeyRight, lowerLeft},
+                             {kKeyRight, lowerRight},
+                             {kKeyRight, lowerRight},
+                             {kKeyUp, upperRight},
+                             {kKeyLeft, upperLeft},
+                             {kKeyDown, lowerLeft}}) {
+        Manager().Focus()->HandleKey(MessageOf(MSG_KEY_DOWN, static_cast<std::int16_t>(step.key)));
+        EXPECT_EQ(Manager().Focus(), &step.to) << step.key;
+    }
+    upperRight.ClearStatusBits(STAT_ACCEPTS_FOCUS);
+    lowerRight.ClearStatusBits(STAT_ACCEPTS_FOCUS);
+    PegMessage withShift = MessageOf(MSG_KEY_DOWN, kKeyRight);
+    withShift.data[0] = 1;
+    lowerLeft.HandleKey(withShift);
+    EXPECT_EQ(Manager().Focus(), &lowerLeft);
+    lowerLeft.HandleKey(MessageOf(MSG_KEY_DOWN, kKeyRight));
+    EXPECT_EQ(Manager().Focus(), &right) << "the group itself, when nothing in it takes the focus";
+
+    Recorder alone;
+    auto& inside = AddNew<PegThing>(alone, RectOf(0, 0, 9, 9));
+    EXPECT_FALSE(inside.MoveFocusByArrow(kKeyUp));
+    EXPECT_FALSE(alone.MoveFocusByArrow(kKeyUp));
+    EXPECT_EQ(alone.HandleKey(MessageOf(MSG_KEY_DOWN, kKeyEnter)), 0);
+}
+
 TEST_F(Focus, MarksThePathAndTellsOldAndNewOwner) {
     Recorder& first = AddControl(0, 0, 1);
     Recorder& second = AddControl(40, 0, 2);
@@ -228,6 +318,35 @@ TEST_F(Focus, GoesByDefaultToTheChildThatHadItLast) {
     second.SetStatusBits(STAT_KEEP_FOCUS_CHILD);
     window.SetDefaultFocus();
     EXPECT_EQ(Manager().Focus(), &second) << "taken at once, wherever it stands";
+}
+
+TEST_F(Focus, GoesByDefaultIntoTheDeepestThingThatTakesItWhenNoneHadIt) {
+    Recorder& deaf = AddControl(0, 0, 1);
+    deaf.ClearStatusBits(STAT_ACCEPTS_FOCUS);
+    Recorder& outer = AddControl(40, 0, 2);
+    auto& inner = AddNew<PegThing>(outer, RectOf(42, 2, 50, 10));
+    auto& frame = AddNew<PegThing>(window, RectOf(0, 40, 9, 49));
+    frame.SetStatusBits(STAT_NO_CLIENT_CLIP);
+    window.SetDefaultFocus();
+    EXPECT_EQ(Manager().Focus(), &inner);
+    window.SetDefaultFocus();
+    EXPECT_EQ(Manager().Focus(), &inner);
+    Manager().SetFocus(frame);
+    EXPECT_FALSE(frame.HasStatus(STAT_FOCUS_CHILD)) << "never the preferred one";
+    outer.SetStatusBits(STAT_KEEP_FOCUS_CHILD);
+    window.SetDefaultFocus();
+    EXPECT_EQ(Manager().Focus(), &outer) << "and not what is in it";
+    Recorder empty;
+    empty.SetDefaultFocus();
+    EXPECT_EQ(Manager().Focus(), &outer);
+}
+
+TEST_F(Focus, IsForgottenOfAThingThatDiesHidden) {
+    Recorder& control = AddControl(0, 0, 1);
+    Manager().SetFocus(control);
+    control.Message(MessageOf(MSG_HIDE));
+    delete &control;
+    EXPECT_EQ(Manager().Focus(), nullptr);
 }
 
 TEST_F(Focus, IsRefusedToThingsThatAreHiddenOrDoNotAcceptIt) {

@@ -1,4 +1,6 @@
+#include "peg/core/screen.h"
 #include "peg/core/text_thing.h"
+#include "peg/core/timer_list.h"
 #include "peg/resources/builtin_fonts.h"
 #include "peg/resources/resources.h"
 #include "peg/widgets/bitmap_button.h"
@@ -44,6 +46,7 @@ TEST_F(Widgets, HaveFramesPixelByPixel) {
         framed.Draw(framed.Real());
         return Picture(framed.Real(), shades);
     };
+    EXPECT_EQ(PegWindow(RectOf(0, 0, 99, 99), 0, kStyleBorderThick).ClientRect(), RectOf(5, 5, 94, 94));
     EXPECT_EQ(drawn(kStyleBorderThin), (Rows{
                                            "?########?",
                                            "##......##",
@@ -121,8 +124,8 @@ TEST_F(Widgets, KeepACopyOfTheirTextWhenAskedTo) {
     PegPrompt copy(RectOf(0, 0, 9, 9), text, 0, kStyleCopyText);
     PegPrompt pointer(RectOf(0, 0, 9, 9), text, 0, 0);
     text[0] = u'7';
-    EXPECT_EQ(copy.NumberInRange(0, 99), 42);
-    EXPECT_EQ(pointer.NumberInRange(0, 50), 50);
+    EXPECT_EQ(std::u16string_view(copy.Text()), u"42");
+    EXPECT_EQ(std::u16string_view(pointer.Text()), u"72");
     copy.SetText(u"");
     EXPECT_EQ(copy.Text(), nullptr);
 }
@@ -141,6 +144,67 @@ TEST_F(Widgets, OfManyWordsBreakBetweenThem) {
         const auto above = Extent(RectOf(10, 10, 109, 34), 0x0000);
         EXPECT_NE(above.first, -1);
         EXPECT_EQ(above, Extent(RectOf(10, 35, 109, 59), 0x0000)) << "what it breaks at is on neither line";
+    }
+}
+
+TEST_F(Widgets, ShowABitmapBehindTheirChildrenOnceOrAllOver) {
+    constexpr std::uint16_t kInk = 0x1234;
+    constexpr std::uint16_t kGround = 0xFFFF;
+    const auto tile = PegScreen::CreateBitmap(4, 4, PegBitmap::kTransparent);
+    tile->pixels[0] = kInk;
+    struct Case {
+        std::uint16_t flags;
+        PegBitmapMode mode;
+        std::uint16_t corner;
+        std::uint16_t besideIt;
+    };
+    for (const Case& one : {Case{PegBitmap::kTransparent, PegBitmapMode::Tiled, kInk, kGround},
+                            {0, PegBitmapMode::Tiled, kInk, kTransparentPixel},
+                            {0, PegBitmapMode::Centred, kGround, kGround}}) {
+        tile->bitmap.flags = one.flags;
+        window.SetBackground(&tile->bitmap, one.mode);
+        Pump();
+        EXPECT_EQ(Pixel(316, 236), one.corner);
+        EXPECT_EQ(Pixel(317, 236), one.besideIt);
+        EXPECT_EQ(Pixel(160 - 2, 120 - 2) == kInk, one.mode == PegBitmapMode::Centred);
+    }
+    window.SetBackground(nullptr);
+}
+
+TEST_F(Widgets, AsWindowsRunATimerOfTheirOwnAndCloseByAKey) {
+    constexpr std::uint16_t kOwnTimer = 1001;
+    static int runs = 0;
+    SetTimer(window, kOwnTimer, 1, 1);
+    window.SetTimerHandler([](PegWindow&) { ++runs; });
+    Ticks(3);
+    window.SetTimerHandler(nullptr);
+    Ticks(3);
+    EXPECT_EQ(runs, 3);
+    EXPECT_EQ(window.Count(MSG_TIMER), 4) << "the one after the last is its last";
+    PegMessage key = MessageOf(MSG_KEY_DOWN, kKeyCloseWindow);
+    window.Message(key);
+    Pump();
+    EXPECT_EQ(Manager().FirstChild(), &window) << "not without its modifier";
+    key.data[0] = 4;
+    window.Message(key);
+    Pump();
+    EXPECT_EQ(Manager().FirstChild(), nullptr);
+}
+
+TEST_F(Widgets, ReadTheirTextAsANumberWithinARange) {
+    struct Case {
+        const char16_t* text;
+        std::int32_t number;
+    };
+    for (const Case& one : {Case{nullptr, -5},
+                            {u"12", 12},
+                            {u"-3", -3},
+                            {u"-12", -5},
+                            {u"99999999999", 50},
+                            {u"x", 0},
+                            {u"7:", 7},
+                            {u"4 kW", 4}}) {
+        EXPECT_EQ(PegPrompt(RectOf(0, 0, 9, 9), one.text).NumberInRange(-5, 50), one.number) << one.number;
     }
 }
 
@@ -203,6 +267,31 @@ TEST_F(Lists, SelectTheItemThatTellsItWasChosenAndForgetARemovedOne) {
     EXPECT_FALSE(item->HasStyle(kStyleHighlighted));
     list.InsertBehind(*item, list.ItemAt(0));
     EXPECT_EQ(list.IndexOf(*item), 1);
+}
+
+TEST_F(Lists, StandSideBySideAsWell) {
+    auto& row = AddNew<PegHorzList>(window, RectOf(10, 100, 49, 119), std::uint16_t{8}, kStyleBorderNone);
+    for (std::uint16_t id = 1; id <= 3; ++id) {
+        row.AddChildAtEnd(*new PegBitmapPrompt(RectOf(0, 0, 14, 9), u"x", id, kStyleActive | kStyleBorderNone));
+    }
+    EXPECT_EQ(row.ItemAt(1)->Real(), RectOf(25, 100, 39, 119));
+    row.SelectIndex(0);
+    struct Step {
+        int key;
+        int selected;
+        int left;  // of the selected item: it is scrolled into view
+    };
+    for (const Step& step : {Step{kKeyRight, 1, 25},
+                             {kKeyRight, 2, 35},
+                             {kKeyRight, 2, 35},
+                             {kKeyDown, 2, 35},
+                             {kKeyLeft, 1, 20},
+                             {kKeyLeft, 0, 10}}) {
+        row.Message(MessageOf(MSG_KEY_DOWN, static_cast<std::int16_t>(step.key)));
+        EXPECT_EQ(row.SelectedIndex(), step.selected);
+        EXPECT_EQ(row.Selected()->Real().left, step.left);
+    }
+    EXPECT_FALSE(row.Selected()->MoveFocusByArrow(kKeyRight)) << "the list moves it, nobody else";
 }
 
 class Buttons : public Widgets {

@@ -15,6 +15,8 @@
 #include <string>
 #include <thread>
 
+#include "platform/shown_screen.h"
+
 namespace {
 
 namespace fs = std::filesystem;
@@ -156,12 +158,15 @@ TEST_F(Board, ControlsADeviceThatAnotherProcessPlays) {
 }
 
 TEST_F(Board, HasNoDeviceWhereASocketIsDeadOrAFileIsNoDevice) {
+    int orphan = -1;
     {
         SocketDevice device(m_root / "db9000_bl", 0);
-        const int only = os::open("/db9000_bl", os::kReadWrite);
-        EXPECT_GE(only, 0);
-        os::close(only);
+        orphan = os::open("/db9000_bl", os::kReadWrite);
+        EXPECT_EQ(::send(orphan, "?", 1, 0), 1) << "it ends on what is no request";
     }
+    EXPECT_EQ(os::ioctl(orphan, 0x20047A20, 1), -1);
+    os::close(orphan);
+    EXPECT_EQ(os::ioctl(orphan, 0x20047A20, 1), -1);
     EXPECT_EQ(os::open("/db9000_bl", os::kReadWrite), -1) << "the socket file is there, its owner is gone";
     WriteFile("plain", "");
     const int plain = os::open("/plain", os::kReadWrite);
@@ -169,6 +174,16 @@ TEST_F(Board, HasNoDeviceWhereASocketIsDeadOrAFileIsNoDevice) {
     os::close(plain);
     setenv("BOARD_ROOT", std::string(5000, 'x').c_str(), 1);
     EXPECT_EQ(os::open("/plain", os::kReadWrite), -1) << "a path longer than the host's";
+}
+
+TEST_F(Board, IsToldTheShownScreenWhereSomebodyWantsToKnow) {
+    os::tellShownScreen(68);
+    EXPECT_FALSE(fs::exists(m_root / "screen"));
+    WriteFile("screen", "");
+    os::tellShownScreen(68);
+    const int screen = os::open("/screen", os::kReadOnly);
+    EXPECT_EQ(ReadAll(screen), std::string("\104\0\0\0", 4));
+    os::close(screen);
 }
 
 }  // namespace

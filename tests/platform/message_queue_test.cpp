@@ -7,9 +7,30 @@
 #include <cstdint>
 #include <cstring>
 #include <memory>
+#include <new>
 #include <thread>
 
+#include "platform/semaphore.h"
 #include "platform/task.h"
+
+namespace {
+
+std::atomic<int> allocationsLeft{-1};  // the last one fails; below zero: without limit
+
+bool HasMemory() {
+    if (allocationsLeft > 0) --allocationsLeft;
+    return allocationsLeft != 0;
+}
+
+}  // namespace
+
+/// What the platform takes from the heap, as long as there is some.
+void* operator new(std::size_t size, const std::nothrow_t&) noexcept {
+    return HasMemory() ? ::operator new(size) : nullptr;
+}
+void* operator new[](std::size_t size, const std::nothrow_t&) noexcept {
+    return HasMemory() ? ::operator new[](size) : nullptr;
+}
 
 namespace {
 
@@ -72,6 +93,25 @@ TEST_F(Queue, CutsALongMessageToTheReceiversRoomAndDropsTheRest) {
     EXPECT_EQ(std::memcmp(text.data(), "abcd", 4), 0);
     EXPECT_EQ(os::msgQReceive(m_queue, text.data(), text.size(), os::kNoWait), 2);
     EXPECT_EQ(std::memcmp(text.data(), "xy", 2), 0);
+}
+
+TEST_F(Queue, CarriesMessagesWithoutABody) {
+    ASSERT_EQ(os::msgQSend(m_queue, nullptr, 0, os::kNoWait, 0), 0);
+    ASSERT_EQ(Send(5), 0);
+    EXPECT_EQ(os::msgQReceive(m_queue, nullptr, 0, os::kNoWait), 0);
+    EXPECT_EQ(Receive(), 5);
+}
+
+TEST(Memory, ThatEndsGivesNoQueueAndNoMutexAndNothingIsHalfMade) {
+    EXPECT_EQ(os::msgQCreate(0, 8, os::kQueueFifo), nullptr);
+    EXPECT_EQ(os::msgQCreate(8, 0, os::kQueueFifo), nullptr);
+    for (int pieces = 1; pieces <= 3; ++pieces) {
+        allocationsLeft = pieces;
+        EXPECT_EQ(os::msgQCreate(8, 8, os::kQueueFifo), nullptr) << "piece " << pieces;
+    }
+    allocationsLeft = 1;
+    EXPECT_EQ(os::semMCreate(os::kSemInversionSafe), nullptr);
+    allocationsLeft = -1;
 }
 
 /// Echoes until it gets 0.

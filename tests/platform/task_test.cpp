@@ -87,6 +87,18 @@ TEST_F(Tasks, RunWithoutTheirPriorityWhereTheProcessMayHaveNone) {
     EXPECT_GT(os::msgQReceive(reports, &report, sizeof report, os::kWaitForever), 0);
 }
 
+TEST_F(Tasks, AreNotMadeWithoutAnEntryOrWithAStackBeyondTheMachine) {
+    constexpr std::size_t kBeyond = ~std::size_t{0} / 2;
+    EXPECT_EQ(os::taskCreate("tNone", 100, 0, 4096, nullptr, 0), os::kTaskError);
+    EXPECT_EQ(os::taskCreate("tHuge", 100, 0, kBeyond, TellAboutSelf, 42), os::kTaskError);
+    EXPECT_EQ(os::taskSpawn("tHuge", 100, 0, kBeyond, TellAboutSelf, 42), os::kTaskError);
+    ASSERT_NE(os::taskSpawn(nullptr, 100, 0, 4096, TellAboutSelf, 42), os::kTaskError);
+    Report report{};
+    ASSERT_GT(os::msgQReceive(reports, &report, sizeof report, os::kWaitForever), 0);
+    EXPECT_STREQ(report.name.data(), "task");
+    EXPECT_EQ(os::taskDelay(0), 0);
+}
+
 std::atomic<int> ticks{0};
 std::atomic<pid_t> tickThread{0};
 std::atomic<pid_t> timerTask{0};
@@ -141,6 +153,8 @@ TEST_F(Tasks, AreReachedByTheTickSignalOnlyWhereTheTimerWasMade) {
 }
 
 TEST(Mutex, LetsItsOwnerInAgainAndOthersOnlyWhenItIsGivenBackAsOften) {
+    static const os::SemaphoreId plain = os::semMCreate(os::kSemPriorityQueue);
+    EXPECT_EQ(os::semTake(plain), 0);
     static const os::SemaphoreId mutex = os::semMCreate(os::kSemPriorityQueue | os::kSemInversionSafe);
     ASSERT_NE(mutex, nullptr);
     ASSERT_EQ(os::semTake(mutex), 0);

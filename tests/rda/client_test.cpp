@@ -219,7 +219,7 @@ TEST(Client, ServesTenTasksAndTurnsTheEleventhAway) {
     std::thread([] {
         std::uint32_t word = 77;
         EXPECT_EQ(CallWord(word), -1);
-        EXPECT_EQ(DISPTASK_nop(), -1);
+        EXPECT_EQ(DISPLAYMODE_setAltMode(1, word), -1);
         EXPECT_EQ(word, 77U);
     }).join();
     const std::string line = "Failed to create task context for RDA client!\n";

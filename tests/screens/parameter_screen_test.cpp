@@ -1,8 +1,5 @@
 #include "screens/parameters/parameter_screen.h"
 
-#include <cstring>
-
-#include "localization/display_config.h"
 #include "screens/parameters/custom_screen.h"
 #include "tests/bench/panel_bench.h"
 #include "tests/bench/wire_text.h"
@@ -25,54 +22,12 @@ protected:
     }
 };
 
-TEST_F(ParameterScreens, LookAsTheyShould) {
-    for (const ParamScreenRow& row : kParamScreenRows) {
-        Show(row.screen);
-        EXPECT_TRUE(PanelShows("parameters/screen_" + std::to_string(row.screen)));
-    }
-}
-
-TEST_F(ParameterScreens, ShowEmptyRowsWhileTheMeterIsSilentAndRecover) {
-    meter().FallSilent();
-    Show(25);
-    EXPECT_TRUE(PanelShows("parameters/silent_meter"));
-    meter().Recover();
-    Ticks(21);
-    EXPECT_TRUE(PanelShows("parameters/screen_25"));
-}
-
-TEST_F(ParameterScreens, FrameAValueThatFitsInNoFontAndCutTextsWithoutEnd) {
-    RegisterValue endless{};
-    endless.label.fill('W');
-    endless.value.fill('8');
-    endless.unit.fill('k');
-    meter().Answer("PDMINTERFACE_getRegisterValue", endless);
-    for (const std::int32_t screen : {44, 49, 34, 25}) {
-        Show(screen);
-        EXPECT_TRUE(PanelShows("parameters/endless_texts_" + std::to_string(screen)));
-    }
-}
-
-TEST_F(ParameterScreens, ReadEachRegisterOnceARefreshAndDrawOnlyWhatChanged) {
-    Show(25);
-    Ticks(1);
-    meter().ForgetCalls();
-    Screen().flushes = 0;
-    Ticks(20);
-    EXPECT_EQ(meter().Calls("PDMINTERFACE_getRegisterValue"), 4);
-    EXPECT_EQ(Screen().flushes, 0) << "the same values, the same date: nothing to draw";
-}
-
 TEST_F(ParameterScreens, ChooseTheVoltageByTheWiring) {
     std::string wiring;
     std::vector<std::uint32_t> read;
-    meter().AnswerBy("PDMINTERFACE_getRegisterValue", [&](auto payload, auto response) {
-        std::uint32_t id = 0;
-        std::memcpy(&id, payload.data(), sizeof id);
-        read.push_back(id);
-        const RegisterValue record = Register("x", id == 3717 ? wiring : "1", "V");
-        std::memcpy(response.data(), &record, sizeof record);
-        return true;
+    meter().AnswerFrom("PDMINTERFACE_getRegisterValue", [&](const auto& asked) {
+        read.push_back(asked[0]);
+        return Register("x", asked[0] == 3717 ? wiring : "1", "V");
     });
     for (const auto& [name, voltage] :
          {std::pair{"DELTA", 3687U}, {"DELTA 3W", 3687U}, {"4W-WYE", 3708U}, {"delta", 3708U}}) {
@@ -85,31 +40,15 @@ TEST_F(ParameterScreens, ChooseTheVoltageByTheWiring) {
                   (std::vector<std::uint32_t>{3717, voltage, 298, 1890, 2055}))
             << name;
     }
-    meter().Fail("PDMINTERFACE_getRegisterValue");
-    Ticks(20);
-}
-
-TEST_F(ParameterScreens, FollowTheLanguageWithinASecond) {
-    Show(25);
-    DISPCFG_setLanguage(1);
-    Ticks(41);
-    EXPECT_TRUE(PanelShows("parameters/german"));
-    DISPCFG_setLanguage(5);
-    DISPCFG_setPhaseLabels(2);
-    Ticks(41);
-    EXPECT_TRUE(PanelShows("parameters/russian_rst"));
 }
 
 /// Custom pages that a test composes, on screen 200.
 class CustomPages : public ParameterScreens {
 protected:
     CustomPages() {
-        meter().AnswerBy("CUSTOMSCREENINTERFACE_getNormalModeScreenData", [this](auto payload, auto response) {
-            std::uint32_t command = 0;
-            std::memcpy(&command, payload.data(), sizeof command);
-            commands.push_back(command);
-            std::memcpy(response.data(), &page, sizeof page);
-            return true;
+        meter().AnswerFrom("CUSTOMSCREENINTERFACE_getNormalModeScreenData", [this](const auto& asked) {
+            commands.push_back(asked[0]);
+            return page;
         });
         SetScroll("0");
     }

@@ -1,8 +1,5 @@
 #include "screens/phasor/phasor_screen.h"
 
-#include <cstring>
-
-#include "localization/display_config.h"
 #include "screens/parameters/custom_screen.h"
 #include "tests/bench/panel_bench.h"
 #include "tests/bench/wire_text.h"
@@ -38,37 +35,6 @@ protected:
         Ticks(20);
     }
 };
-
-TEST_F(PhasorScreen, LooksAsItShould) {
-    Show(kScreen);
-    EXPECT_TRUE(PanelShows("phasor/normal"));
-    DISPCFG_setLanguage(5);
-    Ticks(21);
-    EXPECT_TRUE(PanelShows("phasor/russian"));
-}
-
-TEST_F(PhasorScreen, IsEmptyWhileTheMeterIsSilentAndRecovers) {
-    meter().FallSilent();
-    Show(kScreen);
-    EXPECT_TRUE(PanelShows("phasor/silent_meter"));
-    meter().Recover();
-    Ticks(21);
-    EXPECT_TRUE(PanelShows("phasor/normal"));
-    meter().FallSilent();
-    Ticks(20);
-    EXPECT_TRUE(PanelShows("phasor/silent_meter"));
-}
-
-TEST_F(PhasorScreen, ReadsTenPhasorsOnceARefreshAndDrawsOnlyWhatChanged) {
-    Show(kScreen);
-    Ticks(1);
-    meter().ForgetCalls();
-    Screen().flushes = 0;
-    Ticks(20);
-    EXPECT_EQ(meter().Calls(kOperation), 1);
-    EXPECT_EQ(meter().LastArgument(kOperation), 10U);
-    EXPECT_EQ(Screen().flushes, 0);
-}
 
 TEST_F(PhasorScreen, ShowsEveryAngleOfTheCircle) {
     ShowPhasors({Phasor(100, 90), Phasor(100, -30), Phasor(100, 210), Phasor(0, 0, 0), Phasor(50, 0), Phasor(50, -90),
@@ -107,19 +73,6 @@ TEST_F(PhasorScreen, TurnsANegativeMagnitudeRoundAndStaysInTheDiagram) {
     EXPECT_TRUE(PanelShows("phasor/negative"));
     ShowPhasors({Phasor(INT32_MAX, 30), Phasor(INT32_MAX / 2, 150), Phasor(INT32_MIN, 200)});
     EXPECT_TRUE(PanelShows("phasor/largest"));
-}
-
-TEST_F(PhasorScreen, CutsTextsWithoutEnd) {
-    Reply reply{};
-    for (PhasorEntry& entry : reply) {
-        entry = Phasor(100, 30);
-        entry.magnitudeLabel.fill('W');
-        entry.magnitudeText.fill('8');
-        entry.angleLabel.fill('W');
-        entry.angleText.fill('8');
-    }
-    ShowPhasors(reply);
-    EXPECT_TRUE(PanelShows("phasor/endless_texts"));
 }
 
 }  // namespace

@@ -7,7 +7,7 @@
 #include <thread>
 
 #include "simulator/meter/link/meter_server.h"
-#include "tests/session/shell.h"
+#include "tests/bench/shell.h"
 
 namespace {
 

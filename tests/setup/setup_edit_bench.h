@@ -37,10 +37,6 @@ protected:
         Show(screen);
         meter().ForgetCalls();
     }
-    void Press(KeyCode key, int times = 1) {
-        for (int i = 0; i < times; ++i) PanelBench::Press(key);
-    }
-    static std::int32_t Shown() { return Navigation().getCurrentScreenId(); }
 
     /// What the meter says is in a register.
     static RegisterValue Held(std::uint32_t registerId) {

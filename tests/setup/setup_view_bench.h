@@ -9,17 +9,15 @@
 #include "setup/view/setup_view2_screen.h"
 #include "setup/view/setup_view3_screen.h"
 #include "setup/view/setup_view5_screen.h"
-#include "tests/bench/panel_bench.h"
 #include "tests/bench/wire_text.h"
-#include "tests/navigation/keyboard_keys.h"
+#include "tests/navigation/keyboard_bench.h"
 #include "tests/peg/recorder.h"
 
 inline constexpr std::string_view kReadRegister = "PDMINTERFACE_getRegisterValue";
-inline constexpr std::string_view kVerify = "SECURITYINTERFACE_verifyFrontPanelPassword";
 inline constexpr std::string_view kClear = "SECURITYINTERFACE_clearFrontPanelPassword";
 
 /// The setup view screens between the menu, the home screen, and plain windows in the place of the edit screens.
-class SetupViewBench : public PanelBench {
+class SetupViewBench : public KeyboardBench {
 protected:
     static constexpr std::int32_t kFirstEditScreen = 101;
 
@@ -40,29 +38,13 @@ protected:
         rights.frontPanel.Set(permission);
         meter().Answer("SECURITYINTERFACE_getFrontPanelAccessRights", rights);
     }
-    static void Verdict(std::uint32_t result) { meter().Answer(kVerify, result); }
 
     /// Shows a screen with the values of its first second.
     void Open(std::int32_t screen) {
         Show(screen);
         Ticks(1);
     }
-    static std::int32_t Shown() { return Navigation().getCurrentScreenId(); }
-    static bool IsKeyboardShown() { return keyboardWin::getInstance().IsVisible(); }
 
-    void Press(KeyCode key, int times = 1) {
-        for (int i = 0; i < times; ++i) PanelBench::Press(key);
-    }
-    void PressKey(std::uint16_t code) {
-        FocusKey(code);
-        Press(KEY_SOFT_4);
-    }
-
-    /// Types a text and confirms it.
-    void Enter(std::string_view text) {
-        for (const char character : text) PressKey(static_cast<std::uint16_t>(character));
-        PressKey(kKeyEnter);
-    }
     void LogIn() {
         Press(KEY_SOFT_4);
         Enter("");

@@ -1,5 +1,3 @@
-#include <cstring>
-
 #include "tests/bench/allocation_count.h"
 #include "tests/setup/setup_view_bench.h"
 
@@ -8,35 +6,27 @@ namespace {
 constexpr std::int32_t kAlarmScreen = 190;
 constexpr std::int32_t kResetScreen = 194;
 constexpr std::int32_t kYesNoScreen = 198;
+constexpr std::uint32_t kOneTooMany = 151;
 
 class SetupViewLists : public SetupViewBench {
 protected:
-    /// The meter lists that many alarms, of all kinds in turn, every other one enabled.
-    static void Alarms(std::uint32_t count) {
+    /// The meter lists that many alarms, of all kinds in turn, every other one enabled or all.
+    static void Alarms(std::uint32_t count, bool allEnabled = false) {
         meter().Answer("ALARMSINTERFACE_getSettableAlarmsCount", count);
-        meter().AnswerBy("ALARMSINTERFACE_getSettableAlarms",
-                         [](std::span<const std::byte>, std::span<std::byte> answer) {
-                             for (std::size_t i = 0; i < answer.size() / sizeof(SettableAlarmEntry); ++i) {
-                                 const SettableAlarmEntry alarm = Alarm(i);
-                                 std::memcpy(answer.data() + i * sizeof alarm, &alarm, sizeof alarm);
-                             }
-                             return true;
-                         });
+        std::vector<SettableAlarmEntry> list;
+        for (std::size_t i = 0; i < std::min(count, kOneTooMany); ++i) list.push_back(Alarm(i, allEnabled));
+        meter().AnswerFrom("ALARMSINTERFACE_getSettableAlarms", [list](auto&) { return list; });
     }
-    static SettableAlarmEntry Alarm(std::size_t index) {
+    static SettableAlarmEntry Alarm(std::size_t index, bool isEnabled) {
         SettableAlarmEntry alarm{};
         std::string name = "Alarm number ";
         name += std::to_string(index);
         if (index == 3) name.assign(alarm.name.size(), 'W');
         Write(alarm.name, name);
         alarm.kind.Set(static_cast<std::uint16_t>(1 + index % 4));  // 4 is a kind without an icon
-        alarm.enabled.Set(static_cast<std::uint32_t>(index % 2));
+        alarm.enabled.Set(isEnabled || index % 2 == 1 ? 1 : 0);
         alarm.icon.Set(static_cast<std::uint32_t>(index % 3));
         return alarm;
-    }
-
-    std::vector<std::uint16_t> Frame() {
-        return std::vector<std::uint16_t>(Screen().Row(0), Screen().Row(0) + 320 * 240);
     }
 
     /// Presses of a key that change the panel, until one does not.
@@ -105,14 +95,7 @@ TEST_F(SetupViewLists, KeepTheirPlaceWhenAnAlarmIsSwitched) {
     Alarms(9);
     Open(kAlarmScreen);
     Press(KEY_SOFT_3);
-    meter().AnswerBy("ALARMSINTERFACE_getSettableAlarms", [](std::span<const std::byte>, std::span<std::byte> answer) {
-        for (std::size_t i = 0; i < answer.size() / sizeof(SettableAlarmEntry); ++i) {
-            SettableAlarmEntry alarm = Alarm(i);
-            alarm.enabled.Set(1);
-            std::memcpy(answer.data() + i * sizeof alarm, &alarm, sizeof alarm);
-        }
-        return true;
-    });
+    Alarms(9, true);
     EXPECT_EQ(FramesIn(20), 1);
     EXPECT_TRUE(PanelShows("setup/view_alarms_switched"));
     EXPECT_EQ(Steps(KEY_SOFT_2), 1);
@@ -142,7 +125,7 @@ TEST_F(SetupViewLists, BeginAnewWhenTheNumberOfAlarmsChanges) {
 }
 
 TEST_F(SetupViewLists, TakeTheFirstOfMoreThan150Alarms) {
-    Alarms(151);
+    Alarms(kOneTooMany);
     ::testing::internal::CaptureStdout();
     Open(kAlarmScreen);
     EXPECT_EQ(::testing::internal::GetCapturedStdout(), "ERROR: Alarms buffer is too small!\n");
@@ -167,13 +150,12 @@ TEST_F(SetupViewLists, TakeNothingFromTheHeapHoweverManyAlarmsComeAndGo) {
 
 TEST_F(SetupViewLists, CheckExactlyWhatReadsYes) {
     int asked = 0;
-    meter().AnswerBy(kReadRegister, [&asked](std::span<const std::byte>, std::span<std::byte> answer) {
+    meter().AnswerFrom(kReadRegister, [&asked](auto&) {
         constexpr auto kValues = std::to_array<std::string_view>({"Yes", "yes", "Yes ", "", "No"});
         RegisterValue value{};
         Write(value.label, "Web server");
         Write(value.value, kValues[static_cast<std::size_t>(asked++) % kValues.size()]);
-        std::memcpy(answer.data(), &value, sizeof value);
-        return true;
+        return value;
     });
     Open(kYesNoScreen);
     EXPECT_EQ(asked, 13);

@@ -44,6 +44,29 @@ TEST(Signatures, EveryReplyOfTheMeterFillsItsFields) {
     }
 }
 
+TEST(Signatures, AreTheOnlyShapesOfPayloadAndReplyThatAreAnswered) {
+    Meter meter(bench::kSeed, bench::kStart);
+    for (const Signature& signature : MeterOperations()) {
+        const std::vector<std::string> arguments(signature.Arguments().size(), "1");
+        const auto whole = EncodeArguments(signature, arguments);
+        const bench::Bytes untouched(ReplySize(signature, whole), std::byte{0xA5});
+        bench::Bytes reply = untouched;
+        for (std::size_t cut = 0; cut < whole.size(); ++cut)
+            EXPECT_FALSE(meter.Answer(signature.name, std::span(whole).first(cut), reply)) << signature.name << cut;
+        bench::Bytes longer = whole;
+        longer.push_back(std::byte{1});
+        EXPECT_FALSE(meter.Answer(signature.name, longer, reply)) << signature.name;
+        EXPECT_EQ(reply, untouched) << signature.name;
+        bench::Bytes tooLong(reply.size() + 1);
+        EXPECT_FALSE(meter.Answer(signature.name, whole, tooLong)) << signature.name;
+        if (reply.empty()) continue;
+        reply.pop_back();
+        EXPECT_FALSE(meter.Answer(signature.name, whole, reply)) << signature.name;
+    }
+    EXPECT_FALSE(meter.Answer("DISPTASK_nops", {}, {}));
+    EXPECT_FALSE(meter.Answer("", {}, {}));
+}
+
 TEST(Codec, TakesEveryCutOfAReply) {
     const bench::Bytes whole(1632, std::byte{'x'});
     const Signature& page = *FindMeterOperation("CUSTOMSCREENINTERFACE_getNormalModeScreenData");

@@ -2,8 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "tests/simulator/bench.h"
-#include "tests/simulator/frames.h"
+#include "tests/simulator/link_bench.h"
 
 namespace {
 
@@ -41,15 +40,11 @@ TEST(FrameReader, GivesUpOnWhatIsNoFrame) {
         return reader.Next(frame);
     };
     const bench::Bytes good = bench::Call("DISPTASK_nop", {}, 0);
-    bench::Bytes wrongMagic = good;
-    wrongMagic[0] = std::byte{0};
-    EXPECT_EQ(resultOf(wrongMagic), Result::Broken);
-    bench::Bytes unterminated = good;
-    unterminated[20] = std::byte{'x'};
-    EXPECT_EQ(resultOf(unterminated), Result::Broken);
-    bench::Bytes terminatedEarly = good;
-    terminatedEarly[12] = std::byte{0};
-    EXPECT_EQ(resultOf(terminatedEarly), Result::Broken);
+    for (const auto& [at, wrong] : {std::pair{0U, '\0'}, {20U, 'x'}, {12U, '\0'}}) {  // magic, terminators
+        bench::Bytes bytes = good;
+        bytes[at] = std::byte(wrong);
+        EXPECT_EQ(resultOf(bytes), Result::Broken) << at;
+    }
     EXPECT_EQ(resultOf(bench::Words({0x52522525, 0})), Result::Broken);
     EXPECT_EQ(resultOf(bench::Words({0x52522525, 0xFFFFFFFF})), Result::Broken);
     EXPECT_EQ(resultOf(bench::Call("X", {}, 0xFFFFFFFF)), Result::Broken);

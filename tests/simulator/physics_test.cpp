@@ -108,19 +108,4 @@ TEST_F(Physics, TimeMayBeCutInAnyPieces) {
     EXPECT_EQ(m_meter.Value(ActiveEnergyIn), other.Value(ActiveEnergyIn));
 }
 
-TEST_F(Physics, ASeedDecidesTheRun) {
-    Meter same{bench::kSeed, bench::kStart};
-    Meter different{bench::kSeed + 1, bench::kStart};
-    for (Meter* meter : {&m_meter, &same, &different}) meter->Advance(5 * kMinute);
-    bool differs = false;
-    for (std::size_t i = 0; i < kQuantityCount; ++i) {
-        const double value = m_meter.Value(static_cast<Quantity>(i));
-        const double again = same.Value(static_cast<Quantity>(i));
-        EXPECT_TRUE(value == again || (std::isnan(value) && std::isnan(again))) << i;
-        differs = differs || different.Value(static_cast<Quantity>(i)) != value;
-    }
-    EXPECT_TRUE(differs);
-    EXPECT_EQ(m_meter.GetAlarms().History().size(), same.GetAlarms().History().size());
-}
-
 }  // namespace

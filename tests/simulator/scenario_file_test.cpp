@@ -1,12 +1,8 @@
 #include "simulator/meter/link/scenario_file.h"
 
-#include <gtest/gtest.h>
-
 #include <fstream>
-#include <nlohmann/json.hpp>
 
-#include "simulator/meter/link/console.h"
-#include "tests/simulator/bench.h"
+#include "tests/simulator/link_bench.h"
 
 namespace {
 
@@ -73,7 +69,7 @@ TEST(ScenarioFile, TheSchemaKnowsTheSameWords) {
     }
 }
 
-class PlayedFile : public testing::Test {
+class PlayedFile : public bench::Link {
 protected:
     void Live(int seconds) {
         for (int i = 0; i < seconds * 10; ++i) {
@@ -81,11 +77,6 @@ protected:
             m_console.Serve();
         }
     }
-
-    Meter m_meter{bench::kSeed, bench::kStart};
-    MeterServer m_server{m_meter};
-    DisplayLink m_display{1};  // nobody listens there
-    Console m_console{m_meter, m_server, m_display, bench::kSeed};
 };
 
 TEST_F(PlayedFile, ChangesTheNetworkAndDoesWhatIsDue) {
@@ -106,21 +97,11 @@ TEST_F(PlayedFile, ChangesTheNetworkAndDoesWhatIsDue) {
     EXPECT_EQ(m_server.GetFault(), Fault::None);
     Live(5);
     EXPECT_NEAR(m_meter.Value(Frequency), 49.8, 0.1);
-    EXPECT_EQ(nlohmann::json::parse(m_console.State())["scenario"], "motor-start");
+    EXPECT_EQ(State()["scenario"], "motor-start");
     ASSERT_EQ(m_console.Execute("scenario normal"), "ok");
     Live(1);
     EXPECT_NEAR(m_meter.Value(Frequency), 50.0, 0.1);
     EXPECT_EQ(m_console.Execute("scenario no/such.json"), "error cannot read no/such.json");
-}
-
-TEST(Waves, ApproachEvenlyAndKeepWhatTheyDoNotName) {
-    const Waves waves({{.at = 1000, .over = 2000, .harmonics = 3.0}, {.at = 4000, .voltage = Phases{0, 1, 1}}});
-    const Disturbance start{.harmonics = 2.0};
-    EXPECT_EQ(waves.At(999, start).harmonics, 2.0);
-    EXPECT_EQ(waves.At(2000, start).harmonics, 2.5);
-    EXPECT_EQ(waves.At(5000, start).harmonics, 3.0);
-    EXPECT_EQ(waves.At(3999, start).voltage[0], 1.0);
-    EXPECT_EQ(waves.At(4000, start).voltage[0], 0.0);
 }
 
 }  // namespace

@@ -95,17 +95,6 @@ TEST_F(Scenes, ADeltaSystemHasNoPhaseVoltagesButLineVoltages) {
     EXPECT_EQ(TextIn(phasor.magnitudeLabel), "U12");
 }
 
-TEST_F(Scenes, AlarmListsGrowToFiveHundredAndLogsEmpty) {
-    Play("500-alarms");
-    const auto stats = bench::Ask<AlarmStats>(m_meter, "ALARMSINTERFACE_getActiveAlarmStats");
-    EXPECT_EQ(stats.count.Get(), 500U);
-    EXPECT_EQ(stats.unacknowledged.Get(), 500U);
-    Play("empty-log");
-    EXPECT_EQ(bench::AskWord(m_meter, "EVLIF_getEventLogEntryCount"), 0U);
-    EXPECT_EQ(bench::Ask<AlarmStats>(m_meter, "ALARMSINTERFACE_getHistoricalAlarmStats").count.Get(), 0U);
-    EXPECT_EQ(TextIn(bench::Ask<EventLogEntry>(m_meter, "EVLIF_getEventLogData", bench::Words({0, 1})).source), "");
-}
-
 TEST_F(Scenes, AnAlarmSwitchedOffStaysSilent) {
     ASSERT_EQ(m_meter.Write(4008, "Disabled", kMeterModule), std::nullopt);
     Play("sag");

@@ -32,18 +32,6 @@ TEST_F(SettingsOfAMeter, NobodyWritesWithoutAPassword) {
     EXPECT_EQ(bench::Set(m_meter, reg::kLanguage, "French").result.Get(), 1U);
 }
 
-TEST_F(SettingsOfAMeter, LocksAndRefusalsAreExplained) {
-    LogIn();
-    m_meter.Play(*FindScenario("hardware-lock"));
-    EXPECT_EQ(TextIn(bench::Set(m_meter, reg::kCtPrimary, "500").text), "The hardware lock is closed");
-    EXPECT_EQ(bench::AskWord(m_meter, "SECURITYINTERFACE_getHwLockStatus"), 2U);
-    EXPECT_EQ(bench::AskWord(m_meter, "DISPLAYMODE_setTestMode", bench::Words({1})), 1U);
-    m_meter.Play(*FindScenario("refused-writes"));
-    EXPECT_EQ(bench::Set(m_meter, reg::kCtPrimary, "500").result.Get(), 1U);
-    m_meter.Play(*FindScenario("normal"));
-    EXPECT_EQ(bench::Set(m_meter, reg::kCtPrimary, "500").result.Get(), 0U);
-}
-
 TEST_F(SettingsOfAMeter, EveryKindOfValueIsChecked) {
     LogIn();
     struct Attempt {
@@ -144,24 +132,6 @@ TEST_F(SettingsOfAMeter, ResetsClearWhatTheyName) {
     EXPECT_TRUE(m_meter.GetStatistics().Of(ThdVoltageL1).IsKnown());
     m_meter.Advance(1000);
     EXPECT_TRUE(m_meter.GetStatistics().Of(VoltageL1).IsKnown());
-}
-
-TEST_F(SettingsOfAMeter, TheDisplayIsToldHowManyHarmonicsToShow) {
-    EXPECT_EQ(bench::AskWord(m_meter, "DISPLAYFEATURES_getNumHarmonicsDisplayed"), 31U);
-    ASSERT_EQ(m_meter.Write(reg::kHarmonicsShown, "63", kMeterModule), std::nullopt);
-    EXPECT_EQ(bench::AskWord(m_meter, "DISPLAYFEATURES_getNumHarmonicsDisplayed"), 63U);
-}
-
-TEST_F(SettingsOfAMeter, KeepsAsManyDecimalsAsTheDisplayCanEnter) {
-    for (const std::uint32_t id : {354U, 2461U, 1215U, 111U}) {
-        ASSERT_EQ(m_meter.Write(id, "123.45", kMeterModule), std::nullopt);
-        EXPECT_EQ(TextIn(bench::Get(m_meter, id).value), "123.45") << id;
-    }
-    for (const std::uint32_t id : {112U, 1216U, 2462U, 2658U}) {
-        const std::string_view text = id == 2658 ? "57.74" : "1.25";
-        ASSERT_EQ(m_meter.Write(id, text, kMeterModule), std::nullopt);
-        EXPECT_EQ(TextIn(bench::Get(m_meter, id).value), text) << id;
-    }
 }
 
 }  // namespace

@@ -32,13 +32,13 @@ protected:
     /// The checks that German does not pass, each with its string: "101 placeholder".
     std::set<std::string> Faults(const std::string& german) {
         Write("de.po", PoFile("de", german));
-        const Run run =
+        const Outcome run =
             Call("text-checker", "en.po de.po --resources " ROMFS_DIR "/resources.pbr --glossary glossary.json --json");
         std::set<std::string> faults;
-        for (const auto& fault : nlohmann::json::parse(run.out)) {
+        for (const auto& fault : nlohmann::json::parse(run.output)) {
             faults.insert(std::to_string(fault.at("string").get<int>()) + " " + fault.at("check").get<std::string>());
         }
-        EXPECT_EQ(run.status, faults.empty() ? 0 : 1) << run.errors;
+        EXPECT_EQ(run.status, faults.empty() ? 0 : 1) << run.talk;
         return faults;
     }
 };
@@ -85,7 +85,7 @@ TEST_F(Workshop, MakesLanguagesForTests) {
 /// A folder of assets with one of each kind, and sources that name them.
 class AssetChecker : public Workshop {
 protected:
-    Run Check(const std::string& source) {
+    Outcome Check(const std::string& source) {
         std::filesystem::create_directories(At("src"));
         std::filesystem::create_directories(At("assets/texts"));
         std::filesystem::create_directories(At("assets/drawings"));
@@ -106,18 +106,18 @@ TEST_F(AssetChecker, ComparesNumbersWithTheirSources) {
     const std::string missing = Check(
                                     "row{.label = 100, .title = 102}; say(\"Said\"); constexpr int kFrameColor = 86; "
                                     "GetBitmap(70); SetFontNumber(40);  // 85")
-                                    .out;
+                                    .output;
     for (const char* fault :
          {"string 102 has no", "colour 86 has no", "bitmap 70 has no", "font 40 has no", "colour 85 is used nowhere"}) {
         EXPECT_NE(missing.find(fault), std::string::npos) << fault << " in " << missing;
     }
-    EXPECT_NE(Check("kFrameColor = 85").out.find("string 100 \"Power\" is used nowhere"), std::string::npos);
+    EXPECT_NE(Check("kFrameColor = 85").output.find("string 100 \"Power\" is used nowhere"), std::string::npos);
 }
 
 /// A palette of two colours and a design sheet.
 class Contrasts : public Workshop {
 protected:
-    Run Renew(const std::string& text, const std::string& options = "") {
+    Outcome Renew(const std::string& text, const std::string& options = "") {
         Write("palette.json", R"({"colours": [{"number": 1, "name": "ink", "value": ")" + text +
                                   R"("}, {"number": 2, "name": "paper", "value": "#ffffff"}],
             "texts": [{"text": "ink", "on": ["paper"]}]})");
@@ -139,9 +139,9 @@ TEST_F(Contrasts, KeepTheDesignSheetTrue) {
 }
 
 TEST_F(Contrasts, RefuseATextThatIsHardToRead) {
-    const Run run = Renew("#808080");
+    const Outcome run = Renew("#808080");
     EXPECT_EQ(run.status, 1);
-    EXPECT_NE(run.errors.find("palette.json: /texts/0/on/0: \"ink\" is hard to read"), std::string::npos) << run.errors;
+    EXPECT_NE(run.talk.find("palette.json: /texts/0/on/0: \"ink\" is hard to read"), std::string::npos) << run.talk;
 }
 
 }  // namespace

@@ -230,9 +230,9 @@ TEST_F(Compilers, NameFileAndPlaceOfEveryMistake) {
         SCOPED_TRACE(mistake.complaint);
         const std::string good = Read(mistake.file);
         Write(mistake.file, mistake.content);
-        const Run run = Call("resource-compiler", kAll);
+        const Outcome run = Call("resource-compiler", kAll);
         EXPECT_EQ(run.status, 1);
-        EXPECT_NE(run.errors.find(mistake.complaint), std::string::npos) << run.errors;
+        EXPECT_NE(run.talk.find(mistake.complaint), std::string::npos) << run.talk;
         EXPECT_FALSE(std::filesystem::exists(At("out.pbr")));
         Write(mistake.file, good);
     }
@@ -241,7 +241,7 @@ TEST_F(Compilers, NameFileAndPlaceOfEveryMistake) {
 TEST_F(Compilers, RefuseTranslationsOfOtherTexts) {
     const std::string compile = "en.po de.po --substitutions substitutions.json -o l.dat";
     const std::string german = kGerman;
-    const auto complaint = [&] { return Call("localization-compiler", compile).errors; };
+    const auto complaint = [&] { return Call("localization-compiler", compile).talk; };
 
     Write("de.po", german + "\nmsgctxt \"7\"\nmsgid \"New\"\nmsgstr \"Neu\"\n");
     EXPECT_NE(complaint().find("de.po: string 7 has no base text"), std::string::npos);
@@ -258,7 +258,7 @@ TEST_F(Compilers, SayWhatIsWrongWithACommandLineOrABinaryFile) {
          {"resource-compiler", "localization-compiler", "resource-inspector", "localization-inspector"}) {
         SCOPED_TRACE(program);
         EXPECT_EQ(Call(program, "--help").status, 0);
-        EXPECT_NE(Call(program, "--help").out.find("--help"), std::string::npos);
+        EXPECT_NE(Call(program, "--help").output.find("--help"), std::string::npos);
         EXPECT_EQ(Call(program, "--nonsense").status, 2);
     }
     EXPECT_EQ(Call("resource-compiler", std::string(kAll) + "--byte-order middle").status, 2);
@@ -270,11 +270,11 @@ TEST_F(Compilers, SayWhatIsWrongWithACommandLineOrABinaryFile) {
         const std::string whole = Read(file);
         for (std::size_t size = 0; size < whole.size(); size += 1 + whole.size() / 40) {
             Write("cut", whole.substr(0, size));
-            const Run run = Call(program, "cut");
+            const Outcome run = Call(program, "cut");
             EXPECT_EQ(run.status, 1) << program << " takes " << size << " bytes of " << whole.size();
-            EXPECT_NE(run.errors.find("cut: at byte "), std::string::npos) << run.errors;
+            EXPECT_NE(run.talk.find("cut: at byte "), std::string::npos) << run.talk;
         }
-        EXPECT_NE(Call(program, "missing").errors.find("missing: cannot be read"), std::string::npos);
+        EXPECT_NE(Call(program, "missing").talk.find("missing: cannot be read"), std::string::npos);
     }
 }
 
@@ -289,18 +289,9 @@ TEST_F(Compilers, TakeNoDamagedByteForMoreThanItIs) {
             damaged[at] = static_cast<char>(~damaged[at]);
             Write("damaged", damaged);
             const bool isResource = std::string(file) == "out.pbr";
-            const Run run = Call(program, isResource ? "damaged --fonts f --bitmaps b" : "damaged");
+            const Outcome run = Call(program, isResource ? "damaged --fonts f --bitmaps b" : "damaged");
             EXPECT_TRUE(run.status == 0 || run.status == 1) << program << " ends by a signal over byte " << at;
         }
-    }
-}
-
-TEST_F(Compilers, ShowFontsAndBitmapsAsPictures) {
-    ASSERT_EQ(Call("resource-compiler", kAll).status, 0);
-    ASSERT_EQ(Call("resource-inspector", "out.pbr --fonts f --bitmaps b").status, 0);
-    for (const char* picture :
-         {"f/font-32.png", "f/font-33.png", "b/bitmap-82.png", "b/bitmap-201.png", "b/sheet.png"}) {
-        EXPECT_TRUE(Read(picture).starts_with("\x89PNG")) << picture;
     }
 }
 

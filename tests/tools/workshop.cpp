@@ -1,22 +1,8 @@
 #include "tests/tools/workshop.h"
 
-#include <sys/wait.h>
-#include <unistd.h>
-
 #include <cstdlib>
-#include <fstream>
-#include <iterator>
 
 #include "peg/resources/resources.h"
-
-namespace {
-
-std::string ContentOf(const std::filesystem::path& path) {
-    std::ifstream file(path, std::ios::binary);
-    return {std::istreambuf_iterator<char>(file), {}};
-}
-
-}  // namespace
 
 Workshop::Workshop() {
     std::string path = (std::filesystem::temp_directory_path() / "workshop-XXXXXX").string();
@@ -39,15 +25,12 @@ void Workshop::Write(const std::string& name, const std::string& content) const 
 
 std::string Workshop::Read(const std::string& name) const { return ContentOf(At(name)); }
 
-Workshop::Run Workshop::Call(const std::string& program, const std::string& arguments) const {
-    const std::string command =
-        "cd '" + m_folder.string() + "' && '" BIN_DIR "/" + program + "' " + arguments + " >said.out 2>said.errors";
-    const int status = std::system(command.c_str());
-    return {WIFEXITED(status) ? WEXITSTATUS(status) : -1, Read("said.out"), Read("said.errors")};
+Outcome Workshop::Call(const std::string& program, const std::string& arguments) const {
+    return Shell("cd '" + m_folder.string() + "' && '" BIN_DIR "/" + program + "' " + arguments);
 }
 
 nlohmann::json Workshop::Inspect(const std::string& program, const std::string& file) const {
-    return nlohmann::json::parse(Call(program, "--json '" + file + "'").out);
+    return nlohmann::json::parse(Call(program, "--json '" + file + "'").output);
 }
 
 int Workshop::Load(const std::filesystem::path& path) {

@@ -5,17 +5,12 @@
 #include <filesystem>
 #include <nlohmann/json.hpp>
 #include <string>
-#include <vector>
+
+#include "tests/bench/shell.h"
 
 /// A folder for sources and results, and the four programs. What they make is read by the display's own reader.
 class Workshop : public ::testing::Test {
 protected:
-    struct Run {
-        int status = -1;
-        std::string out;
-        std::string errors;
-    };
-
     Workshop();
     ~Workshop() override;
 
@@ -24,7 +19,7 @@ protected:
     std::string Read(const std::string& name) const;
 
     /// Runs a program of the build, in the folder.
-    Run Call(const std::string& program, const std::string& arguments) const;
+    Outcome Call(const std::string& program, const std::string& arguments) const;
     nlohmann::json Inspect(const std::string& program, const std::string& file) const;
 
     /// Fills the display's tables from a resource file. @return what the display's reader said: 1 or 0

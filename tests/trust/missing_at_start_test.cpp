@@ -47,12 +47,6 @@ std::string NamesOf(Missing missing) {
     return names.empty() ? "nothing" : names;
 }
 
-session::Setting InGerman() {
-    session::Setting setting = Stage::Usual();
-    setting.language = "de";
-    return setting;
-}
-
 class BareStage : public Stage {
 public:
     BareStage() : Stage(InGerman()) {}
@@ -128,14 +122,6 @@ void CheckRecovery(BareStage& stage, Complaints& complain) {
     complain.Unless(stage.Show(kComparedScreen), "the meter's command");
 }
 
-/// The two pictures between which a screen changes while its alarm sign flashes.
-std::string PicturesOf(BareStage& stage) {
-    const std::string first = stage.Picture();
-    stage.Run(kSecond);
-    const std::string second = stage.Picture();
-    return std::min(first, second) + " and " + std::max(first, second);
-}
-
 /// @return what is wrong; without complaints, the pictures of one screen at the end
 std::string StartWithout(BareStage& stage, Missing missing) {
     Complaints complain;
@@ -145,16 +131,13 @@ std::string StartWithout(BareStage& stage, Missing missing) {
     stage.Run(3 * kSecond);
     CheckDefinedState(stage, complain);
     CheckRecovery(stage, complain);
-    return complain.Words().empty() ? PicturesOf(stage) : complain.Words();
+    return complain.Words().empty() ? stage.FlashingPicture() : complain.Words();
 }
 
 /// Whether the resource file and the localisation file are missing: what is drawn depends on nothing else.
 class MissingAtStart : public testing::TestWithParam<unsigned> {
 protected:
-    MissingAtStart() {
-        m_stage.Execute("alarm on Phase loss");  // the lamp flashes
-        m_stage.Model().Advance(5 * kSecond);
-    }
+    MissingAtStart() { m_stage.RaiseAnAlarm(); }
     Missing Files() const {
         Missing missing;
         missing[ResourceFile] = (GetParam() & 1) != 0;

@@ -1,5 +1,6 @@
 #include "tests/trust/stage.h"
 
+#include <algorithm>
 #include <string_view>
 
 #include "localization/localization.h"
@@ -27,6 +28,18 @@ session::Setting Stage::Usual() {
     return setting;
 }
 
+session::Setting Stage::InGerman() {
+    session::Setting setting = Usual();
+    setting.language = "de";
+    return setting;
+}
+
+void Stage::RaiseAnAlarm() {
+    constexpr session::Instant kWhile = 5000;
+    Execute("alarm on Phase loss");
+    Model().Advance(kWhile);
+}
+
 void Stage::StartDisplay() {
     session::StartDisplay();
     Run(kComeUp);
@@ -36,6 +49,14 @@ std::string Stage::Picture() const {
     const panel::Frame& frame = NewestFrame();
     const std::string_view bytes(reinterpret_cast<const char*>(frame.data()), frame.size());
     return std::to_string(std::hash<std::string_view>{}(bytes));
+}
+
+std::string Stage::FlashingPicture() {
+    constexpr session::Instant kFlash = 1000;
+    const std::string first = Picture();
+    Run(kFlash);
+    const std::string second = Picture();
+    return std::min(first, second) + " and " + std::max(first, second);
 }
 
 bool Stage::IsServing() { return session::Descriptors::Instance().Listener() != nullptr; }

@@ -32,8 +32,12 @@ class Stage : private StageBoard, public session::Session {
 public:
     explicit Stage(const session::Setting& setting = Usual()) : Session(setting, board) { FreezeMeter(); }
 
-    /// The setting of most trials.
+    /// The setting of most trials, and the same in German.
     static session::Setting Usual();
+    static session::Setting InGerman();
+
+    /// Has the lamp flash, and the alarm sign of the screens.
+    void RaiseAnAlarm();
 
     /// Starts the display, and lets it come up if it can.
     void StartDisplay();
@@ -42,6 +46,9 @@ public:
 
     /// What is on the panel, as a word that is another for every other picture.
     std::string Picture() const;
+
+    /// The two pictures between which a screen changes while its alarm sign flashes.
+    std::string FlashingPicture();
 
     static bool IsServing();   // whether the display listens for commands
     static int ShownScreen();  // after the hand-over

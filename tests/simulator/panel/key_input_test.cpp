@@ -2,98 +2,71 @@
 
 #include <gtest/gtest.h>
 
-#include <vector>
+#include <sstream>
+#include <string>
 
 namespace {
 
-using panel::Key;
-using panel::KeyRecord;
 using std::chrono::milliseconds;
 
-/// Fingers on the keys; what they do is written as the records that come out.
-class KeyInput : public testing::Test {
-protected:
-    void Press(Key key) { m_input.Press(key, m_now); }
-    void Release(Key key) { m_input.Release(key); }
-    void Wait(milliseconds time) {
-        m_now += time;
-        m_input.Tick(m_now);
-    }
-    std::vector<KeyRecord> Reported() { return std::exchange(m_records, {}); }
-
-    std::vector<KeyRecord> m_records;
-    panel::KeyInput m_input{[this](KeyRecord record) { m_records.push_back(record); }};
-    panel::KeyInput::Time m_now{};
+/// What fingers do, word by word, and the records that come out: "2+" presses key 2, "2-" releases it, "79" waits so
+/// many milliseconds; "=6+" expects that record next, and none before it. Nothing else may come.
+struct Case {
+    const char* what;
+    const char* story;
 };
 
-using Records = std::vector<KeyRecord>;
+// clang-format off
+const Case kCases[] = {
+    {"the other keys are reported at once, each change once",
+     "1+ =1+ 1+ 1- =1- 1- 4+ =4+ 4- =4- 5+ =5+ 5- =5- 6+ =6+ 6- =6-"},
+    {"2 and 3 are one key",                         "2+ 79 3+ =6+ 500 2- =6- 3-"},
+    {"in either order",                             "3+ 79 2+ =6+ 500 3- =6- 2-"},
+    {"apart, they are themselves",                  "2+ 80 =2+ 3+ =3+ 2- =2- 3- =3-"},
+    {"a tap is not held back",                      "3+ 3- =3+ =3- 2+"},
+    {"another key keeps the order",                 "2+ 5+ =2+ =5+ 3+ =3+ 5- =5-"},
+    {"one of the pair that goes down again is itself", "2+ 3+ =6+ 2- =6- 2+ 80 =2+ 2- =2- 3-"},
+};
+// clang-format on
 
-TEST_F(KeyInput, ReportsTheOtherKeysAtOnce) {
-    for (const Key key : {Key::Soft1, Key::Soft4, Key::Home, Key::Soft23}) {
-        const auto code = static_cast<std::int32_t>(key);
-        Press(key);
-        EXPECT_EQ(Reported(), (Records{{code, 0}}));
-        Press(key);
-        EXPECT_EQ(Reported(), Records{}) << "it is down already";
-        Release(key);
-        Release(key);
-        EXPECT_EQ(Reported(), (Records{{code, 1}}));
+TEST(KeyInput, TellsWhatTheFingersMean) {
+    for (const auto& [what, story] : kCases) {
+        SCOPED_TRACE(what);
+        std::vector<std::string> records;
+        panel::KeyInput input([&records](panel::KeyRecord record) {
+            records.push_back("=" + std::to_string(record.code) + (record.state == 0 ? "+" : "-"));
+        });
+        panel::KeyInput::Time now{};
+        std::size_t taken = 0;
+        std::istringstream words(story);
+        for (std::string word; words >> word;) {
+            if (word.front() == '=') {
+                ASSERT_LT(taken, records.size()) << word;
+                EXPECT_EQ(records[taken++], word);
+                continue;
+            }
+            EXPECT_EQ(taken, records.size()) << "before " << word;
+            const auto key = static_cast<panel::Key>(word.front() - '0');
+            if (word.back() == '+') {
+                input.Press(key, now);
+            } else if (word.back() == '-') {
+                input.Release(key);
+            } else {
+                now += milliseconds(std::stoi(word));
+                input.Tick(now);
+            }
+        }
+        EXPECT_EQ(taken, records.size()) << "at the end";
     }
 }
 
-TEST_F(KeyInput, MakesOneOfSoftKeys2And3InEitherOrder) {
-    for (const auto& [first, second] : {std::pair{Key::Soft2, Key::Soft3}, std::pair{Key::Soft3, Key::Soft2}}) {
-        Press(first);
-        Wait(milliseconds(79));
-        EXPECT_EQ(Reported(), Records{});
-        Press(second);
-        EXPECT_EQ(Reported(), (Records{{6, 0}}));
-        Wait(milliseconds(500));
-        Release(first);
-        Release(second);
-        EXPECT_EQ(Reported(), (Records{{6, 1}}));
-    }
-}
-
-TEST_F(KeyInput, ReportsThemOnTheirOwnWhenTheyAreApart) {
-    Press(Key::Soft2);
-    EXPECT_EQ(m_input.NextTick(), m_now + milliseconds(80));
-    Wait(milliseconds(80));
-    EXPECT_EQ(Reported(), (Records{{2, 0}}));
-    EXPECT_EQ(m_input.NextTick(), std::nullopt);
-    Press(Key::Soft3);
-    Release(Key::Soft2);
-    Release(Key::Soft3);
-    EXPECT_EQ(Reported(), (Records{{3, 0}, {2, 1}, {3, 1}}));
-}
-
-TEST_F(KeyInput, ATapIsNotHeldBack) {
-    Press(Key::Soft3);
-    Release(Key::Soft3);
-    EXPECT_EQ(Reported(), (Records{{3, 0}, {3, 1}}));
-    Press(Key::Soft2);
-    EXPECT_EQ(Reported(), Records{}) << "nothing is left of the tap";
-}
-
-TEST_F(KeyInput, KeepsTheOrderWhenAnotherKeyMoves) {
-    Press(Key::Soft2);
-    Press(Key::Home);
-    EXPECT_EQ(Reported(), (Records{{2, 0}, {5, 0}}));
-    Press(Key::Soft3);
-    Release(Key::Home);
-    EXPECT_EQ(Reported(), (Records{{3, 0}, {5, 1}}));
-}
-
-TEST_F(KeyInput, AKeyOfThePairThatGoesDownAgainIsItself) {
-    Press(Key::Soft2);
-    Press(Key::Soft3);
-    Release(Key::Soft2);
-    EXPECT_EQ(Reported(), (Records{{6, 0}, {6, 1}}));
-    Press(Key::Soft2);
-    Wait(milliseconds(80));
-    Release(Key::Soft2);
-    Release(Key::Soft3);
-    EXPECT_EQ(Reported(), (Records{{2, 0}, {2, 1}}));
+TEST(KeyInput, SaysWhenItsTimeIsOver) {
+    panel::KeyInput input([](panel::KeyRecord) {});
+    const panel::KeyInput::Time now{};
+    input.Press(panel::Key::Soft2, now);
+    EXPECT_EQ(input.NextTick(), now + milliseconds(80));
+    input.Tick(now + milliseconds(80));
+    EXPECT_EQ(input.NextTick(), std::nullopt);
 }
 
 }  // namespace

@@ -33,6 +33,7 @@ protected:
                           std::string_view extra = {}) {
         return Client().Ask(method, target, body, extra);
     }
+    std::string Host() const { return "Host: 127.0.0.1:" + std::to_string(m_server->Port()) + "\r\n"; }
     nlohmann::json State() { return nlohmann::json::parse(Ask("GET", "/state").body); }
 
     void WriteFrame(char value) {

@@ -1,0 +1,171 @@
+#include "simulator/meter/link/console.h"
+
+#include <algorithm>
+
+#include "tests/simulator/link_bench.h"
+
+namespace {
+
+using namespace meter;
+using bench::Bytes;
+
+class ConsoleLines : public bench::Link {
+protected:
+    bool IsActive(std::string_view name) {
+        return std::ranges::any_of(m_meter.GetAlarms().Active(), [&](const Occurrence* one) {
+            return AlarmDefinitions()[one->definition].name == name;
+        });
+    }
+    std::string WriteFromPanel() { return std::string(TextIn(bench::Set(m_meter, reg::kCtPrimary, "500").text)); }
+};
+
+TEST_F(ConsoleLines, AreAnsweredByOneLineEach) {
+    EXPECT_EQ(m_console.Execute("scenario sag"), "ok");
+    EXPECT_EQ(m_console.Execute("advance 30"), "ok");
+    EXPECT_EQ(m_console.Execute("set 111 600"), "ok");
+    EXPECT_EQ(m_console.Execute("get 111"), "ok CT primary: 600.00 A");
+    EXPECT_EQ(m_console.Execute("language 1\r"), "ok, the display does not answer");
+    EXPECT_EQ(m_console.Execute("set 1914 Klingon"), "error Not one of the choices");
+    EXPECT_EQ(State()["scenario"], "sag");
+    EXPECT_EQ(State()["language"], 1);
+    EXPECT_GE(State()["activeAlarms"], 1);
+    EXPECT_EQ(m_console.State().find('\n'), std::string::npos);
+}
+
+TEST_F(ConsoleLines, AreRefusedWhenTheyMakeNoSense) {
+    for (std::string_view line : {"",
+                                  " ",
+                                  "bogus",
+                                  "navigate",
+                                  "navigate x",
+                                  "navigate 68",
+                                  "key",
+                                  "key 9",
+                                  "key soft1 sideways",
+                                  "fault",
+                                  "scenario",
+                                  "set",
+                                  "set x",
+                                  "get 99999",
+                                  "language 6",
+                                  "advance 9999999",
+                                  "alarm",
+                                  "alarm on",
+                                  "alarm on Rain",
+                                  "alarm Phase loss on",
+                                  "event",
+                                  "event  ",
+                                  "lock",
+                                  "lock 1",
+                                  "rights maybe",
+                                  "refuse",
+                                  "refuse Later"})
+        EXPECT_TRUE(m_console.Execute(line).starts_with("error")) << line;
+}
+
+TEST_F(ConsoleLines, HoldAnAlarmUntilItIsLeftToItsLimit) {
+    for (const char* name : {"Overvoltage L1", "Low power factor"}) {
+        Tell("alarm on " + std::string(name));
+        EXPECT_TRUE(IsActive(name)) << "at once, whether enabled or not";
+        EXPECT_EQ(State()["heldAlarms"], nlohmann::json::array({name}));
+        Tell("alarm off " + std::string(name));
+        EXPECT_FALSE(IsActive(name));
+    }
+    EXPECT_EQ(m_meter.GetEventLog().At(0).description, "Alarm ended");
+    Tell("scenario phase-loss");
+    m_meter.Advance(2000);
+    Tell("alarm on Phase loss");
+    Tell("alarm off Phase loss");
+    EXPECT_TRUE(IsActive("Phase loss")) << "its limit is crossed still";
+    Tell("alarm on Demand too high");
+    Tell("scenario empty-log");
+    EXPECT_FALSE(IsActive("Demand too high"));
+}
+
+TEST_F(ConsoleLines, TravelInTheLettersOfTheLink) {
+    Tell("event Gr\u00FC\u00DFe, 42 \u20AC");
+    const auto entry = bench::Ask<EventLogEntry>(m_meter, "EVLIF_getEventLogData", bench::Words({0, 1}));
+    EXPECT_EQ(TextIn(entry.source), "Meter");
+    EXPECT_EQ(TextIn(entry.description),
+              "Gr\xFC\xDF"
+              "e, 42 ?");
+}
+
+TEST_F(ConsoleLines, KeepTheFrontPanelFromWriting) {
+    ASSERT_EQ(bench::LogIn(m_meter, "USER", "0"), 0U);
+    for (const auto& [line, answer] : {std::pair{"lock on", "The hardware lock is closed"},
+                                       {"lock off", "Accepted"},
+                                       {"refuse on", "The meter refuses the change"},
+                                       {"refuse on Sp\u00E4ter", "Sp\xE4ter"},
+                                       {"refuse off", "Accepted"},
+                                       {"scenario refused-writes", "The meter refuses the change"},
+                                       {"scenario hardware-lock", "The hardware lock is closed"},
+                                       {"scenario normal", "Accepted"},
+                                       {"rights off", "Nobody is logged in"}}) {
+        Tell(line);
+        EXPECT_EQ(WriteFromPanel(), answer) << line;
+    }
+    EXPECT_EQ(State()["frontPanelRights"], false);
+    EXPECT_EQ(bench::LogIn(m_meter, "USER", "0"), 2U);
+    Tell("rights on");
+    EXPECT_EQ(bench::LogIn(m_meter, "USER", "0"), 0U);
+    Tell("refuse on Sp\u00E4ter");
+    EXPECT_EQ(State()["refusal"], "Sp\u00E4ter");
+    EXPECT_EQ(m_console.Execute("set 111 500"), "error Sp\u00E4ter") << "also from elsewhere";
+    Tell("lock on");
+    EXPECT_EQ(bench::AskWord(m_meter, "SECURITYINTERFACE_getHwLockStatus"), kLockClosed);
+    EXPECT_EQ(bench::AskWord(m_meter, "DISPLAYMODE_setTestMode", bench::Words({1})), 1U);
+}
+
+TEST_F(ConsoleLines, SetEveryFaultThatTheStateNames) {
+    const auto faults = State()["faults"];
+    EXPECT_EQ(faults.size(), 14U);
+    for (const std::string name : faults) EXPECT_EQ(m_console.Execute("fault " + name), "ok") << name;
+}
+
+struct Command {
+    std::string_view line;
+    std::string_view operation;
+    Bytes payload;
+    std::uint32_t responseSize;
+    std::string_view answer;
+};
+
+TEST(ConsoleCommands, SendEachOfTheFifteen) {
+    Command sent;
+    const DisplayLink display([&sent](std::string_view operation, std::span<const std::byte> payload,
+                                      std::uint32_t responseSize) -> std::optional<Bytes> {
+        sent = {{}, operation, Bytes(payload.begin(), payload.end()), responseSize, {}};
+        Bytes reply(responseSize);
+        if (!reply.empty()) reply[0] = std::byte{'7'};
+        return reply;
+    });
+    Meter theMeter{bench::kSeed, bench::kStart};
+    MeterServer server(theMeter);
+    Console console(theMeter, server, display, bench::kSeed);
+    for (const Command& command : {
+             Command{"hardware-id", "VEKHWIF_getHwId", {}, 4, "ok 55"},
+             {"alt-mode 1", "NAVCMDINT_changeAltModeState", bench::Words({1}), 0, "ok"},
+             {"navigate 68", "NAVCMDINT_navigateTo", bench::Words({68}), 0, "ok"},
+             {"display-test", "NAVCMDINT_navigateToDispTest", {}, 0, "ok"},
+             {"language 5", "DISPCFG_setLanguage", bench::Words({5}), 0, "ok"},
+             {"phase-labels 2", "DISPCFG_setPhaseLabels", bench::Words({2}), 0, "ok"},
+             {"symbols 1", "DISPCFG_setMeasSymbols", bench::Words({1}), 0, "ok"},
+             {"test-mode 1", "NAVCMDINT_changeTestModeState", bench::Words({1}), 0, "ok"},
+             {"kernel-version", "MISCINT_getVekKrnlVersion", bench::Words({32}), 32, "ok 7"},
+             {"app-version", "MISCINT_getVekDisplayAppVersion", bench::Words({32}), 32, "ok 7"},
+             {"os-version", "MISCINT_getVekOsPkgVersion", bench::Words({32}), 32, "ok 7"},
+             {"serial-number", "MISCINT_getVekSerialNumber", bench::Words({32}), 32, "ok 7"},
+             {"app-variant", "MISCINT_getVekDisplayAppVariant", {}, 4, "ok 55"},
+             {"backlight 30", "BACKLIGHT_setTimeout", bench::Words({30}), 0, "ok"},
+             {"key 2 down", "BUTTON_simulate_input", bench::Words({0, 1, 2, 0}), 0, "ok"},
+             {"key home up", "BUTTON_simulate_input", bench::Words({0, 0, 0, 0}), 0, "ok"},
+         }) {
+        EXPECT_EQ(console.Execute(command.line), command.answer) << command.line;
+        EXPECT_EQ(sent.operation, command.operation);
+        EXPECT_EQ(sent.payload, command.payload) << command.line;
+        EXPECT_EQ(sent.responseSize, command.responseSize) << command.line;
+    }
+}
+
+}  // namespace
