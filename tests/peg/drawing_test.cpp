@@ -188,8 +188,6 @@ protected:
     const Rows whole{"......", ".##oo.", ".#..o.", "......"};
     const Rows cut{"......", "......", "....o.", "......"};
     const PegRect lowerRight = RectOf(3, 2, 9, 9);
-    static constexpr std::uint8_t kRedIndex = 7 << 5;
-    static constexpr std::uint8_t kGreenIndex = 7 << 2;
 };
 
 TEST_F(Bitmaps, OfSixteenBitsAreCopiedAndTheirTransparentValueIsSkipped) {
@@ -204,6 +202,8 @@ TEST_F(Bitmaps, OfSixteenBitsAreCopiedAndTheirTransparentValueIsSkipped) {
 TEST_F(Bitmaps, OfEightBitsGoThroughTheColourTable) {
     std::array<std::uint16_t, 4> words{};
     auto* indices = reinterpret_cast<std::uint8_t*>(words.data());
+    constexpr std::uint8_t kRedIndex = 7 << 5;
+    constexpr std::uint8_t kGreenIndex = 7 << 2;
     const std::array<std::uint8_t, 8> picture{kRedIndex, kRedIndex, kGreenIndex, kGreenIndex,
                                               kRedIndex, 9,         9,           kGreenIndex};
     std::copy(picture.begin(), picture.end(), indices);
