@@ -50,22 +50,6 @@ TEST_F(Drawing, SurvivesMorePassesThanTheStackHolds) {
     EXPECT_EQ(Screen().flushes, 1);
 }
 
-TEST_F(Drawing, IsToldToTheOwnerOfItsCanvasUntilThatIsGone) {
-    auto* owner = new Recorder;
-    toolkit.screen->AddCanvas(7, owner, {1, 2});
-    toolkit.screen->AddCanvas(8, nullptr, {});
-    const auto drawOn = [this](std::int32_t number) {
-        toolkit.screen->BeginDraw(canvas, canvas.Real(), number);
-        toolkit.screen->EndDraw();
-        Pump();
-    };
-    for (const std::int32_t number : {7, 8, 9}) drawOn(number);
-    ASSERT_EQ(owner->Count(MSG_CANVAS_DRAWN), 1);
-    EXPECT_EQ(owner->received.back().data[1], 2U);
-    delete owner;
-    drawOn(7);  // tells nobody
-}
-
 TEST_F(Drawing, NeverTouchesAPixelOutsideTheClip) {
     std::mt19937 random(7);
     const auto any = [&random](int low, int high) { return std::uniform_int_distribution(low, high)(random); };
