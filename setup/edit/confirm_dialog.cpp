@@ -106,7 +106,6 @@ void ConfirmDialog::setOldValue(const char16_t* text) { CopyCut(m_oldText, text)
 void ConfirmDialog::setNewValue(const char16_t* text) { CopyCut(m_newText, text); }
 
 void ConfirmDialog::Open(State state, std::uint32_t titleNumber) {
-    Close();
     m_state = state;
     m_frame.Open(titleNumber, kBoxTitle);
     for (std::size_t key = 0; key < kSoftKeys; ++key) m_frame.HideKey(key);
