@@ -80,7 +80,6 @@ void setupEdit4ScrnClass::Relabel() {
     ListEditScreen::Relabel();
     m_hint.SetText(LocalizedString(m_kind == SetupList::Resets ? kSelectHint : kChangeHint));
     m_list.relabel();
-    m_switches.Relabel();
     const auto switches = m_switches.Items();
     for (std::size_t i = 0; i < switches.size(); ++i) m_items[i]->SetText(switches[i].label.data());
 }

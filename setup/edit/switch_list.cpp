@@ -28,7 +28,7 @@ void SwitchList::Read() {
         case SetupList::Resets: ReadResets(); break;
         case SetupList::YesNo: ReadYesNo(); break;
     }
-    Relabel();
+    Label();
 }
 
 void SwitchList::ReadAlarms() {
@@ -57,7 +57,7 @@ void SwitchList::ReadYesNo() {
     }
 }
 
-void SwitchList::Relabel() {
+void SwitchList::Label() {
     for (Switch& item : Items()) {
         if (item.labelNumber == 0) {
             displayClass::getInstance().translateInto(TextIn(item.name), item.label);

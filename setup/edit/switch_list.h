@@ -25,11 +25,9 @@ class SwitchList {
 public:
     explicit SwitchList(SetupList list);
 
-    /// Reads items and states from the meter; blocks until all calls are answered or given up.
+    /// Reads items and states from the meter, and labels them in the selected language; blocks until all calls are
+    /// answered or given up.
     void Read();
-
-    /// Writes all labels in the selected language.
-    void Relabel();
 
     bool HasChanged() const;
     std::span<Switch> Items() { return {m_items.data(), m_count}; }
@@ -43,6 +41,7 @@ private:
     void ReadAlarms();
     void ReadResets();
     void ReadYesNo();
+    void Label();
 
     SetupList m_list;
     std::vector<Switch> m_items;  // as many as the list ever has

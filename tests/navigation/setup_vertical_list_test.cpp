@@ -19,7 +19,9 @@ TEST_F(SetupVerticalList, StandsInTheMiddleBetweenTitleBandAndSoftKeys) {
 
 TEST_F(SetupVerticalList, PassesOverWhatIsHiddenAndStopsAtTheEnds) {
     setupVerticalList list({5, 0, {0, 102, 121}}, SetupItemLook::ShowSelected);
-    for (const std::uint32_t label : {325U, 328U, 326U}) list.addItem(label, 0, kIcon);
+    for (const std::uint32_t label : {325U, 328U, 326U}) list.addItem(label, 90, kIcon);
+    EXPECT_EQ(list.item(0)->BitmapNumber(PegBitmapPrompt::LeftIcon), 90U);
+    EXPECT_EQ(list.item(0)->BitmapNumber(PegBitmapPrompt::RightIcon), kIcon);
     list.item(1)->SetStatusBits(STAT_NO_CLIENT_CLIP);
     EXPECT_EQ(list.visibleCount(), 2);
     list.select(0);

@@ -21,6 +21,8 @@ TEST_F(Presentation, GivesANewScreenTheInputAndForgetsARemovedOne) {
     auto& second = AddNew<Recorder>(Manager(), RectOf(50, 50, 149, 149));
     EXPECT_EQ(Manager().Focus(), &second);
     EXPECT_EQ(first.Count(MSG_INPUT_OUT), 1);
+    EXPECT_EQ(first.Count(MSG_FOCUS_OUT), 1);
+    EXPECT_FALSE(first.HasStatus(STAT_CURRENT));
     EXPECT_EQ(second.Count(MSG_INPUT_IN), 1);
 
     Manager().RemoveChild(second);

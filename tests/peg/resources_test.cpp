@@ -23,7 +23,7 @@ Bytes Deflate(const Bytes& data) {
 }
 
 /// A file with strings in two languages and one set: a font of two pages, a bitmap, two colours and a palette.
-FileBuilder WholeFile(bool bigEndian, bool compressed) {
+FileBuilder WholeFile(bool bigEndian, bool compressed, unsigned depth = PegFont::kFourBits) {
     FileBuilder file(bigEndian);
     file.U16(0xBEEF).U16(0x0201).U16(1).U32(1).U16(0x1234);
     const std::array<std::u16string_view, 3> english{u"Volt", u"", u"Ampere"};
@@ -35,7 +35,7 @@ FileBuilder WholeFile(bool bigEndian, bool compressed) {
     for (const unsigned first : {unsigned{'A'}, 0x0410U}) {
         const Bytes glyphs{0xF0, 0x0F, 0x12, 0x34};
         const Bytes stored = compressed ? Deflate(glyphs) : glyphs;
-        file.U8(compressed ? 0x0C : 0x04).U8(2).U8(0).U8(2).U8(0).U8(0).U8(0).U16(2).U16(first).U16(first + 1);
+        file.U8(depth | (compressed ? 0x08 : 0)).U8(2).U8(0).U8(2).U8(0).U8(0).U8(0).U16(2).U16(first).U16(first + 1);
         file.Zeros(12).U16(3).U16(0).U16(3).U16(4);
         file.U32(static_cast<std::uint32_t>(stored.size())).Bytes(stored);
     }
@@ -114,6 +114,15 @@ TEST_F(Resources, AreTheSameFromAFileOfEitherByteOrderPlainOrCompressed) {
             EXPECT_EQ(std::u16string_view(PegResources::GetString(102)), u"Ampere") << "fewer languages";
         }
     }
+}
+
+TEST_F(Resources, KeepTheRowsOfAFontOfOneBitAPixel) {
+    ASSERT_EQ(Load(WholeFile(false, false, 0)), 1);
+    PegResources::InstallResourceSet(*PegResources::GetResourceSet(0), false);
+    const PegFont* font = PegResources::GetFont(32);
+    ASSERT_NE(font, nullptr);
+    EXPECT_EQ(font->packed, nullptr);
+    EXPECT_EQ(Bytes(font->glyphs, font->glyphs + 4), (Bytes{0xF0, 0x0F, 0x12, 0x34}));
 }
 
 TEST_F(Resources, OfAnEarlierLoadDisappearWithIt) {

@@ -92,6 +92,10 @@ TEST_F(Things, MoveBetweenParentsAndOnlyTheRightOneMayTakeThem) {
     EXPECT_FALSE(child.IsVisible());
     other.SetCanvas(5, true);
     EXPECT_EQ(child.Canvas(), 5);
+    PegMessage canvas = MessageOf(MSG_SET_CANVAS);
+    canvas.data[0] = 7;
+    child.Message(canvas);
+    EXPECT_EQ(child.Canvas(), 7);
     window.Destroy(other);
 }
 

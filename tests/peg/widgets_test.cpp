@@ -6,6 +6,7 @@
 #include "peg/widgets/bitmap_button.h"
 #include "peg/widgets/bitmap_prompt.h"
 #include "peg/widgets/horz_list.h"
+#include "peg/widgets/icon_button.h"
 #include "peg/widgets/text_box.h"
 #include "peg/widgets/text_button.h"
 #include "peg/widgets/vert_list.h"
@@ -357,6 +358,20 @@ TEST_F(Buttons, ShowTheBitmapOfTheirLook) {
     button.Invalidate();
     EXPECT_EQ(look(), 3);
     PegResources::Reset();
+}
+
+TEST_F(Buttons, ShowAnIconThatYieldsToThePress) {
+    const auto icon = PegScreen::CreateBitmap(4, 4, 0);
+    std::fill_n(icon->pixels.get(), 16, std::uint16_t{0x1234});
+    auto& button = AddNew<PegIconButton>(window, RectOf(0, 0, 19, 19), &icon->bitmap, std::uint16_t{5},
+                                         kStyleActive | kStyleBorderRaised);
+    EXPECT_EQ(button.Type(), TYPE_ICON_BUTTON);
+    Pump();
+    EXPECT_EQ(Pixel(8, 8), 0x1234);
+    button.Press(MSG_BUTTON_DOWN);
+    Pump();
+    EXPECT_EQ(Pixel(12, 12), 0x1234);
+    EXPECT_NE(Pixel(8, 8), 0x1234);
 }
 
 }  // namespace

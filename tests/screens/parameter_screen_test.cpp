@@ -83,6 +83,10 @@ TEST_F(CustomPages, LookAsTheyShouldWithOneToSixQuantities) {
     Compose(2, true, true);
     Ticks(20);
     EXPECT_TRUE(PanelShows("custom/first_and_last"));
+    Compose(4, false, false);
+    for (std::size_t i = 0; i < 4; ++i) Write(page.parameters[i].unit, std::string_view("kVARhhhhh").substr(0, 4 + i));
+    Ticks(20);
+    EXPECT_TRUE(PanelShows("custom/long_units"));
 }
 
 TEST_F(CustomPages, KeepTheirRowsWhenACountMakesNoSense) {

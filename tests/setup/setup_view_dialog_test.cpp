@@ -72,6 +72,7 @@ TEST_F(SetupViewDialogs, CloseByThemselvesAndEndTheLogin) {
         Press(KEY_SOFT_4);
         Ticks(kDialogTicks - 20);
         EXPECT_FALSE(IsScreenAsBefore());
+        EXPECT_EQ(meter().Calls(kReadRegister), 0) << "the screen behind it waits";
         Press(KEY_SOFT_1);
         Ticks(kDialogTicks);
         EXPECT_FALSE(IsScreenAsBefore()) << "a key starts the time again";
