@@ -47,10 +47,10 @@ TEST_F(PhasorScreen, ShowsEveryAngleOfTheCircle) {
 
 TEST_F(PhasorScreen, LeavesOutThePhasorsThatHaveNoArrow) {
     Reply reply{};
-    for (const std::size_t drawn : {0, 1, 2, 4, 5, 6}) reply[drawn] = Phasor(100, static_cast<int>(drawn) * 50);
+    for (const std::size_t drawn : {0U, 1U, 2U, 4U, 5U, 6U}) reply[drawn] = Phasor(100, static_cast<int>(drawn) * 50);
     ShowPhasors(reply);
     EXPECT_TRUE(PanelShows("phasor/six_arrows"));
-    for (const std::size_t other : {3, 8, 9}) reply[other] = Phasor(1'000'000, 25);
+    for (const std::size_t other : {3U, 8U, 9U}) reply[other] = Phasor(1'000'000, 25);
     ShowPhasors(reply);
     EXPECT_TRUE(PanelShows("phasor/six_arrows")) << "they do not enter the scale either";
     reply[2].shown.Set(2);

@@ -45,7 +45,7 @@ TEST_F(SetupViewValues, ComeFromTheirRegistersAndLeadToTheirEditScreens) {
             editScreens.push_back(value.editScreen);
         }
     }
-    std::ranges::rotate(editScreens, editScreens.end() - kGridColumns);
+    std::rotate(editScreens.begin(), editScreens.end() - kGridColumns, editScreens.end());
     EXPECT_EQ(RegistersOf(kSettingGrid.screen), registers);
     for (const std::int32_t editScreen : editScreens) {
         Press(KEY_SOFT_4);
