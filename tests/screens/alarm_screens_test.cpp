@@ -2,6 +2,7 @@
 
 #include <cstring>
 
+#include "localization/display_config.h"
 #include "screens/parameters/custom_screen.h"
 #include "tests/bench/panel_bench.h"
 #include "tests/bench/wire_text.h"
@@ -67,8 +68,12 @@ TEST_F(AlarmScreens, ListActiveAlarmsAsTheyShould) {
     unacknowledged = 2;
     Ticks(21);
     EXPECT_TRUE(PanelShows("alarms/active_two"));
+    DISPCFG_setLanguage(1);
+    Ticks(40);
+    EXPECT_TRUE(PanelShows("alarms/active_two_german"));
+    DISPCFG_setLanguage(0);
     Fill(10);
-    Ticks(21);
+    Ticks(41);
     EXPECT_TRUE(PanelShows("alarms/active_ten"));
     Press(KEY_SOFT_3);
     EXPECT_TRUE(PanelShows("alarms/active_second_selected"));
