@@ -78,6 +78,8 @@ TEST_F(MeterAccess, NoticesAnotherConnectionOnceAndASixthFailureInARow) {
     for (int i = 0; i < 5; ++i) EXPECT_TRUE(Access().isSameMeterConnection());
     meter().Recover();
     EXPECT_TRUE(Access().isSameMeterConnection());
+    meter().FallSilent();
+    EXPECT_TRUE(Access().isSameMeterConnection()) << "the failures before the success are forgotten";
 }
 
 class Password : public PanelBench {
