@@ -42,7 +42,7 @@ constexpr std::uint32_t kUnacknowledged = 101;
 constexpr std::uint32_t kAlarm = 102;
 constexpr std::uint32_t kDate = 114;
 
-PegRect HeadingPlace(int left) { return PlaceOnLine(kHeadingLine, left, kList.right, kHeadingFont); }
+PegRect HeadingPlace(int left, int right) { return PlaceOnLine(kHeadingLine, left, right, kHeadingFont); }
 
 void LookLikeHeading(PegPrompt& prompt) {
     prompt.SetFontNumber(kHeadingFont);
@@ -59,9 +59,11 @@ void ShowIcon(PegBitmapPrompt& row, PegBitmapPrompt::Slot slot, std::uint32_t ic
 almActiveListScrnClass::almActiveListScrnClass(std::int32_t screenId, AlarmListController& controller)
     : ListScreen(screenId, kPlaces, {kRowLook, kRowLook, kRowLook, kRowLook}),
       m_controller(controller),
-      m_alarmHeading(AddNew<PegBitmapPrompt>(*this, HeadingPlace(kList.left), nullptr, std::uint16_t{0}, kStrip)),
-      m_dateHeading(AddNew<PegPrompt>(*this, HeadingPlace(kDateColumn), nullptr, std::uint16_t{0}, kLeft)),
-      m_endHeading(AddNew<PegPrompt>(*this, HeadingPlace(kNameColumn), nullptr, std::uint16_t{0}, kRight)),
+      m_alarmHeading(
+          AddNew<PegBitmapPrompt>(*this, HeadingPlace(kList.left, kList.right), nullptr, std::uint16_t{0}, kStrip)),
+      m_dateHeading(AddNew<PegPrompt>(*this, HeadingPlace(kDateColumn, kNameColumn), nullptr, std::uint16_t{0}, kLeft)),
+      m_endHeading(AddNew<PegPrompt>(*this, HeadingPlace(kNameColumn, kList.right - kTextIndent), nullptr,
+                                     std::uint16_t{0}, kRight)),
       m_unacknowledged(AddNew<PegPrompt>(*this, PlaceOnLine(kUnacknowledgedLine, kList.left, kList.right, kRowFont),
                                          nullptr, std::uint16_t{0}, kUnacknowledgedStyle)) {
     for (PegPrompt* heading : {static_cast<PegPrompt*>(&m_alarmHeading), &m_dateHeading, &m_endHeading}) {
