@@ -45,9 +45,6 @@ TEST_F(Startup, StartsTheTasksOfTheApplicationAtTheHandOver) {
     EXPECT_EQ(Tasks().asked, (std::vector<AskedTask>{{"tDispRdaServer", 194, kFloatingPoint, 4096, true},
                                                      {"tDispButtons", 80, kFloatingPoint, 4096, true},
                                                      {"tDispOneSecond", 194, kFloatingPoint, 4096, true}}));
-    Manager().AddChild(startupScreen::getInstance());
-    Ticks(40);
-    EXPECT_EQ(std::ranges::count(Tasks().asked, "tDispRdaServer", &AskedTask::name), 1) << "one server for ever";
 }
 
 TEST_F(Startup, BuildsTheApplicationEvenWhenNoTaskCanBeCreated) {

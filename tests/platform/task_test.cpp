@@ -81,10 +81,12 @@ TEST_F(Tasks, HaveIdsOfTheirOwn) {
 
 TEST_F(Tasks, RunWithoutTheirPriorityWhereTheProcessMayHaveNone) {
     constexpr uid_t kNobody = 65534;
-    ASSERT_TRUE(geteuid() != 0 || seteuid(kNobody) == 0);
+    const uid_t user = geteuid();
+    ASSERT_TRUE(user != 0 || seteuid(kNobody) == 0);
     ASSERT_NE(os::taskSpawn("tOne", 100, 0, 4096, TellAboutSelf, 42), os::kTaskError);
     Report report{};
     EXPECT_GT(os::msgQReceive(reports, &report, sizeof report, os::kWaitForever), 0);
+    ASSERT_EQ(seteuid(user), 0);
 }
 
 TEST_F(Tasks, AreNotMadeWithoutAnEntryOrWithAStackBeyondTheMachine) {
