@@ -107,7 +107,7 @@ std::int32_t PegPresentationManager::OnExit(const PegMessage& message) {
 }
 
 int PegPresentationManager::RouteToTaskQueue(const PegMessage& message) {
-    if (!m_hasRoutes.load(std::memory_order_relaxed)) return 0;
+    if (!m_hasRoutes.load(std::memory_order_acquire)) return 0;
     const PegThing* thing = message.target;
     if (thing == nullptr && (message.type == MSG_KEY_DOWN || message.type == MSG_KEY_UP)) thing = m_focus;
     for (; thing != nullptr && thing != this; thing = thing->Parent()) {

@@ -98,7 +98,7 @@ private:
     std::vector<std::unique_ptr<std::array<PegArea, kPoolGrowth>>> m_pool;  // grows, and never shrinks
     PegThing* m_drawing = nullptr;                                          // the thing being drawn in the idle pass
     std::vector<TaskRoute> m_routes;
-    std::atomic<bool> m_hasRoutes = false;  // written by the toolkit task; senders of other tasks ask it first
+    std::atomic<bool> m_hasRoutes = false;  // written after the routes; senders of other tasks ask it first
     ExitCallback m_exitCallback = nullptr;
     UserMessageCallback m_userMessageCallback = nullptr;
     bool m_refocusPending = false;

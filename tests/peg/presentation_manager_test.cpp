@@ -252,23 +252,36 @@ TEST_F(Presentation, EndsItsLoopWhenItsOwnRequestFindsNoWindowAndNothingWaiting)
     EXPECT_EQ(waiting, 1);
 }
 
+/// A dialog that tells other tasks that it has heard something.
+class Dialog : public Recorder {
+public:
+    using Recorder::Recorder;
+    std::int32_t Message(const PegMessage& message) override {
+        const std::int32_t result = Recorder::Message(message);
+        if (message.type == kUser) hasHeard = true;
+        return result;
+    }
+    std::atomic<bool> hasHeard{false};
+};
+
 TEST_F(Presentation, LeadsAModalWindowsInputToTheTaskThatRunsIt) {
     auto& elsewhere = AddNew<Recorder>(Manager(), RectOf(200, 0, 299, 99));
     for (const bool hasQueue : {false, true}) {
-        auto* dialog = new Recorder(RectOf(0, 0, 50, 50));
+        auto* dialog = new Dialog(RectOf(0, 0, 50, 50));
         Manager().AddChild(*dialog);
         auto& control = AddNew<PegThing>(*dialog, RectOf(0, 0, 9, 9));
         PegWindow before;
         const os::MessageQueueId own = os::msgQCreate(kQueueMessages, kQueueMessageBytes, os::kQueueFifo);
-        std::atomic<bool> isPrepared{false};
-        std::thread task([&] {
-            if (hasQueue) Manager().AddTaskRoute(before, os::taskIdSelf(), own);
-            isPrepared = true;
-            EXPECT_EQ(dialog->Execute(), 1002);
-        });
         PegMessage toControl = MessageOf(kUser);
         toControl.target = &control;
-        while (!isPrepared || Manager().RouteToTaskQueue(toControl) == 0) os::taskDelay(1);
+        if (hasQueue) {
+            EXPECT_EQ(PegMessageQueue::EnqueueTaskMessage(toControl, own), 1);
+        }
+        std::thread task([&] {
+            if (hasQueue) Manager().AddTaskRoute(before, os::taskIdSelf(), own);
+            EXPECT_EQ(dialog->Execute(), 1002);
+        });
+        while (hasQueue ? !dialog->hasHeard : Manager().RouteToTaskQueue(toControl) == 0) os::taskDelay(1);
         EXPECT_EQ(Manager().RouteToTaskQueue(MessageOf(MSG_KEY_DOWN, 65)), 1) << "the dialog has the focus";
         EXPECT_EQ(Manager().RouteToTaskQueue(MessageOf(0x50)), 0);
         PegMessage toOther = toControl;
