@@ -89,38 +89,28 @@ MessageQueueId msgQCreate(std::size_t maxMessages, std::size_t maxMessageLength,
 int msgQSend(MessageQueueId queue, const void* buffer, std::size_t bytes, int timeout, int /*priority*/) {
     if (queue == nullptr) return Fail(QueueError::NoQueue);
     if (bytes > queue->slotBytes) return Fail(QueueError::TooLong);
-    bool wake = false;
-    {
-        Lock lock(*queue);
-        const auto hasRoom = [queue] { return queue->count < queue->slots; };
-        if (!lock.WaitFor(queue->notFull, queue->sendersWaiting, timeout, hasRoom)) return Fail(QueueError::Full);
-        const std::size_t slot = (queue->oldest + queue->count) % queue->slots;
-        if (bytes != 0) std::memcpy(&queue->bytes[slot * queue->slotBytes], buffer, bytes);
-        queue->lengths[slot] = bytes;
-        ++queue->count;
-        wake = queue->receiversWaiting != 0;
-    }
-    if (wake) pthread_cond_signal(&queue->notEmpty);
+    Lock lock(*queue);
+    const auto hasRoom = [queue] { return queue->count < queue->slots; };
+    if (!lock.WaitFor(queue->notFull, queue->sendersWaiting, timeout, hasRoom)) return Fail(QueueError::Full);
+    const std::size_t slot = (queue->oldest + queue->count) % queue->slots;
+    if (bytes != 0) std::memcpy(&queue->bytes[slot * queue->slotBytes], buffer, bytes);
+    queue->lengths[slot] = bytes;
+    ++queue->count;
+    // Under the lock: whoever receives the message may delete the queue.
+    if (queue->receiversWaiting != 0) pthread_cond_signal(&queue->notEmpty);
     return 0;
 }
 
 int msgQReceive(MessageQueueId queue, void* buffer, std::size_t maxBytes, int timeout) {
     if (queue == nullptr) return Fail(QueueError::NoQueue);
-    std::size_t bytes = 0;
-    bool wake = false;
-    {
-        Lock lock(*queue);
-        const auto hasMessage = [queue] { return queue->count != 0; };
-        if (!lock.WaitFor(queue->notEmpty, queue->receiversWaiting, timeout, hasMessage)) {
-            return Fail(QueueError::Empty);
-        }
-        bytes = std::min(queue->lengths[queue->oldest], maxBytes);
-        if (bytes != 0) std::memcpy(buffer, &queue->bytes[queue->oldest * queue->slotBytes], bytes);
-        queue->oldest = (queue->oldest + 1) % queue->slots;
-        --queue->count;
-        wake = queue->sendersWaiting != 0;
-    }
-    if (wake) pthread_cond_signal(&queue->notFull);
+    Lock lock(*queue);
+    const auto hasMessage = [queue] { return queue->count != 0; };
+    if (!lock.WaitFor(queue->notEmpty, queue->receiversWaiting, timeout, hasMessage)) return Fail(QueueError::Empty);
+    const std::size_t bytes = std::min(queue->lengths[queue->oldest], maxBytes);
+    if (bytes != 0) std::memcpy(buffer, &queue->bytes[queue->oldest * queue->slotBytes], bytes);
+    queue->oldest = (queue->oldest + 1) % queue->slots;
+    --queue->count;
+    if (queue->sendersWaiting != 0) pthread_cond_signal(&queue->notFull);
     return static_cast<int>(bytes);
 }
 
