@@ -90,7 +90,7 @@ TEST_F(Tasks, RunWithoutTheirPriorityWhereTheProcessMayHaveNone) {
 }
 
 TEST_F(Tasks, AreNotMadeWithoutAnEntryOrWithAStackBeyondTheMachine) {
-    constexpr std::size_t kBeyond = ~std::size_t{0} / 2;
+    constexpr std::size_t kBeyond = ~std::size_t{0} / 16 * 15;
     EXPECT_EQ(os::taskCreate("tNone", 100, 0, 4096, nullptr, 0), os::kTaskError);
     EXPECT_EQ(os::taskCreate("tHuge", 100, 0, kBeyond, TellAboutSelf, 42), os::kTaskError);
     EXPECT_EQ(os::taskSpawn("tHuge", 100, 0, kBeyond, TellAboutSelf, 42), os::kTaskError);
