@@ -231,6 +231,8 @@ TEST_F(Lists, PlaceTheirItemsAndScrollTheSelectedOneIntoView) {
     list.SelectIndex(0);
     EXPECT_EQ(list.ItemAt(0)->Real().top, 10);
     EXPECT_EQ(list.Count(), 4);
+    list.Resize(RectOf(10, 10, 89, 49));
+    EXPECT_EQ(list.ItemAt(0)->Real(), RectOf(10, 10, 89, 24));
 }
 
 TEST_F(Lists, MoveTheSelectionByKeysAndStopAtTheEndsUnlessTheyWrap) {

@@ -77,6 +77,8 @@ TEST_F(AlarmScreens, ListActiveAlarmsAsTheyShould) {
     EXPECT_TRUE(PanelShows("alarms/active_ten"));
     Press(KEY_SOFT_3);
     EXPECT_TRUE(PanelShows("alarms/active_second_selected"));
+    Press(KEY_SOFT_2);
+    EXPECT_TRUE(PanelShows("alarms/active_ten"));
 }
 
 TEST_F(AlarmScreens, ScrollWhenTheSelectionIsAtTheEndOfThePage) {
