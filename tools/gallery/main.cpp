@@ -105,7 +105,7 @@ void WriteGallery(const Options& options) {
         pictures += one.captions.size();
     }
     Create(options.out / "index.html") << GalleryPage(options.out, all);
-    std::cout << pictures << " pictures in " << all.size() << " languages: " << (options.out / "index.html").string()
+    std::cout << pictures << " pictures, languages: " << all.size() << "; " << (options.out / "index.html").string()
               << '\n';
 }
 
