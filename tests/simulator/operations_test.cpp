@@ -1,10 +1,6 @@
 #include "simulator/meter/model/operations.h"
 
-#include <gtest/gtest.h>
-
 #include <limits>
-#include <set>
-#include <string>
 
 #include "tests/simulator/bench.h"
 
@@ -13,10 +9,7 @@ namespace {
 using namespace meter;
 using bench::Bytes;
 
-class AllOperations : public testing::Test {
-protected:
-    Meter m_meter{bench::kSeed, bench::kStart};
-};
+class AllOperations : public bench::MeterAlone {};
 
 TEST_F(AllOperations, TakeTheLargestNumbers) {
     constexpr std::uint32_t kMost = std::numeric_limits<std::uint32_t>::max();
@@ -34,27 +27,6 @@ TEST_F(AllOperations, TakeTheLargestNumbers) {
             EXPECT_EQ(m_meter.Answer(operation.name, payload, reply), !many || last != kMost) << operation.name;
         }
     }
-}
-
-TEST_F(AllOperations, TurnPagesAndStopAtBothEnds) {
-    const auto turn = [this](std::uint32_t command) {
-        return bench::Ask<CustomScreenData>(m_meter, "CUSTOMSCREENINTERFACE_getNormalModeScreenData",
-                                            bench::Words({command}));
-    };
-    EXPECT_EQ(turn(kPagePrevious).isFirstPage.Get(), 1U);
-    std::set<std::string> titles;
-    CustomScreenData page = turn(kPageCurrent);
-    for (int i = 0; i < 20 && page.isLastPage.Get() == 0; ++i) {
-        titles.emplace(TextIn(page.title));
-        ASSERT_GE(page.count.Get(), 1U);
-        ASSERT_LE(page.count.Get(), kMaxPageParameters);
-        EXPECT_FALSE(TextIn(page.parameters[page.count.Get() - 1].value).empty());
-        page = turn(kPageNext);
-    }
-    EXPECT_EQ(page.isLastPage.Get(), 1U);
-    EXPECT_EQ(titles.size(), PagesOf(PageSet::Normal).size() - 1);
-    EXPECT_EQ(TextIn(turn(kPageNext).title), TextIn(page.title));
-    EXPECT_EQ(turn(kPageFirst).isFirstPage.Get(), 1U);
 }
 
 }  // namespace
