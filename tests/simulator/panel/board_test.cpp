@@ -10,7 +10,6 @@
 #include <atomic>
 #include <cstdint>
 #include <fstream>
-#include <latch>
 #include <thread>
 #include <vector>
 
@@ -95,30 +94,6 @@ TEST_F(EmulatedBoard, NeverShowsHalfAFrame) {
     display.join();
 }
 
-TEST_F(EmulatedBoard, WaitsForTheWriterThatFollowsAFrameAtOnce) {
-    // The board's thread stands still until a frame and half of the next are there.
-    std::atomic<bool> standing = false;
-    std::latch goOn(1);
-    board().OnChange([&] {
-        standing = true;
-        goOn.wait();
-    });
-    Request("/db9000_bl", 0x20047A36, 0);
-    ASSERT_TRUE(Eventually([&] { return standing.load(); }));
-    WriteFrame(1);
-    const std::vector<std::uint8_t> half(kFrameBytes / 2, 2);
-    const int device = os::open("/db9000_fb", os::kReadWrite);
-    ASSERT_EQ(os::write(device, half.data(), half.size()), ssize_t{kFrameBytes / 2});
-    goOn.count_down();
-    EXPECT_TRUE(Eventually([this] { return board().State().frames == 1; }));
-    EXPECT_EQ(board().NewestFrame()->front(), 0) << "the first frame is gone, the second is not whole";
-    ASSERT_EQ(os::write(device, half.data(), half.size()), ssize_t{kFrameBytes / 2});
-    os::close(device);
-    EXPECT_TRUE(Eventually([this] { return board().NewestFrame()->front() == 2; }));
-    EXPECT_EQ(board().State().frames, 2U);
-    board().OnChange({});
-}
-
 TEST_F(EmulatedBoard, LosesNoKeyBetweenTwoOpenings) {
     constexpr int kCount = 2000;
     std::thread fingers([this] {
@@ -140,33 +115,11 @@ TEST_F(EmulatedBoard, SaysWhenNobodyReadsTheKeys) {
     EXPECT_EQ(sent, 512);
 }
 
-TEST_F(EmulatedBoard, DoesWhatTheBacklightIsAskedFor) {
-    EXPECT_EQ(Request("/db9000_bl", 0x20047A38, 1), 0);
-    EXPECT_EQ(Request("/db9000_bl", 0x20047A3B, 374), 0);
-    EXPECT_EQ(Request("/db9000_bl", 0x20047A36, 0), 255);
-    EXPECT_EQ(Request("/db9000_bl", 0x20047A2D, 63), 0);
-    EXPECT_EQ(Request("/db9000_bl", 0x20047A36, 0), 63);
-    EXPECT_EQ(Request("/db9000_bl", 0x20047A20, 0), 0);
+TEST_F(EmulatedBoard, RefusesRequestsThatItsDevicesDoNotHave) {
     for (const int level : {-1, 256}) EXPECT_EQ(Request("/db9000_bl", 0x20047A2D, level), -1);
     EXPECT_EQ(Request("/db9000_bl", 0x20047A27, 1), -1) << "not a request of this device";
-    const panel::Backlight backlight = board().State().backlight;
-    EXPECT_EQ(backlight.level, 63);
-    EXPECT_FALSE(backlight.on);
-}
-
-TEST_F(EmulatedBoard, DrivesEachLineByItsBit) {
-    constexpr int kSet = 0x20047A27;
-    constexpr int kClear = 0x20047A28;
-    const auto lines = [this] { return board().State().lineHigh; };
-    EXPECT_EQ(Request("/rasGpio1/0", kSet, 0x10), 0);
-    EXPECT_EQ(lines(), (std::array{true, false, true}));
-    EXPECT_EQ(Request("/rasGpio1/0", kSet, 0x08), 0);
-    EXPECT_EQ(Request("/rasGpio1/0", kClear, 0x10), 0);
-    EXPECT_EQ(lines(), (std::array{false, true, true}));
-    EXPECT_EQ(Request("/rasGpio1/1", kClear, 0x08), 0);
-    EXPECT_EQ(lines(), (std::array{false, true, false}));
-    EXPECT_TRUE(board().State().AlarmLamp());
     EXPECT_EQ(Request("/rasGpio1/1", 0x20047A20, 1), -1);
+    EXPECT_EQ(Request("/db9000_bl", 0x20047A36, 0), 255);
 }
 
 TEST_F(EmulatedBoard, APacketOfAnotherSizeEndsItsConnectionOnly) {

@@ -1,6 +1,8 @@
 #include "simulator/panel/server.h"
 
-#include "tests/simulator/panel/fake_meter.h"
+#include <thread>
+
+#include "simulator/meter/link/control_socket.h"
 #include "tests/simulator/panel/panel_server.h"
 
 namespace {
@@ -14,17 +16,6 @@ TEST_F(PanelServer, ServesThePageWithItsTypesAndItsPolicy) {
     EXPECT_NE(page.headers.find("content-type: text/html"), std::string::npos);
     EXPECT_NE(page.headers.find("content-security-policy: default-src 'none'"), std::string::npos);
     EXPECT_NE(Ask("GET", "/panel.js").headers.find("text/javascript"), std::string::npos);
-}
-
-TEST_F(PanelServer, TellsTheStateOfTheBoard) {
-    const auto fresh = State();
-    EXPECT_EQ(fresh["frames"], 0);
-    EXPECT_EQ(fresh["backlight"], (nlohmann::json{{"level", 255}, {"on", true}}));
-    EXPECT_EQ(fresh["lines"], (nlohmann::json{0, 0, 1}));
-    EXPECT_EQ(fresh["meter"], nullptr);
-    WriteFrame(1);
-    EXPECT_TRUE(Eventually([this] { return State()["frames"] == 1; }));
-    EXPECT_TRUE(State()["display"]);
 }
 
 TEST_F(PanelServer, PutsKeysIntoTheBoard) {
@@ -114,9 +105,11 @@ TEST_F(PanelServer, AViewerSeesStateAndFramesAndHoldsKeys) {
     {
         HttpClient viewer = Client();
         ASSERT_EQ(viewer.Upgrade("/live").status, 101);
-        const auto state = viewer.ReadMessage();
-        EXPECT_EQ(state.opcode, 1);
-        EXPECT_EQ(nlohmann::json::parse(state.payload)["frames"], 1);
+        const auto state = nlohmann::json::parse(viewer.ReadMessage().payload);
+        EXPECT_EQ(state["frames"], 1);
+        EXPECT_EQ(state["backlight"], (nlohmann::json{{"level", 255}, {"on", true}}));
+        EXPECT_EQ(state["lines"], (nlohmann::json{0, 0, 1}));
+        EXPECT_EQ(state["meter"], nullptr);
         HttpClient::Message frame = viewer.ReadMessage();
         while (frame.opcode == 1) frame = viewer.ReadMessage();
         EXPECT_EQ(frame.payload, std::string(panel::kFrameBytes, 7));
@@ -201,19 +194,16 @@ TEST_F(PanelServer, PutsLinesToTheMeter) {
     Serve(path);
     EXPECT_EQ(State()["meter"], false);
     EXPECT_EQ(Ask("POST", "/meter", "state").status, 502);
-    const FakeMeter meter(path);
-    EXPECT_TRUE(Eventually([this] { return State()["meter"] == true; }));
-    EXPECT_EQ(State()["meterState"]["scenario"], "sag");
-    for (const std::string line : {"scenario sag", "navigate 7"}) {
-        const auto reply = Ask("POST", "/meter", line);
-        EXPECT_EQ(reply.status, 200);
-        EXPECT_EQ(reply.body, "ok " + line + "\n");
-    }
-    EXPECT_EQ(Ask("POST", "/meter", "silent").status, 502);
-    HttpClient impatient = Client();
-    impatient.Send("POST /meter HTTP/1.1\r\n" + Host() + "Content-Length: 4\r\n\r\nslowGET / HTTP/1.1\r\n" + Host() +
-                   "\r\n");
+    meter::ControlSocket meter(path, [](std::string_view line) { return "ok " + std::string(line); });
+    HttpClient client = Client();
+    client.Send("POST /meter HTTP/1.1\r\n" + Host() + "Content-Length: 10\r\n\r\nnavigate 7");
     EXPECT_EQ(Ask("GET", "/state").status, 200) << "a waiting line holds up nobody";
+    const std::jthread serving([&meter](const std::stop_token& stop) {
+        while (!stop.stop_requested()) meter.Serve();
+    });
+    const auto reply = client.Read();
+    EXPECT_EQ(reply.status, 200);
+    EXPECT_EQ(reply.body, "ok navigate 7\n");
     for (const std::string body : {"", "\n", "scenario sag\nnavigate 7", "a\rb"})
         EXPECT_EQ(Ask("POST", "/meter", body).status, 400);
     EXPECT_EQ(Ask("GET", "/meter").status, 405);
