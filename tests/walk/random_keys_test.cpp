@@ -22,12 +22,13 @@ protected:
         for (long left = KeysOfEachWalk(); left > 0 && !HasFailure(); left -= kLongestWalk, seed += kWalks) {
             const WalkReport report = Walk(seed, std::min(left, kLongestWalk), withFaults);
             EXPECT_EQ(report.fault, "") << Explain(report, seed);
-            EXPECT_EQ(report.screensMissed, 0U);
-            EXPECT_GT(report.logins, report.keys / 5000);
-            EXPECT_GT(report.writes, report.keys / 5000);
-            EXPECT_GT(report.refusals, withFaults ? 10 : 0);
-            std::printf("seed %u: %ld keys, %zu strokes, %d logins, %d writes, %d of them refused\n", seed, report.keys,
-                        report.strokes.size(), report.logins, report.writes, report.refusals);
+            EXPECT_EQ(report.counts.screensMissed, 0U);
+            EXPECT_GT(report.counts.logins, report.counts.keys / 5000);
+            EXPECT_GT(report.counts.writes, report.counts.keys / 5000);
+            EXPECT_GT(report.counts.refusals, withFaults ? 10 : 0);
+            std::printf("seed %u: %ld keys, %zu strokes, %d logins, %d writes, %d of them refused\n", seed,
+                        report.counts.keys, report.strokes.size(), report.counts.logins, report.counts.writes,
+                        report.counts.refusals);
         }
     }
 };

@@ -11,6 +11,5 @@ using ShowsFault = std::function<bool(std::span<const Stroke>)>;
 
 /// The part of a list that shows the same fault and from which no stroke can be left out, with no wait that is not
 /// needed.
-/// @param strokes  show the fault
-/// @param mostRuns  how often it may be tried; what was found until then is returned
-std::vector<Stroke> Shrink(std::vector<Stroke> strokes, const ShowsFault& showsFault, int mostRuns = 2000);
+/// @param strokes  show the fault; after so many runs, what was found until then is returned
+std::vector<Stroke> Shrink(std::vector<Stroke> strokes, const ShowsFault& showsFault);

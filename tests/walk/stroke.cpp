@@ -4,23 +4,7 @@
 
 namespace {
 
-constexpr std::array<const char*, 6> kKeyNames = {"home", "soft1", "soft2", "soft3", "soft4", "soft23"};
-constexpr std::array<const char*, kLinkStates> kLinkNames = {"whole",           "silent",  "losing replies",
-                                                             "cutting replies", "garbage", "refusing writes"};
-
-std::string WordsOf(const Stroke& stroke) {
-    const auto target = static_cast<std::size_t>(stroke.target);
-    switch (stroke.kind) {
-        case Stroke::Kind::Press: return kKeyNames[stroke.key];
-        case Stroke::Kind::Chord: return std::string(kKeyNames[stroke.key]).append("+").append(kKeyNames[stroke.other]);
-        case Stroke::Kind::Bounce:
-            return std::string(kKeyNames[stroke.key]).append(" bouncing ").append(std::to_string(stroke.times));
-        case Stroke::Kind::Go: return std::string("meter: screen ").append(std::to_string(stroke.target));
-        case Stroke::Kind::Mode: return std::string("meter: mode ").append(std::to_string(stroke.target));
-        case Stroke::Kind::Link: return std::string("link ").append(kLinkNames[target]);
-    }
-    return {};
-}
+constexpr std::array<const char*, 6> kKindNames = {"Press", "Chord", "Bounce", "Go", "Mode", "Link"};
 
 }  // namespace
 
@@ -38,11 +22,18 @@ int Stroke::Keys() const {
 
 std::string TextOf(std::span<const Stroke> strokes) {
     std::string text;
+    const auto add = [&text](const char* field, int value, int usual) {
+        if (value != usual) text += std::string(", .") + field + " = " + std::to_string(value);
+    };
     for (const Stroke& stroke : strokes) {
-        text += "  " + WordsOf(stroke);
-        if (stroke.held != 0) text += ", held " + std::to_string(stroke.held) + " ticks";
-        if (stroke.then != 0) text += ", then " + std::to_string(stroke.then) + " ticks";
-        text += '\n';
+        text += std::string("{.kind = Stroke::Kind::") + kKindNames[static_cast<std::size_t>(stroke.kind)];
+        add("key", stroke.key, 0);
+        add("other", stroke.other, 0);
+        add("times", stroke.times, 1);
+        add("target", stroke.target, 0);
+        add("held", stroke.held, 0);
+        add("then", stroke.then, 0);
+        text += "},\n";
     }
     return text;
 }

@@ -50,5 +50,5 @@ inline constexpr std::uint8_t kSoftKey3 = 3;
 inline constexpr std::uint8_t kSoftKey4 = 4;
 inline constexpr std::uint8_t kSoftKeys23 = 5;
 
-/// The strokes as words, one a line.
+/// The strokes as a test can have them, one a line.
 std::string TextOf(std::span<const Stroke> strokes);

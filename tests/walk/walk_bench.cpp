@@ -37,11 +37,7 @@ struct WalkBench::Step {
 /// What the walking process leaves for the one that waits for it, and that outlives its end.
 struct WalkBench::Shared {
     std::size_t steps;
-    long keys;
-    int writes;
-    int refusals;
-    int logins;
-    std::size_t screensMissed;
+    WalkCounts counts;
     bool done;
     std::array<char, 200> fault;
     Step list[1];  // in truth as many as there is room for
@@ -71,23 +67,16 @@ WalkReport WalkBench::Walk(unsigned seed, long keys, bool withFaults) {
     const auto room = static_cast<std::size_t>(keys) * 2;
     Shared& shared = RunInChild(room, [&](Shared& told) {
         StrokeGenerator generator(seed, withFaults, *m_typing);
-        while (told.keys < keys && told.steps < room && m_fault.empty()) {
+        while (told.counts.keys < keys && told.steps < room && m_fault.empty()) {
             const std::int32_t screen = Navigation().getCurrentScreenId();
             const Stroke stroke = generator.Next(screen, m_unseen);
             told.list[told.steps++] = {stroke, static_cast<std::int16_t>(screen)};  // first: it may be the last
-            told.keys += stroke.Keys();
+            told.counts.keys += stroke.Keys();
             Do(stroke);
             if (told.steps % kStrokesBetweenLooks == 0) alarm(kHangSeconds);
         }
     });
-    WalkReport report{.strokes = {},
-                      .screens = {},
-                      .fault = shared.fault.data(),
-                      .keys = shared.keys,
-                      .writes = shared.writes,
-                      .refusals = shared.refusals,
-                      .logins = shared.logins,
-                      .screensMissed = shared.screensMissed};
+    WalkReport report{.strokes = {}, .screens = {}, .fault = shared.fault.data(), .counts = shared.counts};
     for (const Step& step : std::span(shared.list, shared.steps)) {
         report.strokes.push_back(step.stroke);
         report.screens.push_back(step.screen);
@@ -124,7 +113,7 @@ std::vector<Stroke> WalkBench::ShortestOf(const WalkReport& report) {
 
 std::string WalkBench::Explain(const WalkReport& report, unsigned seed) {
     if (report.fault.empty()) return {};
-    return report.fault + "\nseed " + std::to_string(seed) + ", after " + std::to_string(report.keys) +
+    return report.fault + "\nseed " + std::to_string(seed) + ", after " + std::to_string(report.counts.keys) +
            " keys; this is enough to show it:\n" + TextOf(ShortestOf(report));
 }
 
@@ -157,10 +146,10 @@ WalkBench::Shared& WalkBench::RunInChild(std::size_t steps, const std::function<
 }
 
 void WalkBench::Tell(Shared& shared) const {
-    shared.writes = m_watch.Writes();
-    shared.refusals = m_watch.Refusals();
-    shared.logins = m_watch.Logins();
-    shared.screensMissed = m_unseen.size();
+    shared.counts.writes = m_watch.Writes();
+    shared.counts.refusals = m_watch.Refusals();
+    shared.counts.logins = m_watch.Logins();
+    shared.counts.screensMissed = m_unseen.size();
     CopyText(m_fault, shared.fault);
     shared.done = true;
 }

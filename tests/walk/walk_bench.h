@@ -13,16 +13,21 @@
 #include "tests/walk/typing.h"
 #include "tests/walk/write_watch.h"
 
-/// What a walk came to.
-struct WalkReport {
-    std::vector<Stroke> strokes;
-    std::vector<std::int16_t> screens;  // on which each stroke was made
-    std::string fault;                  // empty: none
+/// What happened on a walk, in numbers.
+struct WalkCounts {
     long keys = 0;
     int writes = 0;
     int refusals = 0;
     int logins = 0;
     std::size_t screensMissed = 0;
+};
+
+/// What a walk came to.
+struct WalkReport {
+    std::vector<Stroke> strokes;
+    std::vector<std::int16_t> screens;  // on which each stroke was made
+    std::string fault;                  // empty: none
+    WalkCounts counts;
 };
 
 /// The application as it came up, on which walks are tried out: each in a process of its own that begins there.
