@@ -30,17 +30,13 @@ inline Bytes Call(std::string_view name, const Bytes& payload, std::uint32_t res
 class Connection {
 public:
     explicit Connection(std::uint16_t port) : m_socket(::socket(AF_INET, SOCK_STREAM, 0)) {
-        sockaddr_in address{};
-        address.sin_family = AF_INET;
-        address.sin_port = htons(port);
-        address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
+        const sockaddr_in address{AF_INET, htons(port), {htonl(INADDR_LOOPBACK)}, {}};
         const int on = 1;
         ::setsockopt(m_socket.Get(), IPPROTO_TCP, TCP_NODELAY, &on, sizeof on);
         m_isOpen = ::connect(m_socket.Get(), reinterpret_cast<const sockaddr*>(&address), sizeof address) == 0;
     }
     explicit Connection(const std::string& path) : m_socket(::socket(AF_UNIX, SOCK_STREAM, 0)) {
-        sockaddr_un address{};
-        address.sun_family = AF_UNIX;
+        sockaddr_un address{AF_UNIX, {}};
         path.copy(address.sun_path, sizeof address.sun_path - 1);
         m_isOpen = ::connect(m_socket.Get(), reinterpret_cast<const sockaddr*>(&address), sizeof address) == 0;
     }

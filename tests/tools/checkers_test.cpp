@@ -6,16 +6,6 @@
 
 namespace {
 
-std::string PoFile(const std::string& language, const std::string& entries) {
-    return "msgid \"\"\nmsgstr \"\"\n\"Language: " + language +
-           "\\n\"\n\"Content-Type: text/plain; charset=UTF-8\\n\"\n" + entries;
-}
-
-std::string Entry(int number, const std::string& english, const std::string& text, const std::string& comments = "") {
-    return "\n" + comments + "msgctxt \"" + std::to_string(number) + "\"\nmsgid \"" + english + "\"\nmsgstr \"" + text +
-           "\"\n";
-}
-
 constexpr const char* kSpot = "#. register label\n#. font 34, 40 px: screen 4 \"Main values\"\n";
 
 /// A base language of five texts, and a German that a test writes.

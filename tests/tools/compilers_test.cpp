@@ -23,34 +23,6 @@ constexpr const char* kBitmaps = R"({"folder": "drawings",
     "softKeys": {"size": [9, 5], "accents": [85, 150], "held": 85, "outOfUse": 7,
                  "keys": [{"symbol": "dot.svg", "normal": [236, 0], "held": 201, "outOfUse": 78}]}})";
 
-constexpr const char* kTexts = R"(msgid ""
-msgstr ""
-"Language: en\n"
-"Content-Type: text/plain; charset=UTF-8\n"
-
-msgctxt "3"
-msgid "Below the toolkit's"
-msgstr ""
-
-msgctxt "100"
-msgid "Voltage"
-msgstr ""
-
-msgctxt "102"
-msgid "Power"
-msgstr "Power Ω"
-)";
-
-constexpr const char* kGerman = R"(msgid ""
-msgstr ""
-"Language: de\n"
-"Content-Type: text/plain; charset=UTF-8\n"
-
-msgctxt "100"
-msgid "Voltage"
-msgstr "Spannung"
-)";
-
 constexpr const char* kSubstitutions = R"({"phaseLabels": {"sets": ["1", "A"], "columns": [[100, 102]]},
     "measurementSymbols": {"sets": ["IEC"], "columns": []}})";
 
@@ -72,10 +44,14 @@ protected:
         Write("drawings/hole.svg", Svg(4, 1, R"(<rect x="1" class="fill-accent" width="3" height="1"/>)"));
         Write("drawings/glass.svg", Svg(4, 1, R"(<rect x="1" fill="#0f0" fill-opacity=".5" width="3" height="1"/>)"));
         Write("drawings/dot.svg", Svg(1, 1, R"(<rect fill="currentColor" width="1" height="1"/>)"));
-        Write("en.po", kTexts);
-        Write("de.po", kGerman);
+        Write("en.po", PoFile("en", m_texts));
+        Write("de.po", PoFile("de", m_german));
         Write("substitutions.json", kSubstitutions);
     }
+
+    const std::string m_texts =
+        Entry(3, "Below the toolkit's", "") + Entry(100, "Voltage", "") + Entry(102, "Power", "Power Ω");
+    const std::string m_german = Entry(100, "Voltage", "Spannung");
 };
 
 TEST_F(Compilers, MakeWhatTheDisplayReadsInEitherOrderPackedOrNot) {
@@ -171,7 +147,6 @@ struct Mistake {
 };
 
 TEST_F(Compilers, NameFileAndPlaceOfEveryMistake) {
-    const std::string allTexts = std::string(kTexts).substr(std::string(kTexts).find("\nmsgctxt"));
     const std::vector<Mistake> mistakes{
         {"palette.json", "\"far\",", "\"far\"", "palette.json:2: this is no JSON"},
         {"palette.json", "colours", "colors", "palette.json: \"colours\" is missing"},
@@ -194,7 +169,7 @@ TEST_F(Compilers, NameFileAndPlaceOfEveryMistake) {
         {"en.po", "Voltage", std::string(251, 'x'), "en.po: string 100 is longer than 250"},
         {"en.po", "\"3\"", "3", "en.po:6: "},
         {"en.po", "Language", "Dialect", "en.po:1: the header names no Language"},
-        {"en.po", allTexts, "", "en.po: has no texts"},
+        {"en.po", m_texts, "", "en.po: has no texts"},
     };
     for (const Mistake& mistake : mistakes) {
         SCOPED_TRACE(mistake.complaint);
@@ -210,18 +185,19 @@ TEST_F(Compilers, NameFileAndPlaceOfEveryMistake) {
 }
 
 TEST_F(Compilers, RefuseTranslationsOfOtherTexts) {
-    const std::string compile = "en.po de.po --substitutions substitutions.json -o l.dat";
-    const std::string german = kGerman;
-    const auto complaint = [&] { return Call("localization-compiler", compile).talk; };
-
-    Write("de.po", german + "\nmsgctxt \"7\"\nmsgid \"New\"\nmsgstr \"Neu\"\n");
-    EXPECT_NE(complaint().find("de.po: string 7 has no base text"), std::string::npos);
-    Write("de.po", german + "\nmsgctxt \"102\"\nmsgid \"Old power\"\nmsgstr \"Leistung\"\n");
-    EXPECT_NE(complaint().find("de.po: string 102 translates another text"), std::string::npos);
-    Write("de.po", german);
+    const auto complaint = [this](const std::string& german) {
+        Write("de.po", PoFile("de", german));
+        return Call("localization-compiler", "en.po de.po --substitutions substitutions.json -o l.dat").talk;
+    };
+    const std::string unknown = complaint(m_german + Entry(7, "New", "Neu"));
+    EXPECT_NE(unknown.find("de.po: string 7 has no base text"), std::string::npos) << unknown;
+    const std::string other = complaint(m_german + Entry(102, "Old power", "Leistung"));
+    EXPECT_NE(other.find("de.po: string 102 translates another text"), std::string::npos) << other;
     Write("substitutions.json", R"({"phaseLabels": {"sets": ["1", "A"], "columns": [[100, 101]]},
         "measurementSymbols": {"sets": [], "columns": []}})");
-    EXPECT_NE(complaint().find("/phaseLabels/columns/0/1: string 101 is not in the catalogue"), std::string::npos);
+    const std::string missing = complaint(m_german);
+    EXPECT_NE(missing.find("/phaseLabels/columns/0/1: string 101 is not in the catalogue"), std::string::npos)
+        << missing;
 }
 
 TEST_F(Compilers, SayWhatIsWrongWithACommandLineOrABinaryFile) {

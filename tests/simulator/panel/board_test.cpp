@@ -21,12 +21,13 @@ namespace {
 namespace fs = std::filesystem;
 using panel::kFrameBytes;
 
-/// Writes a frame of one value as the display does.
-void WriteFrame(std::uint8_t value) {
-    const std::vector<std::uint8_t> frame(kFrameBytes, value);
+/// Writes a frame of one value as the display does, with a rest in the middle of it.
+void WriteFrame(std::uint8_t value, std::chrono::microseconds rest = {}) {
+    const std::vector<std::uint8_t> half(kFrameBytes / 2, value);
     const int device = os::open("/db9000_fb", os::kReadWrite);
-    ASSERT_GE(device, 0);
-    EXPECT_EQ(os::write(device, frame.data(), frame.size()), ssize_t{kFrameBytes});
+    EXPECT_EQ(os::write(device, half.data(), half.size()), std::ssize(half));
+    std::this_thread::sleep_for(rest);
+    EXPECT_EQ(os::write(device, half.data(), half.size()), std::ssize(half));
     os::close(device);
 }
 
@@ -60,21 +61,11 @@ TEST_F(EmulatedBoard, CountsEveryFrameAndShowsTheNewest) {
     EXPECT_TRUE(board().State().displayUp);
 }
 
-/// Writes a frame of one value with a rest in the middle of it.
-void WriteFrameInHalves(std::uint8_t value) {
-    const std::vector<std::uint8_t> half(kFrameBytes / 2, value);
-    const int device = os::open("/db9000_fb", os::kReadWrite);
-    EXPECT_EQ(os::write(device, half.data(), half.size()), ssize_t{kFrameBytes / 2});
-    std::this_thread::sleep_for(std::chrono::microseconds(100));
-    EXPECT_EQ(os::write(device, half.data(), half.size()), ssize_t{kFrameBytes / 2});
-    os::close(device);
-}
-
 TEST_F(EmulatedBoard, NeverShowsHalfAFrame) {
     std::atomic<bool> stop = false;
     std::thread display([&stop] {
         for (std::uint8_t value = 1; !stop; ++value) {
-            WriteFrameInHalves(value);
+            WriteFrame(value, std::chrono::microseconds(100));
             // Rests of all lengths, so that the next frame begins at every moment of the reading.
             const auto end = std::chrono::steady_clock::now() + std::chrono::microseconds(value);
             while (std::chrono::steady_clock::now() < end) std::this_thread::yield();
@@ -115,14 +106,7 @@ TEST_F(EmulatedBoard, SaysWhenNobodyReadsTheKeys) {
     EXPECT_EQ(sent, 512);
 }
 
-TEST_F(EmulatedBoard, RefusesRequestsThatItsDevicesDoNotHave) {
-    for (const int level : {-1, 256}) EXPECT_EQ(Request("/db9000_bl", 0x20047A2D, level), -1);
-    EXPECT_EQ(Request("/db9000_bl", 0x20047A27, 1), -1) << "not a request of this device";
-    EXPECT_EQ(Request("/rasGpio1/1", 0x20047A20, 1), -1);
-    EXPECT_EQ(Request("/db9000_bl", 0x20047A36, 0), 255);
-}
-
-TEST_F(EmulatedBoard, APacketOfAnotherSizeEndsItsConnectionOnly) {
+TEST_F(EmulatedBoard, RefusesRequestsThatItsDevicesDoNotHaveAndEndsNoOtherConnection) {
     const int good = os::open("/db9000_bl", os::kReadWrite);
     for (const std::size_t size : {1U, 7U, 9U, 64U}) {
         const int bad = os::open("/db9000_bl", os::kReadWrite);
@@ -132,6 +116,9 @@ TEST_F(EmulatedBoard, APacketOfAnotherSizeEndsItsConnectionOnly) {
         EXPECT_EQ(os::read(bad, &result, sizeof result), 0) << size;
         os::close(bad);
     }
+    for (const int level : {-1, 256}) EXPECT_EQ(os::ioctl(good, 0x20047A2D, level), -1);
+    EXPECT_EQ(os::ioctl(good, 0x20047A27, 1), -1) << "not a request of this device";
+    EXPECT_EQ(Request("/rasGpio1/1", 0x20047A20, 1), -1);
     EXPECT_EQ(os::ioctl(good, 0x20047A36, 0), 255);
     os::close(good);
 }
