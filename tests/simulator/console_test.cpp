@@ -92,19 +92,13 @@ TEST_F(ConsoleLines, SetEveryFaultThatTheStateNames) {
     for (const std::string name : faults) EXPECT_EQ(m_console.Execute("fault " + name), "ok") << name;
 }
 
-struct Command {
-    std::string_view line;
-    std::string_view operation;
-    Bytes payload;
-    std::uint32_t responseSize;
-    std::string_view answer;
-};
-
 TEST(ConsoleCommands, SendEachOfTheFifteen) {
-    Command sent;
-    const DisplayLink display([&sent](std::string_view operation, std::span<const std::byte> payload,
-                                      std::uint32_t responseSize) -> std::optional<Bytes> {
-        sent = {{}, operation, Bytes(payload.begin(), payload.end()), responseSize, {}};
+    std::string sent;
+    Bytes payload;
+    const DisplayLink display([&](std::string_view operation, std::span<const std::byte> bytes,
+                                  std::uint32_t responseSize) -> std::optional<Bytes> {
+        sent = std::string(operation) + " for " + std::to_string(responseSize);
+        payload.assign(bytes.begin(), bytes.end());
         Bytes reply(responseSize);
         if (!reply.empty()) reply[0] = std::byte{'7'};
         return reply;
@@ -112,28 +106,27 @@ TEST(ConsoleCommands, SendEachOfTheFifteen) {
     Meter theMeter{bench::kSeed, bench::kStart};
     MeterServer server(theMeter);
     Console console(theMeter, server, display, bench::kSeed);
-    for (const Command& command : {
-             Command{"hardware-id", "VEKHWIF_getHwId", {}, 4, "ok 55"},
-             {"alt-mode 1", "NAVCMDINT_changeAltModeState", bench::Words({1}), 0, "ok"},
-             {"navigate 68", "NAVCMDINT_navigateTo", bench::Words({68}), 0, "ok"},
-             {"display-test", "NAVCMDINT_navigateToDispTest", {}, 0, "ok"},
-             {"language 5", "DISPCFG_setLanguage", bench::Words({5}), 0, "ok"},
-             {"phase-labels 2", "DISPCFG_setPhaseLabels", bench::Words({2}), 0, "ok"},
-             {"symbols 1", "DISPCFG_setMeasSymbols", bench::Words({1}), 0, "ok"},
-             {"test-mode 1", "NAVCMDINT_changeTestModeState", bench::Words({1}), 0, "ok"},
-             {"kernel-version", "MISCINT_getVekKrnlVersion", bench::Words({32}), 32, "ok 7"},
-             {"app-version", "MISCINT_getVekDisplayAppVersion", bench::Words({32}), 32, "ok 7"},
-             {"os-version", "MISCINT_getVekOsPkgVersion", bench::Words({32}), 32, "ok 7"},
-             {"serial-number", "MISCINT_getVekSerialNumber", bench::Words({32}), 32, "ok 7"},
-             {"app-variant", "MISCINT_getVekDisplayAppVariant", {}, 4, "ok 55"},
-             {"backlight 30", "BACKLIGHT_setTimeout", bench::Words({30}), 0, "ok"},
-             {"key 2 down", "BUTTON_simulate_input", bench::Words({0, 1, 2, 0}), 0, "ok"},
-             {"key home up", "BUTTON_simulate_input", bench::Words({0, 0, 0, 0}), 0, "ok"},
+    for (const auto& [line, command, words, answer] : {
+             std::tuple{"hardware-id", "VEKHWIF_getHwId for 4", Bytes{}, "ok 55"},
+             {"alt-mode 1", "NAVCMDINT_changeAltModeState for 0", bench::Words({1}), "ok"},
+             {"navigate 68", "NAVCMDINT_navigateTo for 0", bench::Words({68}), "ok"},
+             {"display-test", "NAVCMDINT_navigateToDispTest for 0", {}, "ok"},
+             {"language 5", "DISPCFG_setLanguage for 0", bench::Words({5}), "ok"},
+             {"phase-labels 2", "DISPCFG_setPhaseLabels for 0", bench::Words({2}), "ok"},
+             {"symbols 1", "DISPCFG_setMeasSymbols for 0", bench::Words({1}), "ok"},
+             {"test-mode 1", "NAVCMDINT_changeTestModeState for 0", bench::Words({1}), "ok"},
+             {"kernel-version", "MISCINT_getVekKrnlVersion for 32", bench::Words({32}), "ok 7"},
+             {"app-version", "MISCINT_getVekDisplayAppVersion for 32", bench::Words({32}), "ok 7"},
+             {"os-version", "MISCINT_getVekOsPkgVersion for 32", bench::Words({32}), "ok 7"},
+             {"serial-number", "MISCINT_getVekSerialNumber for 32", bench::Words({32}), "ok 7"},
+             {"app-variant", "MISCINT_getVekDisplayAppVariant for 4", {}, "ok 55"},
+             {"backlight 30", "BACKLIGHT_setTimeout for 0", bench::Words({30}), "ok"},
+             {"key 2 down", "BUTTON_simulate_input for 0", bench::Words({0, 1, 2, 0}), "ok"},
+             {"key home up", "BUTTON_simulate_input for 0", bench::Words({0, 0, 0, 0}), "ok"},
          }) {
-        EXPECT_EQ(console.Execute(command.line), command.answer) << command.line;
-        EXPECT_EQ(sent.operation, command.operation);
-        EXPECT_EQ(sent.payload, command.payload) << command.line;
-        EXPECT_EQ(sent.responseSize, command.responseSize) << command.line;
+        EXPECT_EQ(console.Execute(line), answer) << line;
+        EXPECT_EQ(sent, command);
+        EXPECT_EQ(payload, words) << line;
     }
 }
 

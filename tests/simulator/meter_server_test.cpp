@@ -108,21 +108,6 @@ TEST_F(Server, MisbehavesAsTold) {
     EXPECT_EQ(again.Take().size(), kReply);
 }
 
-TEST_F(Server, GarbageHasTheRightLengthAndIsRepeatable) {
-    const Frame ask{"DATETIMEINTERFACE_getLocalDateTimeStrings", {}, kReply};
-    const auto truth = m_server.Take(ask).reply;
-    m_console.Execute("fault garbage");
-    const auto first = m_server.Take(ask).reply;
-    EXPECT_EQ(first.size(), kReply);
-    EXPECT_NE(first, truth);
-    EXPECT_NE(first, m_server.Take(ask).reply);
-    Meter twin{bench::kSeed, bench::kStart};
-    MeterServer other{twin};
-    other.SetFault(Fault::Garbage);
-    EXPECT_EQ(other.Take(ask).reply, first);
-    EXPECT_TRUE(m_server.Take({"NO_SUCH_CALL", {}, 4}).reply.empty());
-}
-
 TEST_F(Server, SpoilsTheFieldsOfAReplyAndNothingElse) {
     const Frame bar{"PQINTERFACE_getMinMaxBarData", bench::Words({111, 111, 111}), sizeof(MinMaxBarData)};
     const Frame text{"PDMINTERFACE_getRegisterValue", bench::Words({111}), sizeof(RegisterValue)};

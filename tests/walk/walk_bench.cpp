@@ -8,7 +8,6 @@
 
 #include "app/application.h"
 #include "app/button_task.h"
-#include "navigation/entry/keyboard_window.h"
 #include "tests/walk/stroke_generator.h"
 
 namespace {
@@ -42,9 +41,6 @@ WalkBench::WalkBench() {
     Screen().blind = true;
     BuildApplication(Manager());
     Pump();
-    Manager().AddChild(keyboardWin::getInstance());
-    m_typing.emplace();
-    Manager().RemoveChild(keyboardWin::getInstance());
     for (std::int32_t id = SCREEN_ID_FACTORY_TEST; id <= kLastCommandedScreen; ++id) {
         const bool isMenu = id >= MenuOfMode(DISPLAY_MODE_NORMAL) && id <= MenuOfMode(DISPLAY_MODE_TEST);
         // A number that no screen has counts as a menu's.
@@ -60,7 +56,7 @@ WalkBench::WalkBench() {
 
 WalkReport WalkBench::Walk(unsigned seed, long keys, bool withFaults) {
     const Hush hush;
-    StrokeGenerator generator(seed, withFaults, *m_typing);
+    StrokeGenerator generator(seed, withFaults);
     WalkReport report;
     while (report.keys < keys && m_fault.empty()) {
         if (report.strokes++ % kStrokesBetweenLooks == 0) alarm(kHangSeconds);

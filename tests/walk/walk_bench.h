@@ -1,14 +1,12 @@
 #pragma once
 
 #include <functional>
-#include <optional>
 #include <set>
 #include <span>
 #include <string>
 
 #include "tests/bench/panel_bench.h"
 #include "tests/walk/stroke.h"
-#include "tests/walk/typing.h"
 #include "tests/walk/write_watch.h"
 
 /// What a walk came to.
@@ -45,7 +43,6 @@ private:
     bool Answer(std::string_view operation, std::span<const std::byte> payload, std::span<std::byte> response);
     void Look();
 
-    std::optional<Typing> m_typing;
     WriteWatch m_watch;
     LinkState m_link = LinkState::Whole;
     bool m_done = false;  // whether the meter did what it was asked last

@@ -6,7 +6,7 @@
 #include <sys/socket.h>
 #include <sys/time.h>
 
-#include <array>
+#include <algorithm>
 #include <cstdlib>
 #include <string>
 #include <string_view>
@@ -75,7 +75,7 @@ public:
     /// Whether the server ends the connection, instead of saying more or nothing.
     bool IsEnded() {
         char byte = 0;
-        return m_pending.empty() && ::recv(m_socket.Get(), &byte, 1, 0) == 0;
+        return ::recv(m_socket.Get(), &byte, 1, 0) == 0;
     }
 
     /// Asks for the WebSocket.
@@ -113,18 +113,12 @@ public:
 private:
     /// Fewer when the connection ended.
     std::string ReadBytes(std::size_t count) {
-        while (m_pending.size() < count) {
-            std::array<char, 16384> piece;
-            const ssize_t size = ::recv(m_socket.Get(), piece.data(), piece.size(), 0);
-            if (size <= 0) return std::exchange(m_pending, {});
-            m_pending.append(piece.data(), static_cast<std::size_t>(size));
-        }
-        std::string bytes = m_pending.substr(0, count);
-        m_pending.erase(0, count);
+        std::string bytes(count, '\0');
+        const ssize_t size = ::recv(m_socket.Get(), bytes.data(), count, MSG_WAITALL);
+        bytes.resize(static_cast<std::size_t>(std::max<ssize_t>(size, 0)));
         return bytes;
     }
 
     int m_port;
     Descriptor m_socket;
-    std::string m_pending;
 };

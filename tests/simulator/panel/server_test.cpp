@@ -44,22 +44,17 @@ TEST_F(PanelServer, AnswersOneRequestOnAConnection) {
 }
 
 TEST_F(PanelServer, RefusesWhatItDoesNotKnow) {
-    struct Case {
-        const char* method;
-        const char* target;
-        int status;
-    };
-    for (const Case& one : std::initializer_list<Case>{{"GET", "/nothing", 404},
-                                                       {"GET", "/../main.cpp", 404},
-                                                       {"POST", "/keys/soft5", 404},
-                                                       {"POST", "/keys/", 404},
-                                                       {"POST", "/keys/home?state=sideways", 400},
-                                                       {"POST", "/meter", 404},
-                                                       {"GET", "/keys/home", 405},
-                                                       {"POST", "/state", 405},
-                                                       {"DELETE", "/", 405},
-                                                       {"PUT", "/frame.png", 405}}) {
-        EXPECT_EQ(Ask(one.method, one.target).status, one.status) << one.method << " " << one.target;
+    for (const auto& [method, target, status] : {std::tuple{"GET", "/nothing", 404},
+                                                 {"GET", "/../main.cpp", 404},
+                                                 {"POST", "/keys/soft5", 404},
+                                                 {"POST", "/keys/", 404},
+                                                 {"POST", "/keys/home?state=sideways", 400},
+                                                 {"POST", "/meter", 404},
+                                                 {"GET", "/keys/home", 405},
+                                                 {"POST", "/state", 405},
+                                                 {"DELETE", "/", 405},
+                                                 {"PUT", "/frame.png", 405}}) {
+        EXPECT_EQ(Ask(method, target).status, status) << method << " " << target;
     }
     EXPECT_NE(Ask("POST", "/state").headers.find("allow: GET"), std::string::npos);
     EXPECT_NE(Ask("GET", "/keys/home").headers.find("allow: POST"), std::string::npos);
@@ -72,8 +67,7 @@ TEST_F(PanelServer, BoundsWhatItReads) {
     for (const std::size_t size : {513U, 100'000U})
         EXPECT_EQ(Ask("POST", "/keys/home", std::string(size, 'x')).status, 413);
     HttpClient huge = Client();
-    huge.Send("POST /keys/home HTTP/1.1\r\nHost: 127.0.0.1:" + std::to_string(m_server->Port()) +
-              "\r\nContent-Length: 99999999999999999999\r\n\r\n");
+    huge.Send("POST /keys/home HTTP/1.1\r\n" + Host() + "Content-Length: 99999999999999999999\r\n\r\n");
     EXPECT_EQ(huge.Read().status, 413);
     Client().Send("GET / HTTP/1.1\r\nX: " + std::string(100'000, 'x'));
     Client().Send("no HTTP at all\r\n\r\n");
