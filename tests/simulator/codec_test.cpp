@@ -31,6 +31,14 @@ TEST(Signatures, AreTheOnlyShapesThatAreAnsweredAndEveryReplyFillsItsFields) {
         const Json decoded = DecodeReply(signature, reply);
         EXPECT_EQ(decoded.empty(), signature.reply.shape == ReplyShape::None);
         EXPECT_NO_THROW(decoded.dump());
+        // The largest numbers; where one of them counts, three entries and no more.
+        std::vector<std::string> largest(arguments.size(), "4294967295");
+        const bool counts = signature.reply.shape == ReplyShape::Records || signature.reply.shape == ReplyShape::Text;
+        if (counts) {
+            EXPECT_FALSE(meter.Answer(signature.name, EncodeArguments(signature, largest), reply));
+            largest[signature.reply.countArgument] = "3";
+        }
+        EXPECT_TRUE(meter.Answer(signature.name, EncodeArguments(signature, largest), reply));
         if (reply.empty()) continue;
         reply.pop_back();
         EXPECT_FALSE(meter.Answer(signature.name, whole, reply));

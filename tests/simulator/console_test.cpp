@@ -61,6 +61,9 @@ TEST_F(ConsoleLines, HoldAnAlarmUntilItIsLeftToItsLimit) {
 }
 
 TEST_F(ConsoleLines, KeepTheFrontPanelFromWriting) {
+    EXPECT_EQ(bench::LogIn(m_meter, "GUEST", "0"), 2U);
+    EXPECT_EQ(bench::LogIn(m_meter, "USER", "1"), 1U);
+    EXPECT_EQ(WriteFromPanel(), "Nobody is logged in");
     ASSERT_EQ(bench::LogIn(m_meter, "USER", "0"), 0U);
     for (const auto& [line, answer] : {std::pair{"lock on", "The hardware lock is closed"},
                                        {"lock off", "Accepted"},
@@ -78,6 +81,9 @@ TEST_F(ConsoleLines, KeepTheFrontPanelFromWriting) {
     EXPECT_EQ(bench::LogIn(m_meter, "USER", "0"), 2U);
     Tell("rights on");
     EXPECT_EQ(bench::LogIn(m_meter, "USER", "0"), 0U);
+    EXPECT_EQ(WriteFromPanel(), "Accepted");
+    EXPECT_TRUE(m_meter.Answer("SECURITYINTERFACE_clearFrontPanelPassword", {}, {}));
+    EXPECT_EQ(WriteFromPanel(), "Nobody is logged in");
     Tell("refuse on Sp\u00E4ter");
     EXPECT_EQ(State()["refusal"], "Sp\u00E4ter");
     EXPECT_EQ(m_console.Execute("set 111 500"), "error Sp\u00E4ter") << "also from elsewhere";

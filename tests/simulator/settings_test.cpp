@@ -7,18 +7,6 @@ using enum Quantity;
 
 class SettingsOfAMeter : public bench::MeterAlone {};
 
-TEST_F(SettingsOfAMeter, NobodyWritesWithoutAPassword) {
-    EXPECT_EQ(bench::Set(m_meter, reg::kLanguage, "German").result.Get(), 1U);
-    EXPECT_EQ(bench::LogIn(m_meter, "USER", "1"), 1U);
-    EXPECT_EQ(bench::LogIn(m_meter, "GUEST", "0"), 2U);
-    EXPECT_EQ(bench::Set(m_meter, reg::kLanguage, "German").result.Get(), 1U);
-    ASSERT_EQ(bench::LogIn(m_meter, "USER", "0"), 0U);
-    EXPECT_EQ(bench::Set(m_meter, reg::kLanguage, "German").result.Get(), 0U);
-    bench::Bytes none;
-    ASSERT_TRUE(m_meter.Answer("SECURITYINTERFACE_clearFrontPanelPassword", {}, none));
-    EXPECT_EQ(bench::Set(m_meter, reg::kLanguage, "French").result.Get(), 1U);
-}
-
 TEST_F(SettingsOfAMeter, EveryKindOfValueIsChecked) {
     ASSERT_EQ(bench::LogIn(m_meter, "USER", "0"), 0U);
     struct Kind {

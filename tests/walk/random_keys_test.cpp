@@ -20,11 +20,11 @@ protected:
         const WalkReport report = Walk(seed, KeysOfEachWalk(), withFaults);
         EXPECT_EQ(report.fault, "") << "after " << report.keys << " keys";
         EXPECT_EQ(report.screensMissed, 0U);
-        EXPECT_GT(report.logins, report.keys / 5000);
-        EXPECT_GT(report.writes, report.keys / 5000);
-        EXPECT_GT(report.refusals, withFaults ? 10 : 0);
+        EXPECT_GT(watch.Logins(), report.keys / 5000);
+        EXPECT_GT(watch.Writes(), report.keys / 5000);
+        EXPECT_GT(watch.Refusals(), withFaults ? 10 : 0);
         std::printf("seed %u: %ld keys, %ld strokes, %d logins, %d writes, %d of them refused\n", seed, report.keys,
-                    report.strokes, report.logins, report.writes, report.refusals);
+                    report.strokes, watch.Logins(), watch.Writes(), watch.Refusals());
     }
 };
 

@@ -48,7 +48,7 @@ WalkBench::WalkBench() {
     }
     meter().TakeEveryCall([this](auto operation, auto payload, auto response) {
         const bool answered = Answer(operation, payload, response);
-        m_watch.OnCall(operation, answered ? response : response.first(0), m_done);
+        watch.OnCall(operation, answered ? response : response.first(0), m_done);
         return answered;
     });
     Pump();
@@ -66,9 +66,6 @@ WalkReport WalkBench::Walk(unsigned seed, long keys, bool withFaults) {
     }
     alarm(0);
     report.fault = m_fault;
-    report.writes = m_watch.Writes();
-    report.refusals = m_watch.Refusals();
-    report.logins = m_watch.Logins();
     report.screensMissed = m_unseen.size();
     return report;
 }
@@ -114,7 +111,7 @@ void WalkBench::Do(const Stroke& stroke) {
     Pass(stroke.then);
     meter().ForgetCalls();
     if (afterStroke) afterStroke(stroke);
-    if (m_fault.empty()) m_fault = m_watch.Fault();
+    if (m_fault.empty()) m_fault = watch.Fault();
 }
 
 /// A record of the keys device; the toolkit does not look yet.
@@ -126,9 +123,9 @@ void WalkBench::Deliver() {
     PegMessage message;
     while (toolkit.queue->Poll(message)) {
         if (Manager().RouteToTaskQueue(message) != 0) continue;
-        m_watch.Before(message);
+        watch.Before(message);
         Manager().DispatchMessage(message);
-        m_watch.After(message);
+        watch.After(message);
         Look();
     }
 }

@@ -14,9 +14,6 @@ struct WalkReport {
     std::string fault;  // empty: none
     long keys = 0;
     long strokes = 0;
-    int writes = 0;
-    int refusals = 0;
-    int logins = 0;
     std::size_t screensMissed = 0;
 };
 
@@ -32,6 +29,9 @@ protected:
     /// is ended by a signal.
     WalkReport Walk(unsigned seed, long keys, bool withFaults);
 
+    /// What it saw of writes and logins.
+    WriteWatch watch;
+
     /// Called after each stroke of a walk, to plant a fault.
     std::function<void(const Stroke&)> afterStroke;
 
@@ -43,7 +43,6 @@ private:
     bool Answer(std::string_view operation, std::span<const std::byte> payload, std::span<std::byte> response);
     void Look();
 
-    WriteWatch m_watch;
     LinkState m_link = LinkState::Whole;
     bool m_done = false;  // whether the meter did what it was asked last
     std::uint32_t m_noise = 1;

@@ -130,7 +130,7 @@ TEST_F(EmulatedBoard, SeesThatTheDisplayWaitsForKeysAndThatItLeft) {
     EXPECT_TRUE(Eventually([this] { return !board().State().displayUp; }));
 }
 
-TEST_F(EmulatedBoard, TakesOverWhatAnEarlierRunLeft) {
+TEST_F(EmulatedBoard, TakesOverWhatAnEarlierRunLeftAndRefusesWhatIsNoBoard) {
     WriteFrame(9);
     m_board.reset();
     // A run that was killed leaves its sockets.
@@ -140,9 +140,6 @@ TEST_F(EmulatedBoard, TakesOverWhatAnEarlierRunLeft) {
     EXPECT_EQ(board().NewestFrame()->back(), 9) << "the picture stays on the glass";
     EXPECT_EQ(Request("/db9000_bl", 0x20047A36, 0), 255);
     EXPECT_THROW(panel::Board{m_root}, std::system_error) << "a board is played by one";
-}
-
-TEST_F(EmulatedBoard, MendsAFrameBufferOfTheWrongSizeAndRefusesWhatIsNone) {
     m_board.reset();
     fs::resize_file(m_root / "db9000_fb", 10);
     m_board.emplace(m_root);

@@ -15,6 +15,7 @@ TEST_F(PanelServer, ServesThePageWithItsTypesAndItsPolicy) {
     EXPECT_EQ(page.status, 200);
     EXPECT_NE(page.headers.find("content-type: text/html"), std::string::npos);
     EXPECT_NE(page.headers.find("content-security-policy: default-src 'none'"), std::string::npos);
+    EXPECT_THROW(panel::Server(board(), m_server->Port(), ""), std::runtime_error) << "its port is taken";
     EXPECT_NE(Ask("GET", "/panel.js").headers.find("text/javascript"), std::string::npos);
 }
 
@@ -175,11 +176,6 @@ TEST_F(PanelServer, HangsUpOnAViewerThatTalksNonsense) {
     }
     EXPECT_EQ(Client().Upgrade("/other").status, 404);
     EXPECT_EQ(Keys(0), Records{});
-}
-
-TEST_F(PanelServer, SaysThatAPortIsTaken) {
-    EXPECT_THROW(panel::Server(board(), m_server->Port(), ""), std::runtime_error);
-    EXPECT_EQ(Ask("GET", "/state").status, 200);
 }
 
 TEST_F(PanelServer, PutsLinesToTheMeter) {
