@@ -11,43 +11,36 @@ protected:
     Record() { Manager().AddChild(m_window, true); }
     ~Record() override { Manager().RemoveChild(m_window); }
 
-    PegPrompt& Add(const PegRect& rect, const char16_t* text, std::uint32_t more = 0) {
-        return AddNew<PegPrompt>(m_window, rect, text, std::uint16_t{0}, kStyleTextLeft | kStyleBorderNone | more);
+    void Add(const PegRect& rect, const char16_t* text, std::uint32_t more = 0) {
+        AddNew<PegPrompt>(m_window, rect, text, std::uint16_t{0}, kStyleTextLeft | kStyleBorderNone | more);
     }
-    const RecordedText& Draw(std::size_t index) {
+    const std::vector<RecordedText>& Draw() {
         Pump();
         m_record.Clear();
         Manager().Invalidate(m_window.Real());
         Pump();
-        return m_record.Texts().at(index);
+        return m_record.Texts();
     }
 
     TextRecord m_record{Screen()};
     PegWindow m_window{RectOf(0, 0, 319, 239), 0, kStyleBorderNone};
 };
 
-TEST_F(Record, TellsAWholeTextFromACutOne) {
+TEST_F(Record, TellsWhatIsWrongWithAText) {
+    enum Text : std::size_t { kWhole, kTooLong, kBelow, kAbove, kCovered, kWithoutGlyph };
     Add(RectOf(10, 10, 100, 30), u"whole");
     Add(RectOf(10, 40, 30, 60), u"too long");
-    EXPECT_FALSE(Draw(0).IsClipped() || Draw(0).LeavesItsRoom() || Draw(0).lacksGlyph);
-    EXPECT_TRUE(Draw(1).IsClipped() && Draw(1).LeavesItsRoom());
-}
-
-TEST_F(Record, NoticesATextUnderAnother) {
-    Add(RectOf(10, 10, 100, 30), u"below");
-    Add(RectOf(14, 12, 100, 32), u"above", kStyleTransparent);
-    EXPECT_EQ(Draw(1).hits, std::vector<std::size_t>{0});
-}
-
-TEST_F(Record, NoticesATextThatIsPaintedOver) {
-    Add(RectOf(10, 10, 100, 30), u"covered");
-    Add(RectOf(30, 10, 100, 30), nullptr);
-    EXPECT_TRUE(Draw(0).IsPaintedOver() && !Draw(0).IsGone());
-}
-
-TEST_F(Record, NoticesACharacterWithoutAGlyph) {
-    Add(RectOf(10, 10, 100, 30), u"\u2603");
-    EXPECT_TRUE(Draw(0).lacksGlyph);
+    Add(RectOf(10, 70, 100, 90), u"below");
+    Add(RectOf(14, 72, 100, 92), u"above", kStyleTransparent);
+    Add(RectOf(10, 100, 100, 120), u"covered");
+    Add(RectOf(30, 100, 100, 120), nullptr);
+    Add(RectOf(10, 130, 100, 150), u"\u2603");
+    const std::vector<RecordedText>& texts = Draw();
+    EXPECT_FALSE(texts[kWhole].IsClipped() || texts[kWhole].LeavesItsRoom() || texts[kWhole].lacksGlyph);
+    EXPECT_TRUE(texts[kTooLong].IsClipped() && texts[kTooLong].LeavesItsRoom());
+    EXPECT_EQ(texts[kAbove].hits, std::vector<std::size_t>{kBelow});
+    EXPECT_TRUE(texts[kCovered].IsPaintedOver() && !texts[kCovered].IsGone());
+    EXPECT_TRUE(texts[kWithoutGlyph].lacksGlyph);
 }
 
 }  // namespace

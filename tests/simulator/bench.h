@@ -1,5 +1,8 @@
 #pragma once
 
+#include <gtest/gtest.h>
+
+#include <algorithm>
 #include <cstddef>
 #include <cstdint>
 #include <cstring>
@@ -58,5 +61,17 @@ inline RegisterWriteResult Set(meter::Meter& meter, std::uint32_t id, std::strin
 inline RegisterValue Get(meter::Meter& meter, std::uint32_t id) {
     return Ask<RegisterValue>(meter, "PDMINTERFACE_getRegisterValue", Words({id}));
 }
+
+/// A meter at its start, with nothing around it.
+class MeterAlone : public testing::Test {
+protected:
+    bool IsActive(std::string_view alarm) {
+        return std::ranges::any_of(m_meter.GetAlarms().Active(), [&](const meter::Occurrence* one) {
+            return meter::AlarmDefinitions()[one->definition].name == alarm;
+        });
+    }
+
+    meter::Meter m_meter{kSeed, kStart};
+};
 
 }  // namespace bench

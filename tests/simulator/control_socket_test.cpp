@@ -21,29 +21,22 @@ protected:
     meter::ControlSocket m_control{m_path, [](std::string_view line) { return "heard " + std::string(line); }};
 };
 
-TEST_F(Control, AnswersEachLineWithOneAndDropsWhoNeverEndsHis) {
+TEST_F(Control, AnswersEachLineWithOneAndTracesToWhomAskedUntilHeHasEnough) {
     Connection endless = Connect();
+    Connection watcher = Connect();
     Connection client = Connect();
     Say(endless, std::string(5000, 'x'));
-    Say(client, "one\ntwo\nthr");
-    EXPECT_EQ(client.Take(), "heard one\nheard two\n");
     EXPECT_EQ(endless.Take(), "");
     EXPECT_TRUE(endless.IsEnded());
-}
-
-TEST_F(Control, TracesOnlyToWhomAskedUntilHeHasEnough) {
-    Connection watcher = Connect();
-    Connection other = Connect();
-    m_control.Serve();
     EXPECT_FALSE(m_control.IsTraced());
     Say(watcher, "trace on\n");
-    Say(other, "state\n");
-    m_control.Trace("one");
+    Say(client, "one\ntwo\nthr");
+    m_control.Trace("a call");
     Say(watcher, "state\ntrace off\n");
-    m_control.Trace("two");
+    m_control.Trace("another");
     m_control.Serve();
-    EXPECT_EQ(watcher.Take(), "ok\none\nheard state\nok\n");
-    EXPECT_EQ(other.Take(), "heard state\n");
+    EXPECT_EQ(watcher.Take(), "ok\na call\nheard state\nok\n");
+    EXPECT_EQ(client.Take(), "heard one\nheard two\n");
     EXPECT_FALSE(m_control.IsTraced());
 }
 

@@ -1,8 +1,8 @@
 #pragma once
 
 #include <arpa/inet.h>
-#include <gtest/gtest.h>
 #include <netinet/in.h>
+#include <netinet/tcp.h>
 #include <poll.h>
 #include <sys/socket.h>
 #include <sys/un.h>
@@ -30,15 +30,13 @@ inline Bytes Call(std::string_view name, const Bytes& payload, std::uint32_t res
 class Connection {
 public:
     explicit Connection(std::uint16_t port) : m_socket(::socket(AF_INET, SOCK_STREAM, 0)) {
-        sockaddr_in address{};
-        address.sin_family = AF_INET;
-        address.sin_port = htons(port);
-        address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
+        const sockaddr_in address{AF_INET, htons(port), {htonl(INADDR_LOOPBACK)}, {}};
+        const int on = 1;
+        ::setsockopt(m_socket.Get(), IPPROTO_TCP, TCP_NODELAY, &on, sizeof on);
         m_isOpen = ::connect(m_socket.Get(), reinterpret_cast<const sockaddr*>(&address), sizeof address) == 0;
     }
     explicit Connection(const std::string& path) : m_socket(::socket(AF_UNIX, SOCK_STREAM, 0)) {
-        sockaddr_un address{};
-        address.sun_family = AF_UNIX;
+        sockaddr_un address{AF_UNIX, {}};
         path.copy(address.sun_path, sizeof address.sun_path - 1);
         m_isOpen = ::connect(m_socket.Get(), reinterpret_cast<const sockaddr*>(&address), sizeof address) == 0;
     }
@@ -73,7 +71,7 @@ private:
 };
 
 /// A meter with its server and its console, without a display.
-class Link : public testing::Test {
+class Link : public MeterAlone {
 protected:
     /// Has a line carried out, and lets the meter notice.
     void Tell(std::string_view line) {
@@ -82,7 +80,6 @@ protected:
     }
     nlohmann::json State() const { return nlohmann::json::parse(m_console.State()); }
 
-    meter::Meter m_meter{kSeed, kStart};
     meter::MeterServer m_server{m_meter, 0};
     meter::DisplayLink m_display{1};  // nobody listens there
     meter::Console m_console{m_meter, m_server, m_display, kSeed};

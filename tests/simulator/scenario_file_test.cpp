@@ -18,37 +18,29 @@ std::string MistakeIn(const std::string& text) {
     return "none";
 }
 
+constexpr std::pair<const char*, const char*> kMistakes[] = {
+    {"{\n \"name\": \"a\",\n \"waves\": [}\n", "parse error at line 3, column 12: "},
+    {"[]", "an object in braces is expected"},
+    {"{}", "\"name\" is missing"},
+    {R"({"name": 7})", "name: a text is expected, not 7"},
+    {R"({"name": "a", "base": "sagg"})", "base: there is no scenario \"sagg\" to begin with"},
+    {R"({"name": "a", "delta": 1})", "delta: true or false is expected, not 1"},
+    {R"({"name": "a", "waves": {}})", "waves: a list in brackets is expected"},
+    {R"({"name": "a", "waves": [{"at": 1, "voltage": [1, 2]}]})", "waves[0].voltage: a number, or three in brackets"},
+    {R"({"name": "a", "waves": [{"at": 1, "voltage": [1, 1, 9]}]})", "waves[0].voltage[2]: 9 is not within 0.0 to 2.0"},
+    {R"({"name": "a", "waves": [{"at": 2}, {"at": 1}]})", "waves[1]: it comes before the wave above it"},
+    {R"({"name": "a", "events": [{"at": 1, "doo": "x"}]})", "events[0]: \"doo\" means nothing here"},
+    {R"({"name": "a", "events": [{"at": 1, "do": " scenario b"}]})", "events[0].do: a scenario cannot start another"},
+    {R"({"name": "a", "alarms": 1e999})", "number overflow parsing '1e999'"},
+    {R"({"name": "a", "faults": [{"at": 1, "fault": "lazy"}]})", "faults[0].fault: there is no fault \"lazy\""},
+    {R"({"name": "a", "faults": [{"fault": "slow"}]})", "faults[0]: \"at\" is missing"},
+};
+
 TEST(ScenarioFile, NamesThePlaceOfEveryMistake) {
     EXPECT_EQ(MistakeIn(R"({"name": "a"})"), "none");
-    EXPECT_EQ(MistakeIn("{\n \"name\": \"a\",\n \"waves\": [}\n"),
-              "a.json: parse error at line 3, column 12: syntax error while parsing value - unexpected '}'; "
-              "expected '[', '{', or a literal");
-    EXPECT_EQ(MistakeIn("[]"), "a.json: an object in braces is expected");
-    EXPECT_EQ(MistakeIn("{}"), "a.json: \"name\" is missing");
-    EXPECT_EQ(MistakeIn(R"({"name": 7})"), "a.json: name: a text is expected, not 7");
-    EXPECT_EQ(MistakeIn(R"({"name": "a", "base": "sagg"})"),
-              "a.json: base: there is no scenario \"sagg\" to begin with");
-    EXPECT_EQ(MistakeIn(R"({"name": "a", "delta": 1})"), "a.json: delta: true or false is expected, not 1");
-    EXPECT_EQ(MistakeIn(R"({"name": "a", "waves": {}})"), "a.json: waves: a list in brackets is expected");
-    EXPECT_EQ(MistakeIn(R"({"name": "a", "waves": [{"at": 1, "voltage": [1, 2]}]})"),
-              "a.json: waves[0].voltage: a number, or three in brackets, is expected, not [1,2]");
-    EXPECT_EQ(MistakeIn(R"({"name": "a", "waves": [{"at": 1, "voltage": [1, 1, 9]}]})"),
-              "a.json: waves[0].voltage[2]: 9 is not within 0.0 to 2.0");
-    EXPECT_EQ(MistakeIn(R"({"name": "a", "waves": [{"at": 2}, {"at": 1}]})"),
-              "a.json: waves[1]: it comes before the wave above it");
-    EXPECT_EQ(MistakeIn(R"({"name": "a", "events": [{"at": 1, "doo": "x"}]})"),
-              "a.json: events[0]: \"doo\" means nothing here; there are at, do");
-    EXPECT_EQ(MistakeIn(R"({"name": "a", "events": [{"at": 1, "do": "scenario sag"}]})"),
-              "a.json: events[0].do: a scenario cannot start another");
-    EXPECT_EQ(MistakeIn(R"({"name": "a", "events": [{"at": 1, "do": " scenario b.json"}]})"),
-              "a.json: events[0].do: a scenario cannot start another");
-    EXPECT_EQ(MistakeIn(R"({"name": "a", "alarms": 1e999})"), "a.json: number overflow parsing '1e999'");
+    for (const auto& [text, complaint] : kMistakes)
+        EXPECT_TRUE(MistakeIn(text).starts_with(std::string("a.json: ") + complaint)) << MistakeIn(text);
     EXPECT_EQ(MistakeIn(std::string(100'000, '[')), "a.json: so many values within values mean nothing");
-    EXPECT_EQ(MistakeIn(R"({"name": "a", "faults": [{"at": 1, "fault": "lazy"}]})"),
-              "a.json: faults[0].fault: there is no fault \"lazy\"; there are none, slow, silent, half, garbage, "
-              "reset, absent, "
-              "late, drip, cut, flood, infinite, endless, huge");
-    EXPECT_EQ(MistakeIn(R"({"name": "a", "faults": [{"fault": "slow"}]})"), "a.json: faults[0]: \"at\" is missing");
 }
 
 TEST(ScenarioFile, TheSchemaKnowsTheSameWords) {

@@ -1,6 +1,3 @@
-#include <gtest/gtest.h>
-
-#include <algorithm>
 #include <cmath>
 
 #include "tests/simulator/bench.h"
@@ -10,20 +7,13 @@ namespace {
 using namespace meter;
 using enum Quantity;
 
-class Scenes : public testing::Test {
+class Scenes : public bench::MeterAlone {
 protected:
     void Play(std::string_view name) {
         m_meter.Play(*FindScenario(name));
         m_meter.Advance(30'000);
     }
-    bool IsActive(std::string_view name) {
-        const auto active = m_meter.GetAlarms().Active();
-        return std::ranges::any_of(
-            active, [&](const Occurrence* one) { return AlarmDefinitions()[one->definition].name == name; });
-    }
     std::uint32_t Status() { return bench::AskWord(m_meter, "ALARMSINTERFACE_getGlobalAlarmStatus"); }
-
-    Meter m_meter{bench::kSeed, bench::kStart};
 };
 
 TEST_F(Scenes, ASagRaisesAlarmsThatEndWithIt) {
@@ -48,7 +38,7 @@ TEST_F(Scenes, ASagRaisesAlarmsThatEndWithIt) {
     EXPECT_FALSE(TextIn(newest.endTime).empty());
 }
 
-TEST_F(Scenes, AnAlarmWaitsForItsDelay) {
+TEST_F(Scenes, AnAlarmWaitsForItsDelayAndStaysSilentWhenSwitchedOff) {
     m_meter.Play(*FindScenario("sag"));
     m_meter.Advance(5'000);
     EXPECT_TRUE(IsActive("Voltage sag L2"));
@@ -59,6 +49,11 @@ TEST_F(Scenes, AnAlarmWaitsForItsDelay) {
     m_meter.Advance(8'000);
     EXPECT_FALSE(IsActive("Undervoltage L2")) << "the delay starts anew";
     m_meter.Advance(3'000);
+    EXPECT_TRUE(IsActive("Undervoltage L2"));
+    EXPECT_EQ(m_meter.Write(4008, "Disabled", kMeterModule), std::nullopt);
+    Play("normal");
+    Play("sag");
+    EXPECT_FALSE(IsActive("Voltage sag L2")) << "it is switched off";
     EXPECT_TRUE(IsActive("Undervoltage L2"));
 }
 
@@ -93,13 +88,6 @@ TEST_F(Scenes, ADeltaSystemHasNoPhaseVoltagesButLineVoltages) {
     EXPECT_EQ(bar.present.valid.Get(), 0U);
     const auto phasor = bench::Ask<PhasorEntry>(m_meter, "PQINTERFACE_getPhasorData", bench::Words({1}));
     EXPECT_EQ(TextIn(phasor.magnitudeLabel), "U12");
-}
-
-TEST_F(Scenes, AnAlarmSwitchedOffStaysSilent) {
-    ASSERT_EQ(m_meter.Write(4008, "Disabled", kMeterModule), std::nullopt);
-    Play("sag");
-    EXPECT_FALSE(IsActive("Voltage sag L2"));
-    EXPECT_TRUE(IsActive("Undervoltage L2"));
 }
 
 }  // namespace

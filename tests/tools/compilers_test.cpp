@@ -23,34 +23,6 @@ constexpr const char* kBitmaps = R"({"folder": "drawings",
     "softKeys": {"size": [9, 5], "accents": [85, 150], "held": 85, "outOfUse": 7,
                  "keys": [{"symbol": "dot.svg", "normal": [236, 0], "held": 201, "outOfUse": 78}]}})";
 
-constexpr const char* kTexts = R"(msgid ""
-msgstr ""
-"Language: en\n"
-"Content-Type: text/plain; charset=UTF-8\n"
-
-msgctxt "3"
-msgid "Below the toolkit's"
-msgstr ""
-
-msgctxt "100"
-msgid "Voltage"
-msgstr ""
-
-msgctxt "102"
-msgid "Power"
-msgstr "Power Ω"
-)";
-
-constexpr const char* kGerman = R"(msgid ""
-msgstr ""
-"Language: de\n"
-"Content-Type: text/plain; charset=UTF-8\n"
-
-msgctxt "100"
-msgid "Voltage"
-msgstr "Spannung"
-)";
-
 constexpr const char* kSubstitutions = R"({"phaseLabels": {"sets": ["1", "A"], "columns": [[100, 102]]},
     "measurementSymbols": {"sets": ["IEC"], "columns": []}})";
 
@@ -72,10 +44,14 @@ protected:
         Write("drawings/hole.svg", Svg(4, 1, R"(<rect x="1" class="fill-accent" width="3" height="1"/>)"));
         Write("drawings/glass.svg", Svg(4, 1, R"(<rect x="1" fill="#0f0" fill-opacity=".5" width="3" height="1"/>)"));
         Write("drawings/dot.svg", Svg(1, 1, R"(<rect fill="currentColor" width="1" height="1"/>)"));
-        Write("en.po", kTexts);
-        Write("de.po", kGerman);
+        Write("en.po", PoFile("en", m_texts));
+        Write("de.po", PoFile("de", m_german));
         Write("substitutions.json", kSubstitutions);
     }
+
+    const std::string m_texts =
+        Entry(3, "Below the toolkit's", "") + Entry(100, "Voltage", "") + Entry(102, "Power", "Power Ω");
+    const std::string m_german = Entry(100, "Voltage", "Spannung");
 };
 
 TEST_F(Compilers, MakeWhatTheDisplayReadsInEitherOrderPackedOrNot) {
@@ -83,15 +59,15 @@ TEST_F(Compilers, MakeWhatTheDisplayReadsInEitherOrderPackedOrNot) {
         SCOPED_TRACE(options);
         PegResources::Reset();
         ASSERT_EQ(Call("resource-compiler", std::string(kAll) + options).status, 0);
+        const std::string first = Read("out.pbr");
+        ASSERT_EQ(Call("resource-compiler", std::string(kAll) + options).status, 0);
+        EXPECT_EQ(Read("out.pbr"), first) << "the same bytes twice";
         ASSERT_EQ(Load(At("out.pbr")), 1);
-
         EXPECT_EQ(PegResources::GetColor(85), 0x001F);
         EXPECT_EQ(PegResources::GetColor(150), 0xF800);
-
         EXPECT_EQ(PegResources::GetString(100), std::u16string(u"Voltage"));
         EXPECT_EQ(PegResources::GetString(101), nullptr);
         EXPECT_EQ(PegResources::GetString(102), std::u16string(u"Power Ω"));
-
         const PegBitmap* solid = PegResources::GetBitmap(81);
         ASSERT_NE(solid, nullptr);
         EXPECT_EQ(solid->data[1], 0xF800) << "pixels stand in the file's order";
@@ -143,13 +119,6 @@ TEST_F(Compilers, ComposeTheLooksOfASoftKeyFromOneSymbol) {
     EXPECT_EQ(row, (std::vector<std::uint16_t>{3, 0xFFFF, 0x8000, 0x001F, 3, 0xFFFF}));
 }
 
-TEST_F(Compilers, MakeTheSameBytesTwice) {
-    ASSERT_EQ(Call("resource-compiler", kAll).status, 0);
-    const std::string first = Read("out.pbr");
-    ASSERT_EQ(Call("resource-compiler", kAll).status, 0);
-    EXPECT_EQ(Read("out.pbr"), first);
-}
-
 TEST_F(Compilers, PutTextsAndSubstitutionsIntoTheLocalisationFile) {
     for (const char* order : {"little", "big"}) {
         SCOPED_TRACE(order);
@@ -169,67 +138,44 @@ TEST_F(Compilers, PutTextsAndSubstitutionsIntoTheLocalisationFile) {
     }
 }
 
+/// One change of a good file, and what is said of it.
 struct Mistake {
     const char* file;
-    std::string content;
+    std::string there;
+    std::string written;
     const char* complaint;
 };
 
 TEST_F(Compilers, NameFileAndPlaceOfEveryMistake) {
-    const std::string header =
-        "msgid \"\"\nmsgstr \"\"\n\"Language: en\\n\"\n\"Content-Type: text/plain; charset=UTF-8\\n\"\n";
     const std::vector<Mistake> mistakes{
-        {"palette.json", "{\"colours\": [\n\n}", "palette.json:3: this is no JSON"},
-        {"palette.json", "{}", "palette.json: \"colours\" is missing"},
-        {"palette.json", R"({"colours": [{"number": 1, "name": "a", "value": "red"}]})",
-         "/colours/0/value: \"red\" is no colour"},
-        {"palette.json",
-         R"({"colours": [{"number": 1, "name": "a", "value": "#000000"}, {"number": 1, "name": "b", "value": "#000000"}]})",
-         "/colours/1: this number stands twice"},
-        {"palette.json", R"({"colours": [{"number": -1, "name": "a", "value": "#000000"}]})",
-         "/colours/0/number: a number from 0"},
-        {"fonts.json",
-         R"({"faces": {"a": "en.po"}, "fallback": "a", "ranges": {"x": []}, "fonts": [{"number": 32, "size": 10, "face": "a", "ranges": "x"}]})",
-         "en.po: cannot be read as a font"},
-        {"fonts.json",
-         R"({"faces": {"a": "/usr/share/fonts/truetype/dejavu/DejaVuSans.ttf"}, "fallback": "a", "ranges": {"x": ["39-30"]},
-             "fonts": [{"number": 32, "size": 10, "face": "a", "ranges": "x"}]})",
-         "/ranges/x/0: \"39-30\" runs backwards"},
-        {"fonts.json",
-         R"({"faces": {"a": "/usr/share/fonts/truetype/dejavu/DejaVuSans.ttf"}, "fallback": "a", "ranges": {"x": ["3G"]},
-             "fonts": [{"number": 32, "size": 10, "face": "a", "ranges": "x"}]})",
-         "/ranges/x/0: \"3G\" is no range"},
-        {"fonts.json",
-         R"({"faces": {"a": "x"}, "fallback": "a", "ranges": {}, "fonts": [{"number": 33, "size": 10, "face": "a"}]})",
-         "/fonts/0: its number does not follow"},
-        {"bitmaps.json",
-         R"({"folder": "drawings", "bitmaps": [{"numbers": [81], "size": [6, 3], "drawing": "solid.svg"}]})",
-         "/bitmaps/0: the drawing is 6 x 2"},
-        {"bitmaps.json",
-         R"({"folder": "drawings", "bitmaps": [{"numbers": [81, 81], "size": [6, 2], "drawing": "solid.svg"}]})",
-         "/bitmaps/0/numbers/1: this number stands twice"},
-        {"bitmaps.json",
-         R"({"folder": "drawings", "bitmaps": [{"numbers": [81], "size": [6, 2], "drawing": "none.svg"}]})",
-         "none.svg: cannot be read"},
-        {"bitmaps.json",
-         R"({"folder": "drawings", "bitmaps": [], "softKeys": {"size": [9, 5], "accents": [99], "held": 86, "outOfUse": 7, "keys": []}})",
-         "/softKeys/held: the palette has no such colour"},
-        {"drawings/solid.svg", "<svg", "solid.svg: "},
-        {"drawings/solid.svg", Svg(0, 2, ""), "solid.svg: its width and height are no whole pixels"},
-        {"en.po", header + "\nmsgctxt \"12x\"\nmsgid \"a\"\nmsgstr \"\"\n", "en.po: \"12x\" is no string number"},
-        {"en.po", header + "\nmsgid \"a\"\nmsgstr \"\"\n", "en.po: \"a\" has no number"},
-        {"en.po", header + "\nmsgctxt \"1\"\nmsgid \"a\"\nmsgstr \"\"\n\nmsgctxt \"1\"\nmsgid \"b\"\nmsgstr \"\"\n",
-         "en.po: string 1 stands twice"},
-        {"en.po", header + "\nmsgctxt \"1\"\nmsgid \"" + std::string(251, 'x') + "\"\nmsgstr \"\"\n",
-         "en.po: string 1 is longer than 250"},
-        {"en.po", header + "\nmsgctxt 1\n", "en.po:6: "},
-        {"en.po", "msgctxt \"1\"\nmsgid \"a\"\nmsgstr \"\"\n", "en.po:1: the header names no Language"},
-        {"en.po", header, "en.po: has no texts"},
+        {"palette.json", "\"far\",", "\"far\"", "palette.json:2: this is no JSON"},
+        {"palette.json", "colours", "colors", "palette.json: \"colours\" is missing"},
+        {"palette.json", "#0000ff", "red", "/colours/0/value: \"red\" is no colour"},
+        {"palette.json", "150", "85", "/colours/1: this number stands twice"},
+        {"palette.json", "85", "-1", "/colours/0/number: a number from 0"},
+        {"fonts.json", "/usr/share/fonts/truetype/dejavu/DejaVuSansCondensed.ttf", "en.po", "cannot be read as a font"},
+        {"fonts.json", "0030-0039", "39-30", "/ranges/all/0: \"39-30\" runs backwards"},
+        {"fonts.json", "0416", "3G", "/ranges/all/1: \"3G\" is no range"},
+        {"fonts.json", "33", "34", "/fonts/1: its number does not follow"},
+        {"bitmaps.json", "[6, 2]", "[6, 3]", "/bitmaps/0: the drawing is 6 x 2"},
+        {"bitmaps.json", "82", "81", "/bitmaps/0/numbers/1: this number stands twice"},
+        {"bitmaps.json", "solid.svg", "none.svg", "none.svg: cannot be read"},
+        {"bitmaps.json", "\"held\": 85", "\"held\": 86", "/softKeys/held: the palette has no such colour"},
+        {"drawings/solid.svg", "</svg>", "", "solid.svg: "},
+        {"drawings/solid.svg", "width=\"6\"", "width=\"0\"", "solid.svg: its width and height are no whole pixels"},
+        {"en.po", "\"100\"", "\"12x\"", "en.po: \"12x\" is no string number"},
+        {"en.po", "msgctxt \"100\"\n", "", "en.po: \"Voltage\" has no number"},
+        {"en.po", "\"102\"", "\"100\"", "en.po: string 100 stands twice"},
+        {"en.po", "Voltage", std::string(251, 'x'), "en.po: string 100 is longer than 250"},
+        {"en.po", "\"3\"", "3", "en.po:6: "},
+        {"en.po", "Language", "Dialect", "en.po:1: the header names no Language"},
+        {"en.po", m_texts, "", "en.po: has no texts"},
     };
     for (const Mistake& mistake : mistakes) {
         SCOPED_TRACE(mistake.complaint);
         const std::string good = Read(mistake.file);
-        Write(mistake.file, mistake.content);
+        std::string bad = good;
+        Write(mistake.file, bad.replace(bad.find(mistake.there), mistake.there.size(), mistake.written));
         const Outcome run = Call("resource-compiler", kAll);
         EXPECT_EQ(run.status, 1);
         EXPECT_NE(run.talk.find(mistake.complaint), std::string::npos) << run.talk;
@@ -239,18 +185,19 @@ TEST_F(Compilers, NameFileAndPlaceOfEveryMistake) {
 }
 
 TEST_F(Compilers, RefuseTranslationsOfOtherTexts) {
-    const std::string compile = "en.po de.po --substitutions substitutions.json -o l.dat";
-    const std::string german = kGerman;
-    const auto complaint = [&] { return Call("localization-compiler", compile).talk; };
-
-    Write("de.po", german + "\nmsgctxt \"7\"\nmsgid \"New\"\nmsgstr \"Neu\"\n");
-    EXPECT_NE(complaint().find("de.po: string 7 has no base text"), std::string::npos);
-    Write("de.po", german + "\nmsgctxt \"102\"\nmsgid \"Old power\"\nmsgstr \"Leistung\"\n");
-    EXPECT_NE(complaint().find("de.po: string 102 translates another text"), std::string::npos);
-    Write("de.po", german);
+    const auto complaint = [this](const std::string& german) {
+        Write("de.po", PoFile("de", german));
+        return Call("localization-compiler", "en.po de.po --substitutions substitutions.json -o l.dat").talk;
+    };
+    const std::string unknown = complaint(m_german + Entry(7, "New", "Neu"));
+    EXPECT_NE(unknown.find("de.po: string 7 has no base text"), std::string::npos) << unknown;
+    const std::string other = complaint(m_german + Entry(102, "Old power", "Leistung"));
+    EXPECT_NE(other.find("de.po: string 102 translates another text"), std::string::npos) << other;
     Write("substitutions.json", R"({"phaseLabels": {"sets": ["1", "A"], "columns": [[100, 101]]},
         "measurementSymbols": {"sets": [], "columns": []}})");
-    EXPECT_NE(complaint().find("/phaseLabels/columns/0/1: string 101 is not in the catalogue"), std::string::npos);
+    const std::string missing = complaint(m_german);
+    EXPECT_NE(missing.find("/phaseLabels/columns/0/1: string 101 is not in the catalogue"), std::string::npos)
+        << missing;
 }
 
 TEST_F(Compilers, SayWhatIsWrongWithACommandLineOrABinaryFile) {

@@ -4,6 +4,7 @@
 #include <string_view>
 
 #include "navigation/entry/keyboard_window.h"
+#include "tests/navigation/keyboard_keys.h"
 
 namespace {
 
@@ -23,6 +24,17 @@ constexpr int kSlip = 12;  // a typist presses another key
 
 constexpr int kMostBounces = 30;  // more than the queue has room for
 constexpr int kLongestHold = 60;
+
+/// The key of the panel to press next, to press a key of the keyboard: along the row until below it, then up.
+std::uint8_t KeyTowards(std::uint16_t code) {
+    const std::size_t focus = IndexOfKey(FocusedKey());
+    if (focus == kKeyboardKeys) return kSoftKey3;
+    const PegRect place = PlaceOf(kKeyboard[focus]);
+    const PegRect target = PlaceOf(kKeyboard[IndexOfKey(code)]);
+    if (place == target) return kSoftKey4;
+    if (target.right < place.left) return kSoftKey2;
+    return target.left > place.right ? kSoftKey3 : kSoftKey1;
+}
 
 }  // namespace
 
@@ -77,6 +89,6 @@ std::uint16_t StrokeGenerator::AnyWait() {
 std::uint8_t StrokeGenerator::KeyOfTypist() {
     const char16_t* text = keyboardWin::getInstance().getText();
     const std::u16string_view typed = text != nullptr ? text : u"";
-    if (typed == u"USER" || typed == u"0") return m_typing.KeyTowards(kKeyEnter);
-    return m_typing.KeyTowards(typed.empty() ? std::uint16_t{'0'} : std::uint16_t{kKeyBackspace});
+    if (typed == u"USER" || typed == u"0") return KeyTowards(kKeyEnter);
+    return KeyTowards(typed.empty() ? std::uint16_t{'0'} : std::uint16_t{kKeyBackspace});
 }

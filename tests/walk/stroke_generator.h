@@ -5,7 +5,6 @@
 
 #include "navigation/screen_ids.h"
 #include "tests/walk/stroke.h"
-#include "tests/walk/typing.h"
 
 /// Invents what happens next: presses, holds, chords and bounces of keys, long and short waits, commands of the meter
 /// and, if asked for, faults of the link. The same seed on the same display gives the same strokes.
@@ -13,8 +12,7 @@
 /// It has an eye on the panel: an open keyboard is mostly used to log in, and screens not yet seen are gone to first.
 class StrokeGenerator {
 public:
-    StrokeGenerator(unsigned seed, bool withFaults, const Typing& typing)
-        : m_random(seed), m_withFaults(withFaults), m_typing(typing) {}
+    StrokeGenerator(unsigned seed, bool withFaults) : m_random(seed), m_withFaults(withFaults) {}
 
     /// @param shown   the screen that is on the panel
     /// @param unseen  screens that were not there yet
@@ -30,6 +28,5 @@ private:
 
     std::mt19937 m_random;
     bool m_withFaults;
-    const Typing& m_typing;
     bool m_linkBroken = false;
 };

@@ -10,7 +10,6 @@
 #include <atomic>
 #include <cstdint>
 #include <fstream>
-#include <latch>
 #include <thread>
 #include <vector>
 
@@ -22,12 +21,13 @@ namespace {
 namespace fs = std::filesystem;
 using panel::kFrameBytes;
 
-/// Writes a frame of one value as the display does.
-void WriteFrame(std::uint8_t value) {
-    const std::vector<std::uint8_t> frame(kFrameBytes, value);
+/// Writes a frame of one value as the display does, with a rest in the middle of it.
+void WriteFrame(std::uint8_t value, std::chrono::microseconds rest = {}) {
+    const std::vector<std::uint8_t> half(kFrameBytes / 2, value);
     const int device = os::open("/db9000_fb", os::kReadWrite);
-    ASSERT_GE(device, 0);
-    EXPECT_EQ(os::write(device, frame.data(), frame.size()), ssize_t{kFrameBytes});
+    EXPECT_EQ(os::write(device, half.data(), half.size()), std::ssize(half));
+    std::this_thread::sleep_for(rest);
+    EXPECT_EQ(os::write(device, half.data(), half.size()), std::ssize(half));
     os::close(device);
 }
 
@@ -61,21 +61,11 @@ TEST_F(EmulatedBoard, CountsEveryFrameAndShowsTheNewest) {
     EXPECT_TRUE(board().State().displayUp);
 }
 
-/// Writes a frame of one value with a rest in the middle of it.
-void WriteFrameInHalves(std::uint8_t value) {
-    const std::vector<std::uint8_t> half(kFrameBytes / 2, value);
-    const int device = os::open("/db9000_fb", os::kReadWrite);
-    EXPECT_EQ(os::write(device, half.data(), half.size()), ssize_t{kFrameBytes / 2});
-    std::this_thread::sleep_for(std::chrono::microseconds(100));
-    EXPECT_EQ(os::write(device, half.data(), half.size()), ssize_t{kFrameBytes / 2});
-    os::close(device);
-}
-
 TEST_F(EmulatedBoard, NeverShowsHalfAFrame) {
     std::atomic<bool> stop = false;
     std::thread display([&stop] {
         for (std::uint8_t value = 1; !stop; ++value) {
-            WriteFrameInHalves(value);
+            WriteFrame(value, std::chrono::microseconds(100));
             // Rests of all lengths, so that the next frame begins at every moment of the reading.
             const auto end = std::chrono::steady_clock::now() + std::chrono::microseconds(value);
             while (std::chrono::steady_clock::now() < end) std::this_thread::yield();
@@ -93,30 +83,6 @@ TEST_F(EmulatedBoard, NeverShowsHalfAFrame) {
     })) << seen;
     stop = true;
     display.join();
-}
-
-TEST_F(EmulatedBoard, WaitsForTheWriterThatFollowsAFrameAtOnce) {
-    // The board's thread stands still until a frame and half of the next are there.
-    std::atomic<bool> standing = false;
-    std::latch goOn(1);
-    board().OnChange([&] {
-        standing = true;
-        goOn.wait();
-    });
-    Request("/db9000_bl", 0x20047A36, 0);
-    ASSERT_TRUE(Eventually([&] { return standing.load(); }));
-    WriteFrame(1);
-    const std::vector<std::uint8_t> half(kFrameBytes / 2, 2);
-    const int device = os::open("/db9000_fb", os::kReadWrite);
-    ASSERT_EQ(os::write(device, half.data(), half.size()), ssize_t{kFrameBytes / 2});
-    goOn.count_down();
-    EXPECT_TRUE(Eventually([this] { return board().State().frames == 1; }));
-    EXPECT_EQ(board().NewestFrame()->front(), 0) << "the first frame is gone, the second is not whole";
-    ASSERT_EQ(os::write(device, half.data(), half.size()), ssize_t{kFrameBytes / 2});
-    os::close(device);
-    EXPECT_TRUE(Eventually([this] { return board().NewestFrame()->front() == 2; }));
-    EXPECT_EQ(board().State().frames, 2U);
-    board().OnChange({});
 }
 
 TEST_F(EmulatedBoard, LosesNoKeyBetweenTwoOpenings) {
@@ -140,36 +106,7 @@ TEST_F(EmulatedBoard, SaysWhenNobodyReadsTheKeys) {
     EXPECT_EQ(sent, 512);
 }
 
-TEST_F(EmulatedBoard, DoesWhatTheBacklightIsAskedFor) {
-    EXPECT_EQ(Request("/db9000_bl", 0x20047A38, 1), 0);
-    EXPECT_EQ(Request("/db9000_bl", 0x20047A3B, 374), 0);
-    EXPECT_EQ(Request("/db9000_bl", 0x20047A36, 0), 255);
-    EXPECT_EQ(Request("/db9000_bl", 0x20047A2D, 63), 0);
-    EXPECT_EQ(Request("/db9000_bl", 0x20047A36, 0), 63);
-    EXPECT_EQ(Request("/db9000_bl", 0x20047A20, 0), 0);
-    for (const int level : {-1, 256}) EXPECT_EQ(Request("/db9000_bl", 0x20047A2D, level), -1);
-    EXPECT_EQ(Request("/db9000_bl", 0x20047A27, 1), -1) << "not a request of this device";
-    const panel::Backlight backlight = board().State().backlight;
-    EXPECT_EQ(backlight.level, 63);
-    EXPECT_FALSE(backlight.on);
-}
-
-TEST_F(EmulatedBoard, DrivesEachLineByItsBit) {
-    constexpr int kSet = 0x20047A27;
-    constexpr int kClear = 0x20047A28;
-    const auto lines = [this] { return board().State().lineHigh; };
-    EXPECT_EQ(Request("/rasGpio1/0", kSet, 0x10), 0);
-    EXPECT_EQ(lines(), (std::array{true, false, true}));
-    EXPECT_EQ(Request("/rasGpio1/0", kSet, 0x08), 0);
-    EXPECT_EQ(Request("/rasGpio1/0", kClear, 0x10), 0);
-    EXPECT_EQ(lines(), (std::array{false, true, true}));
-    EXPECT_EQ(Request("/rasGpio1/1", kClear, 0x08), 0);
-    EXPECT_EQ(lines(), (std::array{false, true, false}));
-    EXPECT_TRUE(board().State().AlarmLamp());
-    EXPECT_EQ(Request("/rasGpio1/1", 0x20047A20, 1), -1);
-}
-
-TEST_F(EmulatedBoard, APacketOfAnotherSizeEndsItsConnectionOnly) {
+TEST_F(EmulatedBoard, RefusesRequestsThatItsDevicesDoNotHaveAndEndsNoOtherConnection) {
     const int good = os::open("/db9000_bl", os::kReadWrite);
     for (const std::size_t size : {1U, 7U, 9U, 64U}) {
         const int bad = os::open("/db9000_bl", os::kReadWrite);
@@ -179,6 +116,9 @@ TEST_F(EmulatedBoard, APacketOfAnotherSizeEndsItsConnectionOnly) {
         EXPECT_EQ(os::read(bad, &result, sizeof result), 0) << size;
         os::close(bad);
     }
+    for (const int level : {-1, 256}) EXPECT_EQ(os::ioctl(good, 0x20047A2D, level), -1);
+    EXPECT_EQ(os::ioctl(good, 0x20047A27, 1), -1) << "not a request of this device";
+    EXPECT_EQ(Request("/rasGpio1/1", 0x20047A20, 1), -1);
     EXPECT_EQ(os::ioctl(good, 0x20047A36, 0), 255);
     os::close(good);
 }
@@ -190,7 +130,7 @@ TEST_F(EmulatedBoard, SeesThatTheDisplayWaitsForKeysAndThatItLeft) {
     EXPECT_TRUE(Eventually([this] { return !board().State().displayUp; }));
 }
 
-TEST_F(EmulatedBoard, TakesOverWhatAnEarlierRunLeft) {
+TEST_F(EmulatedBoard, TakesOverWhatAnEarlierRunLeftAndRefusesWhatIsNoBoard) {
     WriteFrame(9);
     m_board.reset();
     // A run that was killed leaves its sockets.
@@ -200,9 +140,6 @@ TEST_F(EmulatedBoard, TakesOverWhatAnEarlierRunLeft) {
     EXPECT_EQ(board().NewestFrame()->back(), 9) << "the picture stays on the glass";
     EXPECT_EQ(Request("/db9000_bl", 0x20047A36, 0), 255);
     EXPECT_THROW(panel::Board{m_root}, std::system_error) << "a board is played by one";
-}
-
-TEST_F(EmulatedBoard, MendsAFrameBufferOfTheWrongSizeAndRefusesWhatIsNone) {
     m_board.reset();
     fs::resize_file(m_root / "db9000_fb", 10);
     m_board.emplace(m_root);

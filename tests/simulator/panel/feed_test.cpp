@@ -19,18 +19,4 @@ TEST(Feed, TellsAReaderWhatWasDroppedBeforeHeCame) {
     EXPECT_EQ(feed.Since(0).lost, 3U);
 }
 
-TEST(Feed, GivesPiecesOfBearableSize) {
-    panel::Feed feed(1000);
-    for (int i = 0; i < 1000; ++i) feed.Append('"' + std::string(1000, 'x') + '"');
-    std::uint64_t position = 0;
-    int pieces = 0;
-    for (auto piece = feed.Since(0); !piece.entries.empty(); piece = feed.Since(position)) {
-        EXPECT_LT(piece.entries.size(), 80'000U);
-        position = piece.next;
-        ++pieces;
-    }
-    EXPECT_EQ(position, 1000U);
-    EXPECT_GT(pieces, 10);
-}
-
 }  // namespace

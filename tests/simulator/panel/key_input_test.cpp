@@ -60,13 +60,4 @@ TEST(KeyInput, TellsWhatTheFingersMean) {
     }
 }
 
-TEST(KeyInput, SaysWhenItsTimeIsOver) {
-    panel::KeyInput input([](panel::KeyRecord) {});
-    const panel::KeyInput::Time now{};
-    input.Press(panel::Key::Soft2, now);
-    EXPECT_EQ(input.NextTick(), now + milliseconds(80));
-    input.Tick(now + milliseconds(80));
-    EXPECT_EQ(input.NextTick(), std::nullopt);
-}
-
 }  // namespace

@@ -29,8 +29,8 @@ protected:
         m_server = std::make_unique<panel::Server>(board(), 0, meterControl);
     }
     HttpClient Client() { return HttpClient(m_server->Port()); }
-    HttpClient::Reply Ask(std::string_view method, std::string_view target, std::string_view body = {},
-                          std::string_view extra = {}) {
+    HttpClient::Reply Ask(const std::string& method, const std::string& target, const std::string& body = {},
+                          const std::string& extra = {}) {
         return Client().Ask(method, target, body, extra);
     }
     std::string Host() const { return "Host: 127.0.0.1:" + std::to_string(m_server->Port()) + "\r\n"; }

@@ -1,6 +1,8 @@
 #include "simulator/panel/server.h"
 
-#include "tests/simulator/panel/fake_meter.h"
+#include <thread>
+
+#include "simulator/meter/link/control_socket.h"
 #include "tests/simulator/panel/panel_server.h"
 
 namespace {
@@ -13,18 +15,8 @@ TEST_F(PanelServer, ServesThePageWithItsTypesAndItsPolicy) {
     EXPECT_EQ(page.status, 200);
     EXPECT_NE(page.headers.find("content-type: text/html"), std::string::npos);
     EXPECT_NE(page.headers.find("content-security-policy: default-src 'none'"), std::string::npos);
+    EXPECT_THROW(panel::Server(board(), m_server->Port(), ""), std::runtime_error) << "its port is taken";
     EXPECT_NE(Ask("GET", "/panel.js").headers.find("text/javascript"), std::string::npos);
-}
-
-TEST_F(PanelServer, TellsTheStateOfTheBoard) {
-    const auto fresh = State();
-    EXPECT_EQ(fresh["frames"], 0);
-    EXPECT_EQ(fresh["backlight"], (nlohmann::json{{"level", 255}, {"on", true}}));
-    EXPECT_EQ(fresh["lines"], (nlohmann::json{0, 0, 1}));
-    EXPECT_EQ(fresh["meter"], nullptr);
-    WriteFrame(1);
-    EXPECT_TRUE(Eventually([this] { return State()["frames"] == 1; }));
-    EXPECT_TRUE(State()["display"]);
 }
 
 TEST_F(PanelServer, PutsKeysIntoTheBoard) {
@@ -53,22 +45,17 @@ TEST_F(PanelServer, AnswersOneRequestOnAConnection) {
 }
 
 TEST_F(PanelServer, RefusesWhatItDoesNotKnow) {
-    struct Case {
-        const char* method;
-        const char* target;
-        int status;
-    };
-    for (const Case& one : std::initializer_list<Case>{{"GET", "/nothing", 404},
-                                                       {"GET", "/../main.cpp", 404},
-                                                       {"POST", "/keys/soft5", 404},
-                                                       {"POST", "/keys/", 404},
-                                                       {"POST", "/keys/home?state=sideways", 400},
-                                                       {"POST", "/meter", 404},
-                                                       {"GET", "/keys/home", 405},
-                                                       {"POST", "/state", 405},
-                                                       {"DELETE", "/", 405},
-                                                       {"PUT", "/frame.png", 405}}) {
-        EXPECT_EQ(Ask(one.method, one.target).status, one.status) << one.method << " " << one.target;
+    for (const auto& [method, target, status] : {std::tuple{"GET", "/nothing", 404},
+                                                 {"GET", "/../main.cpp", 404},
+                                                 {"POST", "/keys/soft5", 404},
+                                                 {"POST", "/keys/", 404},
+                                                 {"POST", "/keys/home?state=sideways", 400},
+                                                 {"POST", "/meter", 404},
+                                                 {"GET", "/keys/home", 405},
+                                                 {"POST", "/state", 405},
+                                                 {"DELETE", "/", 405},
+                                                 {"PUT", "/frame.png", 405}}) {
+        EXPECT_EQ(Ask(method, target).status, status) << method << " " << target;
     }
     EXPECT_NE(Ask("POST", "/state").headers.find("allow: GET"), std::string::npos);
     EXPECT_NE(Ask("GET", "/keys/home").headers.find("allow: POST"), std::string::npos);
@@ -81,8 +68,7 @@ TEST_F(PanelServer, BoundsWhatItReads) {
     for (const std::size_t size : {513U, 100'000U})
         EXPECT_EQ(Ask("POST", "/keys/home", std::string(size, 'x')).status, 413);
     HttpClient huge = Client();
-    huge.Send("POST /keys/home HTTP/1.1\r\nHost: 127.0.0.1:" + std::to_string(m_server->Port()) +
-              "\r\nContent-Length: 99999999999999999999\r\n\r\n");
+    huge.Send("POST /keys/home HTTP/1.1\r\n" + Host() + "Content-Length: 99999999999999999999\r\n\r\n");
     EXPECT_EQ(huge.Read().status, 413);
     Client().Send("GET / HTTP/1.1\r\nX: " + std::string(100'000, 'x'));
     Client().Send("no HTTP at all\r\n\r\n");
@@ -114,9 +100,11 @@ TEST_F(PanelServer, AViewerSeesStateAndFramesAndHoldsKeys) {
     {
         HttpClient viewer = Client();
         ASSERT_EQ(viewer.Upgrade("/live").status, 101);
-        const auto state = viewer.ReadMessage();
-        EXPECT_EQ(state.opcode, 1);
-        EXPECT_EQ(nlohmann::json::parse(state.payload)["frames"], 1);
+        const auto state = nlohmann::json::parse(viewer.ReadMessage().payload);
+        EXPECT_EQ(state["frames"], 1);
+        EXPECT_EQ(state["backlight"], (nlohmann::json{{"level", 255}, {"on", true}}));
+        EXPECT_EQ(state["lines"], (nlohmann::json{0, 0, 1}));
+        EXPECT_EQ(state["meter"], nullptr);
         HttpClient::Message frame = viewer.ReadMessage();
         while (frame.opcode == 1) frame = viewer.ReadMessage();
         EXPECT_EQ(frame.payload, std::string(panel::kFrameBytes, 7));
@@ -190,30 +178,22 @@ TEST_F(PanelServer, HangsUpOnAViewerThatTalksNonsense) {
     EXPECT_EQ(Keys(0), Records{});
 }
 
-TEST_F(PanelServer, SaysThatAPortIsTaken) {
-    EXPECT_THROW(panel::Server(board(), m_server->Port(), ""), std::runtime_error);
-    EXPECT_EQ(Ask("GET", "/state").status, 200);
-}
-
 TEST_F(PanelServer, PutsLinesToTheMeter) {
     const std::string path = (m_root / "meter").string();
     m_server.reset();
     Serve(path);
     EXPECT_EQ(State()["meter"], false);
     EXPECT_EQ(Ask("POST", "/meter", "state").status, 502);
-    const FakeMeter meter(path);
-    EXPECT_TRUE(Eventually([this] { return State()["meter"] == true; }));
-    EXPECT_EQ(State()["meterState"]["scenario"], "sag");
-    for (const std::string line : {"scenario sag", "navigate 7"}) {
-        const auto reply = Ask("POST", "/meter", line);
-        EXPECT_EQ(reply.status, 200);
-        EXPECT_EQ(reply.body, "ok " + line + "\n");
-    }
-    EXPECT_EQ(Ask("POST", "/meter", "silent").status, 502);
-    HttpClient impatient = Client();
-    impatient.Send("POST /meter HTTP/1.1\r\n" + Host() + "Content-Length: 4\r\n\r\nslowGET / HTTP/1.1\r\n" + Host() +
-                   "\r\n");
+    meter::ControlSocket meter(path, [](std::string_view line) { return "ok " + std::string(line); });
+    HttpClient client = Client();
+    client.Send("POST /meter HTTP/1.1\r\n" + Host() + "Content-Length: 10\r\n\r\nnavigate 7");
     EXPECT_EQ(Ask("GET", "/state").status, 200) << "a waiting line holds up nobody";
+    const std::jthread serving([&meter](const std::stop_token& stop) {
+        while (!stop.stop_requested()) meter.Serve();
+    });
+    const auto reply = client.Read();
+    EXPECT_EQ(reply.status, 200);
+    EXPECT_EQ(reply.body, "ok navigate 7\n");
     for (const std::string body : {"", "\n", "scenario sag\nnavigate 7", "a\rb"})
         EXPECT_EQ(Ask("POST", "/meter", body).status, 400);
     EXPECT_EQ(Ask("GET", "/meter").status, 405);
