@@ -28,3 +28,12 @@ public:
     std::vector<PegMessage> received;
     std::vector<PegRect> drawn;
 };
+
+/// A message for one thing.
+inline PegMessage MessageTo(PegThing& target, std::uint16_t type, std::int16_t param = 0) {
+    PegMessage message{};
+    message.type = type;
+    message.param = param;
+    message.target = &target;
+    return message;
+}
