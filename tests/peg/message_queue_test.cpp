@@ -58,12 +58,10 @@ TEST_F(Queue, KeepsTheRestWhenAThingIsPurgedFromAFullQueue) {
 
 class Timers : public Queue {
 protected:
-    int Fired(std::int16_t id) const {
-        int count = 0;
-        for (const PegMessage& message : window.received) {
-            count += message.type == MSG_TIMER && message.param == id ? 1 : 0;
-        }
-        return count;
+    std::ptrdiff_t Fired(std::int16_t id) const {
+        return std::ranges::count_if(window.received, [id](const PegMessage& message) {
+            return message.type == MSG_TIMER && message.param == id;
+        });
     }
 };
 

@@ -1,7 +1,6 @@
 #include "peg/core/screen.h"
 #include "peg/core/text_thing.h"
 #include "peg/core/timer_list.h"
-#include "peg/resources/builtin_fonts.h"
 #include "peg/resources/resources.h"
 #include "peg/widgets/bitmap_button.h"
 #include "peg/widgets/bitmap_prompt.h"
@@ -59,25 +58,6 @@ TEST_F(Widgets, HaveFramesPixelByPixel) {
                   "o########oooo+#######oooo--------o",
               }));
     EXPECT_EQ(PegWindow(RectOf(0, 0, 99, 99), 0, kStyleBorderThick).ClientRect(), RectOf(5, 5, 94, 94));
-}
-
-TEST_F(Widgets, AlignTheirTextsWithAMarginOfOnePixel) {
-    constexpr std::uint16_t kInk = 0x001F;
-    const auto prompt = [&](int top, std::uint32_t style) {
-        auto& added = AddNew<PegPrompt>(window, RectOf(20, top, 219, top + 19), u"H", std::uint16_t{0}, style | 1);
-        added.SetColor(kText, 12);
-        return added.Real();
-    };
-    const PegRect left = prompt(10, kStyleTextLeft);
-    const PegRect right = prompt(40, kStyleTextRight);
-    const PegRect centred = prompt(70, 0);
-    Pump();
-    const int width = WidthOf(u"H", &BuiltInFontA());
-    const int inkLeft = Extent(left, kInk).first - (left.left + 1);  // the glyph's own side bearing
-    EXPECT_GE(inkLeft, 0);
-    EXPECT_LE(inkLeft, 2);
-    EXPECT_EQ(Extent(right, kInk).first, right.right - 1 - width + 1 + inkLeft);
-    EXPECT_EQ(Extent(centred, kInk).first, centred.left + (200 - width) / 2 + inkLeft);
 }
 
 TEST_F(Widgets, TakeOtherColoursWhenHighlighted) {

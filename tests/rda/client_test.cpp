@@ -5,7 +5,7 @@
 #include <array>
 #include <atomic>
 #include <chrono>
-#include <future>
+#include <latch>
 #include <thread>
 
 #include "platform/timer.h"
@@ -189,20 +189,19 @@ TEST_F(Client, SendsFramesOf4096BytesAndNoneBeyond) {
 TEST_F(Client, ServesTenTasksAndTurnsTheEleventhAway) {
     std::uint8_t* const mine = rdaTaskBuffer();
     ASSERT_NE(mine, nullptr);
-    std::promise<void> end;
-    const std::shared_future<void> ended(end.get_future());
-    std::array<std::thread, 9> owners;
+    std::latch claimed{9};
+    std::latch end{1};
+    std::array<std::jthread, 9> owners;
     for (auto& owner : owners) {
-        std::promise<std::uint8_t*> claimed;
-        auto buffer = claimed.get_future();
-        owner = std::thread([&claimed, ended] {
+        owner = std::jthread([&] {
             std::uint8_t* const own = rdaTaskBuffer();
-            claimed.set_value(own);
-            ended.wait();
+            EXPECT_NE(own, nullptr);
+            claimed.count_down();
+            end.wait();
             EXPECT_EQ(rdaTaskBuffer(), own);
         });
-        EXPECT_NE(buffer.get(), nullptr);
     }
+    claimed.wait();
     testing::internal::CaptureStdout();
     std::thread([this] {
         EXPECT_EQ(Call(), -1);
@@ -211,8 +210,7 @@ TEST_F(Client, ServesTenTasksAndTurnsTheEleventhAway) {
     }).join();
     const std::string line = "Failed to create task context for RDA client!\n";
     EXPECT_EQ(testing::internal::GetCapturedStdout(), line + line);
-    end.set_value();
-    for (auto& owner : owners) owner.join();
+    end.count_down();
     EXPECT_EQ(rdaTaskBuffer(), mine);
 }
 

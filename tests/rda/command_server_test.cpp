@@ -86,12 +86,8 @@ protected:
         hardwareAnswers = 0;
         registerDisplayCommands(m_server, kDisplay);
         const std::uint16_t port = UnusedPort();
-        m_thread = std::thread([this, port] { m_server.serve(port, "127.0.0.1", 0, 0); });
+        m_thread = std::jthread([this, port] { m_server.serve(port, "127.0.0.1", 0, 0); });
         m_meter.emplace_back(Peer::ConnectTo(port));
-    }
-    void TearDown() override {
-        m_meter.clear();
-        m_thread.join();
     }
 
     /// Sends a command, and a query behind it whose answer tells that the command is done. @return its reply
@@ -114,7 +110,7 @@ protected:
     }
 
     RdaServer m_server;
-    std::thread m_thread;
+    std::jthread m_thread;  // ends when the meter hangs up
     std::vector<Peer> m_meter;
 };
 
