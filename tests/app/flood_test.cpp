@@ -36,12 +36,8 @@ protected:
         Pump();
         registerDisplayCommands(m_server, TheDisplayCommands());
         const std::uint16_t port = UnusedPort();
-        m_serving = std::thread([this, port] { m_server.serve(port, "127.0.0.1", 0, 0); });
+        m_serving = std::jthread([this, port] { m_server.serve(port, "127.0.0.1", 0, 0); });
         m_meter.emplace_back(Peer::ConnectTo(port));
-    }
-    ~Flood() override {
-        m_meter.clear();
-        m_serving.join();
     }
 
     /// The meter waits for an answer, so that all it sent before has been carried out.
@@ -73,8 +69,8 @@ protected:
     /// What the toolkit task does, until both floods are over.
     void Run() {
         std::atomic<int> running = 2;
-        std::thread sendingCommands([&] { SendCommands(), --running; });
-        std::thread sendingKeys([&] { SendKeys(), --running; });
+        std::jthread sendingCommands([&] { SendCommands(), --running; });
+        std::jthread sendingKeys([&] { SendKeys(), --running; });
         for (bool last = false; !last;) {
             last = running == 0;
             if (m_sent >= m_ticks * kCommandsPerTick) {
@@ -83,8 +79,6 @@ protected:
             }
             Deliver();
         }
-        sendingCommands.join();
-        sendingKeys.join();
     }
 
     const int count = CommandsInAll();
@@ -113,8 +107,8 @@ private:
     }
 
     RdaServer m_server;
+    std::jthread m_serving;  // ends when the meter hangs up
     std::vector<Peer> m_meter;
-    std::thread m_serving;
     std::atomic<int> m_sent = 0;  // written by the flood of commands
     int m_ticks = 0;
 };

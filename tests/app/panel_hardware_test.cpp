@@ -23,8 +23,6 @@ protected:
         board.reset();
         std::filesystem::remove_all(m_folder);
     }
-    /// Takes the whole board away.
-    void Unplug() { setenv("BOARD_ROOT", "/nonexistent", 1); }
 
     std::unique_ptr<panel::Board> board;
 
@@ -78,7 +76,7 @@ TEST_F(PanelHardware, TurnsKeyRecordsIntoEvents) {
 }
 
 TEST_F(PanelHardware, FailsWithoutItsDevices) {
-    Unplug();
+    setenv("BOARD_ROOT", "/nonexistent", 1);
     EXPECT_EQ(VEKHWIF_init(), -1);
     EXPECT_EQ(VEKHWIF_setBacklight(1), -1);
     EXPECT_EQ(VEKHWIF_setBrightness(50), -1);

@@ -127,36 +127,27 @@ TEST_F(Drawing, MakesCirclesRoundAndPiesOfTheirSector) {
                                           }));
 }
 
-/// A font of one page with one glyph of all 16 levels of coverage, two rows high.
-struct Levels {
+/// A font of one page with two glyphs two rows high: 16 pixels without ink, and 4 of which the outer ones have it.
+struct TwoGlyphs {
     std::array<std::uint16_t, 3> offsets{0, 16, 20};
-    std::array<std::uint8_t, 20 + kPackingReadsBeyond> glyphs{0x01, 0x23, 0x45, 0x67, 0x89, 0xAB, 0xCD,
-                                                              0xEF, 0xF0, 0x0F, 0xFF, 0xFF, 0xFF, 0xFF,
-                                                              0xFF, 0xFF, 0xFF, 0xFF, 0xF0, 0x0F};
+    std::array<std::uint8_t, 20 + kPackingReadsBeyond> glyphs{0, 0, 0, 0, 0, 0, 0, 0, 0xF0, 0x0F,
+                                                              0, 0, 0, 0, 0, 0, 0, 0, 0xF0, 0x0F};
     PackedGlyphs packed = PackGlyphs(glyphs.data(), 2, 10, offsets);
     PegFont font{PegFont::kFourBits, 2, 0, 2, {}, 0x40, 10, u'A', u'B', offsets.data(), nullptr, nullptr, &packed};
 };
 
 TEST_F(Drawing, RampsFourBitGlyphsFromBackgroundToForeground) {
-    const Levels levels;
-    In(canvas.Real(), [&](PegScreen& screen) {
-        screen.Fill(RectOf(0, 0, 20, 3), 0x1234);
-        screen.DrawText({}, u"A", PegBrush(0xFFFF, 0x0000), &levels.font);
-        screen.DrawText(PointOf(0, 2), u"A", PegBrush(0xFFFF, 0x0000, PegBrush::kFill), &levels.font);
-    });
-    EXPECT_EQ(Pixel(0, 0), 0x1234) << "coverage 0 is left alone";
-    EXPECT_EQ(Pixel(0, 2), 0x0000) << "unless the text is opaque";
-    EXPECT_EQ(Pixel(15, 0), 0xFFFF) << "coverage 15 is the foreground itself";
-    EXPECT_EQ(Pixel(8, 0), 15 << 11 | 31 << 5 | 15) << "half of each channel, rounded down";
+    EXPECT_EQ(RampBetween(0x0000, 0xFFFF)[15], 0xFFFF) << "coverage 15 is the foreground itself";
+    EXPECT_EQ(RampBetween(0x0000, 0xFFFF)[8], 15 << 11 | 31 << 5 | 15) << "half of each channel, rounded down";
     EXPECT_EQ(RampBetween(0xFFFF, 0x0000)[1], 29 << 11 | 59 << 5 | 29) << "down also when the channel falls";
 }
 
 TEST_F(Drawing, SkipsCharactersWithoutAGlyphAndUnderlinesTheRest) {
-    const Levels levels;
-    EXPECT_EQ(PegScreen::TextWidth(u"A?B", &levels.font), 20);
-    EXPECT_EQ(PegScreen::TextWidth(u"AB", &levels.font, 1), 16);
+    const TwoGlyphs glyphs;
+    EXPECT_EQ(PegScreen::TextWidth(u"A?B", &glyphs.font), 20);
+    EXPECT_EQ(PegScreen::TextWidth(u"AB", &glyphs.font, 1), 16);
     In(canvas.Real(),
-       [&](PegScreen& screen) { screen.DrawText({}, u"?B", PegBrush(kRed, 0, PegBrush::kUnderline), &levels.font); });
+       [&](PegScreen& screen) { screen.DrawText({}, u"?B", PegBrush(kRed, 0, PegBrush::kUnderline), &glyphs.font); });
     EXPECT_EQ(Shape(RectOf(0, 0, 4, 5)), (Rows{"#..#.", "#..#.", "####.", "####.", "####.", "....."}))
         << "1 + (0x40 >> 5) lines under the base line";
 }
@@ -169,76 +160,40 @@ protected:
         In(clip, [&](PegScreen& screen) { screen.DrawBitmap(PointOf(1, 1), &bitmap); });
         return Shape(RectOf(0, 0, 5, 3));
     }
-    const Rows whole{"......", ".##oo.", ".#..o.", "......"};
-    const Rows cut{"......", "......", "....o.", "......"};
-    const PegRect lowerRight = RectOf(3, 2, 9, 9);
+    void ExpectThePicture(const PegBitmap& bitmap) {
+        EXPECT_EQ(Paint(bitmap), (Rows{"......", ".##oo.", ".#..o.", "......"}));
+        EXPECT_EQ(Paint(bitmap, RectOf(3, 2, 9, 9)), (Rows{"......", "......", "....o.", "......"}));
+    }
+    static constexpr std::uint8_t kRedIndex = 7 << 5;
+    static constexpr std::uint8_t kGreenIndex = 7 << 2;
 };
 
 TEST_F(Bitmaps, OfSixteenBitsAreCopiedAndTheirTransparentValueIsSkipped) {
     std::array<std::uint16_t, 8> pixels{kRed, kRed, kGreen, kGreen, kRed, 0x0001, 0x0001, kGreen};
     PegBitmap bitmap{PegBitmap::kTransparent, 16, 4, 2, 0x0001, pixels.data()};
-    EXPECT_EQ(Paint(bitmap), whole);
-    EXPECT_EQ(Paint(bitmap, lowerRight), cut);
+    ExpectThePicture(bitmap);
     bitmap.flags = 0;
     EXPECT_EQ(Paint(bitmap)[2], ".#??o.");
 }
 
 TEST_F(Bitmaps, OfEightBitsGoThroughTheColourTable) {
-    std::array<std::uint16_t, 4> words{};
-    auto* indices = reinterpret_cast<std::uint8_t*>(words.data());
-    constexpr std::uint8_t kRedIndex = 7 << 5;
-    constexpr std::uint8_t kGreenIndex = 7 << 2;
-    const std::array<std::uint8_t, 8> picture{kRedIndex, kRedIndex, kGreenIndex, kGreenIndex,
-                                              kRedIndex, 9,         9,           kGreenIndex};
-    std::copy(picture.begin(), picture.end(), indices);
-    const PegBitmap bitmap{PegBitmap::kTransparent, 8, 4, 2, 9, words.data()};
-    EXPECT_EQ(Paint(bitmap), whole);
-    EXPECT_EQ(Paint(bitmap, lowerRight), cut);
+    alignas(2) std::array<std::uint8_t, 8> indices{kRedIndex, kRedIndex, kGreenIndex, kGreenIndex,
+                                                   kRedIndex, 9,         9,           kGreenIndex};
+    ExpectThePicture({PegBitmap::kTransparent, 8, 4, 2, 9, reinterpret_cast<std::uint16_t*>(indices.data())});
 }
 
 TEST_F(Bitmaps, OfRunsAreTheSamePictures) {
+    constexpr unsigned kRuns = PegBitmap::kRunLength | PegBitmap::kTransparent;
     std::array<std::uint16_t, 11> runs{1,     kRed, 1, kGreen,                  // two repeated runs
                                        0,     kRed, 1, 0x0001, 0x8000, kGreen,  // and a literal one
                                        0xDEAD};
-    PegBitmap bitmap{PegBitmap::kRunLength | PegBitmap::kTransparent, 16, 4, 2, 0x0001, runs.data()};
-    EXPECT_TRUE(HoldsItsRows(bitmap, 20));
-    EXPECT_FALSE(HoldsItsRows(bitmap, 18));
-    EXPECT_EQ(Paint(bitmap), whole);
-    EXPECT_EQ(Paint(bitmap, lowerRight), cut);
-    runs[0] = 7;
-    EXPECT_FALSE(HoldsItsRows(bitmap, 20)) << "a run that leaves its row";
-
-    std::array<std::uint16_t, 6> words{};
-    auto* bytes = reinterpret_cast<std::uint8_t*>(words.data());
-    const std::array<std::uint8_t, 10> indexed{1, 7 << 5, 1, 7 << 2, 0, 7 << 5, 1, 9, 0x80, 7 << 2};
-    std::copy(indexed.begin(), indexed.end(), bytes);
-    const PegBitmap narrow{PegBitmap::kRunLength | PegBitmap::kTransparent, 8, 4, 2, 9, words.data()};
-    EXPECT_TRUE(HoldsItsRows(narrow, indexed.size()));
-    EXPECT_EQ(Paint(narrow), whole);
-    EXPECT_EQ(Paint(narrow, lowerRight), cut);
-
-    std::array<std::uint16_t, 15> runsOfAlpha{1,   kRed, 255,    1, kGreen, 255,    0,  kRed,
-                                              255, 1,    kGreen, 0, 0x8000, kGreen, 255};
-    constexpr unsigned kFlags = PegBitmap::kRunLength | PegBitmap::kAlpha | PegBitmap::kTransparent;
-    const PegBitmap blended{kFlags, 32, 4, 2, 0, runsOfAlpha.data()};
-    EXPECT_EQ(Paint(blended), whole);
-    EXPECT_EQ(Paint(blended, lowerRight), cut);
-}
-
-TEST_F(Bitmaps, WithAlphaAreBlendedInEitherPacking) {
-    std::array<std::uint16_t, 16> pixels{kRed, 255, kRed,   255, kGreen, 255, kGreen, 255,
-                                         kRed, 255, kGreen, 0,   0x0001, 255, kGreen, 255};
-    PegBitmap bitmap{PegBitmap::kAlpha | PegBitmap::kTransparent, 32, 4, 2, 0, pixels.data()};
-    EXPECT_EQ(Paint(bitmap), whole);
-    EXPECT_EQ(Paint(bitmap, lowerRight), cut);
-    for (std::size_t i = 0; i < pixels.size(); i += 2) std::swap(pixels[i], pixels[i + 1]);
-    bitmap.flags |= PegBitmap::kAlphaFirst;
-    EXPECT_EQ(Paint(bitmap), whole);
-
-    pixels[0] = 64;
-    pixels[1] = 0xFFFF;
-    Paint(bitmap);
-    EXPECT_EQ(Pixel(1, 1), 7 << 11 | 15 << 5 | 7);
+    ExpectThePicture({kRuns, 16, 4, 2, 0x0001, runs.data()});
+    alignas(2) std::array<std::uint8_t, 10> indexed{1,         kRedIndex, 1, kGreenIndex, 0,
+                                                    kRedIndex, 1,         9, 0x80,        kGreenIndex};
+    ExpectThePicture({kRuns, 8, 4, 2, 9, reinterpret_cast<std::uint16_t*>(indexed.data())});
+    std::array<std::uint16_t, 15> blended{1,   kRed, 255,    1, kGreen, 255,    0,  kRed,
+                                          255, 1,    kGreen, 0, 0x8000, kGreen, 255};
+    ExpectThePicture({kRuns | PegBitmap::kAlpha, 32, 4, 2, 0, blended.data()});
 }
 
 TEST_F(Bitmaps, CreatedTransparentChangeNothing) {

@@ -136,19 +136,10 @@ struct RandomPage {
             rows[static_cast<std::size_t>(i)] = static_cast<std::uint8_t>(inked ? anyInt(0, 255) : 0);
         }
         packed = PackGlyphs(rows.data(), kHeight, bytes, offsets);
-        font = {PegFont::kFourBits,
-                kHeight,
-                0,
-                kHeight,
-                {},
-                0,
-                static_cast<std::uint16_t>(bytes),
-                u'A',
-                static_cast<std::uint16_t>(u'A' + kGlyphs - 1),
-                offsets.data(),
-                nullptr,
-                nullptr,
-                &packed};
+        const auto stride = static_cast<std::uint16_t>(bytes);
+        constexpr char16_t kLast = u'A' + kGlyphs - 1;
+        font = {PegFont::kFourBits, kHeight, 0,       kHeight, {}, 0, stride, u'A', kLast,
+                offsets.data(),     nullptr, nullptr, &packed};
     }
     unsigned Coverage(int column, int row) const {
         const std::uint8_t byte = rows[static_cast<std::size_t>(row * font.bytesPerRow + column / 2)];

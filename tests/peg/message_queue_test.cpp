@@ -12,11 +12,7 @@ class Queue : public ToolkitBench {
 protected:
     Recorder& window = AddNew<Recorder>(Manager());
 
-    PegMessage ToWindow(std::int16_t param) {
-        PegMessage message = MessageOf(kUser, param);
-        message.target = &window;
-        return message;
-    }
+    PegMessage ToWindow(std::int16_t param) { return MessageTo(window, kUser, param); }
 };
 
 TEST_F(Queue, LosesWhatIsTooMuchAndDeliversTheRestInOrder) {
@@ -49,9 +45,7 @@ TEST_F(Queue, NeverDeliversAnEmptyMessageAndCarriesOneTickAtMost) {
 TEST_F(Queue, KeepsTheRestWhenAThingIsPurgedFromAFullQueue) {
     Recorder other;
     for (std::int16_t i = 0; i < static_cast<std::int16_t>(kQueueMessages); ++i) {
-        PegMessage message = ToWindow(i);
-        if (i % 2 == 0) message.target = &other;
-        EXPECT_EQ(toolkit.queue->PushDirect(message), 1);
+        EXPECT_EQ(toolkit.queue->PushDirect(MessageTo(i % 2 == 0 ? other : window, kUser, i)), 1);
     }
     toolkit.queue->Purge(other);
     for (std::int16_t i = 100; i < 140; ++i) EXPECT_EQ(toolkit.queue->Push(ToWindow(i)), 1);
@@ -64,12 +58,10 @@ TEST_F(Queue, KeepsTheRestWhenAThingIsPurgedFromAFullQueue) {
 
 class Timers : public Queue {
 protected:
-    int Fired(std::int16_t id) const {
-        int count = 0;
-        for (const PegMessage& message : window.received) {
-            count += message.type == MSG_TIMER && message.param == id ? 1 : 0;
-        }
-        return count;
+    std::ptrdiff_t Fired(std::int16_t id) const {
+        return std::ranges::count_if(window.received, [id](const PegMessage& message) {
+            return message.type == MSG_TIMER && message.param == id;
+        });
     }
 };
 

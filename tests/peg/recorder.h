@@ -1,5 +1,6 @@
 #pragma once
 
+#include <algorithm>
 #include <vector>
 
 #include "peg/core/window.h"
@@ -20,11 +21,18 @@ public:
         PegWindow::Draw(invalid);
     }
     int Count(std::uint16_t type) const {
-        int count = 0;
-        for (const PegMessage& message : received) count += message.type == type ? 1 : 0;
-        return count;
+        return static_cast<int>(std::ranges::count(received, type, &PegMessage::type));
     }
 
     std::vector<PegMessage> received;
     std::vector<PegRect> drawn;
 };
+
+/// A message for one thing.
+inline PegMessage MessageTo(PegThing& target, std::uint16_t type, std::int16_t param = 0) {
+    PegMessage message{};
+    message.type = type;
+    message.param = param;
+    message.target = &target;
+    return message;
+}

@@ -66,6 +66,10 @@ protected:
         EXPECT_TRUE(file.Open("/file.pbr") && file.IsOpen());
         return PegResources::LoadResourceFile(file, 0);
     }
+    void Install(const FileBuilder& content, bool replace = false) {
+        ASSERT_EQ(Load(content), 1);
+        PegResources::InstallResourceSet(*PegResources::GetResourceSet(0), replace);
+    }
 
 private:
     std::filesystem::path m_folder = std::filesystem::temp_directory_path() / ("resources-" + std::to_string(getpid()));
@@ -117,8 +121,7 @@ TEST_F(Resources, AreTheSameFromAFileOfEitherByteOrderPlainOrCompressed) {
 }
 
 TEST_F(Resources, KeepTheRowsOfAFontOfOneBitAPixel) {
-    ASSERT_EQ(Load(WholeFile(false, false, 0)), 1);
-    PegResources::InstallResourceSet(*PegResources::GetResourceSet(0), false);
+    Install(WholeFile(false, false, 0));
     const PegFont* font = PegResources::GetFont(32);
     ASSERT_NE(font, nullptr);
     EXPECT_EQ(font->packed, nullptr);
@@ -126,8 +129,7 @@ TEST_F(Resources, KeepTheRowsOfAFontOfOneBitAPixel) {
 }
 
 TEST_F(Resources, OfAnEarlierLoadDisappearWithIt) {
-    ASSERT_EQ(Load(WholeFile(false, true)), 1);
-    PegResources::InstallResourceSet(*PegResources::GetResourceSet(0), false);
+    Install(WholeFile(false, true));
     FileBuilder empty;
     ASSERT_EQ(Load(empty.U16(0xBEEF).U16(0x0201).U16(0).U32(0).U16(0x1234)), 1);
     EXPECT_EQ(PegResources::GetFont(32), nullptr);
@@ -137,16 +139,14 @@ TEST_F(Resources, OfAnEarlierLoadDisappearWithIt) {
 TEST_F(Resources, ThatAreReplacedAreFreedWhenThatIsAskedFor) {
     static constexpr PegBitmap kOther{};
     for (const bool replace : {false, true}) {
-        ASSERT_EQ(Load(WholeFile(false, false)), 1);
-        PegResources::InstallResourceSet(*PegResources::GetResourceSet(0), false);
+        Install(WholeFile(false, false));
         PegResources::SetBitmap(243, &kOther, replace);
         EXPECT_EQ(PegResources::GetResourceSet(0)->bitmaps.empty(), replace);
     }
 }
 
 TEST_F(Resources, KeepTheirTablesWhenTheFileIsAForeignOne) {
-    ASSERT_EQ(Load(WholeFile(false, true)), 1);
-    PegResources::InstallResourceSet(*PegResources::GetResourceSet(0), false);
+    Install(WholeFile(false, true));
     for (const std::size_t damaged : {0U, 2U}) {
         FileBuilder file = WholeFile(false, true);
         file.Content()[damaged] ^= 0xFF;

@@ -81,9 +81,8 @@ TEST_F(Things, MoveBetweenParentsAndOnlyTheRightOneMayTakeThem) {
                             {MSG_REMOVE, true, false, &other},
                             {MSG_REMOVE, true, true, nullptr},
                             {MSG_DESTROY, false, true, nullptr}}) {
-        PegMessage message = MessageOf(one.type);
+        PegMessage message = MessageTo(one.isForIt ? other : window, one.type);
         message.source = one.hasSource ? &child : nullptr;
-        message.target = one.isForIt ? &other : &window;
         other.Message(message);
         EXPECT_EQ(child.Parent(), one.parentAfter) << one.type;
     }
@@ -202,18 +201,12 @@ TEST_F(Things, GetNoMessageOnceTheyAreDead) {
     auto* dying = new Recorder(RectOf(0, 0, 9, 9), 3);
     window.AddChild(*dying);
     auto& inside = AddNew<PegThing>(*dying, RectOf(0, 0, 5, 5), std::uint16_t{4});
-    PegMessage first = MessageOf(kUser);
-    first.target = &window;
-    for (PegThing* target : {static_cast<PegThing*>(dying), &inside, static_cast<PegThing*>(&window)}) {
-        PegMessage message = MessageOf(kUser, 1);
-        message.target = target;
-        toolkit.queue->Push(message);
-    }
-    PegMessage signal = MessageOf(SIGNAL_TYPE(3, 4));
+    for (PegThing* target : {static_cast<PegThing*>(dying), &inside, static_cast<PegThing*>(&window)})
+        toolkit.queue->Push(MessageTo(*target, kUser, 1));
+    PegMessage signal = MessageTo(window, SIGNAL_TYPE(3, 4));
     signal.source = dying;
-    signal.target = &window;
     toolkit.queue->Push(signal);
-    toolkit.queue->Push(first);
+    toolkit.queue->Push(MessageTo(window, kUser));
     window.Destroy(*dying);
     Pump();
     EXPECT_EQ(window.Count(kUser), 2) << "messages of the living arrive, in their order";
@@ -229,6 +222,17 @@ protected:
         control.ClearStatusBits(STAT_FRONT_ON_FOCUS | STAT_VIEWPORT);
         return control;
     }
+    /// Arrow keys, and where each leads from where the one before led.
+    struct Step {
+        std::int16_t key;
+        PegThing& to;
+    };
+    static void Walk(std::initializer_list<Step> steps) {
+        for (const Step& step : steps) {
+            Manager().Focus()->HandleKey(MessageOf(MSG_KEY_DOWN, step.key));
+            EXPECT_EQ(Manager().Focus(), &step.to) << step.key;
+        }
+    }
 };
 
 TEST_F(Focus, MovesByArrowsToTheNearestInLineAndElseToTheNearestAtAll) {
@@ -236,14 +240,8 @@ TEST_F(Focus, MovesByArrowsToTheNearestInLineAndElseToTheNearestAtAll) {
     Recorder& right = AddControl(140, 85, 2);
     Recorder& above = AddControl(120, 20, 3);
     Manager().SetFocus(middle);
-    middle.HandleKey(MessageOf(MSG_KEY_DOWN, kKeyRight));
-    EXPECT_EQ(Manager().Focus(), &right);
-    right.HandleKey(MessageOf(MSG_KEY_DOWN, kKeyLeft));
-    EXPECT_EQ(Manager().Focus(), &middle);
-    middle.HandleKey(MessageOf(MSG_KEY_DOWN, kKeyUp));
-    EXPECT_EQ(Manager().Focus(), &above) << "nothing stands straight above";
-    above.HandleKey(MessageOf(MSG_KEY_DOWN, kKeyUp));
-    EXPECT_EQ(Manager().Focus(), &above);
+    // Nothing stands straight above.
+    Walk({{kKeyRight, right}, {kKeyLeft, middle}, {kKeyUp, above}, {kKeyUp, above}});
 }
 
 TEST_F(Focus, MovesByArrowsIntoTheGroupBesideItsOwn) {
@@ -258,28 +256,20 @@ TEST_F(Focus, MovesByArrowsIntoTheGroupBesideItsOwn) {
     PegThing& lowerLeft = add(left, 20, 60);
     PegThing& upperRight = add(right, 110, 12);
     PegThing& lowerRight = add(right, 110, 62);
-    struct Step {
-        int key;
-        PegThing& to;
-    };
     Manager().SetFocus(upperLeft);
-    for (const Step& step : {Step{kKeyRight, lowerLeft},
-                             {kKeyRight, lowerRight},
-                             {kKeyRight, lowerRight},
-                             {kKeyUp, upperRight},
-                             {kKeyLeft, upperLeft},
-                             {kKeyDown, lowerLeft}}) {
-        Manager().Focus()->HandleKey(MessageOf(MSG_KEY_DOWN, static_cast<std::int16_t>(step.key)));
-        EXPECT_EQ(Manager().Focus(), &step.to) << step.key;
-    }
+    Walk({{kKeyRight, lowerLeft},
+          {kKeyRight, lowerRight},
+          {kKeyRight, lowerRight},
+          {kKeyUp, upperRight},
+          {kKeyLeft, upperLeft},
+          {kKeyDown, lowerLeft}});
     upperRight.ClearStatusBits(STAT_ACCEPTS_FOCUS);
     lowerRight.ClearStatusBits(STAT_ACCEPTS_FOCUS);
     PegMessage withShift = MessageOf(MSG_KEY_DOWN, kKeyRight);
     withShift.data[0] = 1;
     lowerLeft.HandleKey(withShift);
     EXPECT_EQ(Manager().Focus(), &lowerLeft);
-    lowerLeft.HandleKey(MessageOf(MSG_KEY_DOWN, kKeyRight));
-    EXPECT_EQ(Manager().Focus(), &right) << "the group itself, when nothing in it takes the focus";
+    Walk({{kKeyRight, right}});  // the group itself, when nothing in it takes the focus
 
     Recorder alone;
     auto& inside = AddNew<PegThing>(alone, RectOf(0, 0, 9, 9));

@@ -48,6 +48,11 @@ protected:
     void SetUp() override {
         if (reports == nullptr) reports = os::msgQCreate(4, sizeof(Report), os::kQueueFifo);
     }
+    static Report NextReport() {
+        Report report{};
+        EXPECT_EQ(os::msgQReceive(reports, &report, sizeof report, os::kWaitForever), int{sizeof report});
+        return report;
+    }
 };
 
 TEST_F(Tasks, WaitForTheirActivationAndThenRunUnderTheirNameOnAHostsStack) {
@@ -56,7 +61,7 @@ TEST_F(Tasks, WaitForTheirActivationAndThenRunUnderTheirNameOnAHostsStack) {
     Report report{};
     EXPECT_EQ(os::msgQReceive(reports, &report, sizeof report, 50), -1) << "it ran before it was activated";
     EXPECT_EQ(os::taskActivate(task), 0);
-    ASSERT_EQ(os::msgQReceive(reports, &report, sizeof report, os::kWaitForever), static_cast<int>(sizeof report));
+    report = NextReport();
     EXPECT_EQ(report.id, task);
     EXPECT_STREQ(report.name.data(), "tDispRdaServer");
     EXPECT_GE(report.stack, 256U * 1024U);
@@ -68,8 +73,7 @@ TEST_F(Tasks, HaveIdsOfTheirOwn) {
     EXPECT_EQ(os::taskIdSelf(), *ids.begin());
     for (int i = 0; i < 3; ++i) {
         EXPECT_TRUE(ids.insert(os::taskSpawn("tOne", 100, 0, 4096, TellAboutSelf, 42)).second);
-        Report report{};
-        ASSERT_GT(os::msgQReceive(reports, &report, sizeof report, os::kWaitForever), 0);
+        NextReport();
     }
     std::thread([&ids] { EXPECT_TRUE(ids.insert(os::taskIdSelf()).second); }).join();
     EXPECT_FALSE(ids.contains(0));
@@ -84,8 +88,7 @@ TEST_F(Tasks, RunWithoutTheirPriorityWhereTheProcessMayHaveNone) {
     const uid_t user = geteuid();
     ASSERT_TRUE(user != 0 || seteuid(kNobody) == 0);
     ASSERT_NE(os::taskSpawn("tOne", 100, 0, 4096, TellAboutSelf, 42), os::kTaskError);
-    Report report{};
-    EXPECT_GT(os::msgQReceive(reports, &report, sizeof report, os::kWaitForever), 0);
+    NextReport();
     ASSERT_EQ(seteuid(user), 0);
 }
 
@@ -95,9 +98,7 @@ TEST_F(Tasks, AreNotMadeWithoutAnEntryOrWithAStackBeyondTheMachine) {
     EXPECT_EQ(os::taskCreate("tHuge", 100, 0, kBeyond, TellAboutSelf, 42), os::kTaskError);
     EXPECT_EQ(os::taskSpawn("tHuge", 100, 0, kBeyond, TellAboutSelf, 42), os::kTaskError);
     ASSERT_NE(os::taskSpawn(nullptr, 100, 0, 4096, TellAboutSelf, 42), os::kTaskError);
-    Report report{};
-    ASSERT_GT(os::msgQReceive(reports, &report, sizeof report, os::kWaitForever), 0);
-    EXPECT_STREQ(report.name.data(), "task");
+    EXPECT_STREQ(NextReport().name.data(), "task");
     EXPECT_EQ(os::taskDelay(0), 0);
 }
 
@@ -143,8 +144,7 @@ TEST_F(Tasks, AreReachedByTheTickSignalOnlyWhereTheTimerWasMade) {
         EXPECT_EQ(::read(pipe[0], &byte, 1), 1) << "the tick interrupted a read: " << errno;
     });
     ASSERT_NE(os::taskSpawn("tDispTimers", 50, 0, 4096, SleepThroughTicks, 0), os::kTaskError);
-    Report done{};
-    ASSERT_GT(os::msgQReceive(reports, &done, sizeof done, os::kWaitForever), 0);
+    NextReport();
     ASSERT_EQ(::write(pipe[1], "x", 1), 1);
     reader.join();
     EXPECT_GE(ticks, 10);

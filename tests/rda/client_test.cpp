@@ -5,7 +5,7 @@
 #include <array>
 #include <atomic>
 #include <chrono>
-#include <future>
+#include <latch>
 #include <thread>
 
 #include "platform/timer.h"
@@ -33,24 +33,31 @@ std::size_t Count(const std::string& text, const std::string& part) {
     return count;
 }
 
-int CallWord(std::uint32_t& word) { return ALARMSINTERFACE_getGlobalAlarmStatus(word); }
+/// The display's end of the link, and a place where its meter may listen.
+class Client : public testing::Test {
+protected:
+    void Connect() { ASSERT_EQ(connectToServer(kHere, listener.port()), 0); }
+    int Call() { return ALARMSINTERFACE_getGlobalAlarmStatus(word); }
 
-/// The number of connections that one call attempts while no address leads anywhere.
-std::size_t AttemptsOfACall() {
-    testing::internal::CaptureStdout();
-    std::uint32_t word = 77;
-    EXPECT_EQ(CallWord(word), -1);
-    EXPECT_EQ(word, 0U);
-    return Count(testing::internal::GetCapturedStdout(), kAttemptLine);
-}
+    /// The number of connections that one call attempts while no address leads anywhere.
+    std::size_t AttemptsOfACall() {
+        testing::internal::CaptureStdout();
+        word = 77;
+        EXPECT_EQ(Call(), -1);
+        EXPECT_EQ(word, 0U);
+        return Count(testing::internal::GetCapturedStdout(), kAttemptLine);
+    }
 
-TEST(Client, FailsAtOnceAndTouchesNothingBeforeItIsConnected) {
+    Listener listener;
     std::uint32_t word = 77;
-    EXPECT_EQ(CallWord(word), -1);
+};
+
+TEST_F(Client, FailsAtOnceAndTouchesNothingBeforeItIsConnected) {
+    EXPECT_EQ(Call(), -1);
     EXPECT_EQ(word, 77U);
 }
 
-TEST(Client, HoldsOffForSixteenSecondsAfterBothAttemptsFailed) {
+TEST_F(Client, HoldsOffForSixteenSecondsAfterBothAttemptsFailed) {
     testing::internal::CaptureStdout();
     EXPECT_EQ(connectToServer("no address", 1), -1);
     EXPECT_EQ(Count(testing::internal::GetCapturedStdout(), kAttemptLine), 1U);
@@ -64,42 +71,33 @@ TEST(Client, HoldsOffForSixteenSecondsAfterBothAttemptsFailed) {
     EXPECT_EQ(AttemptsOfACall(), 0U) << "a failed retry holds off anew";
 }
 
-TEST(Client, FindsAMeterThatComesLater) {
-    std::uint16_t port = 0;
-    {
-        Listener listener;
-        port = listener.port();
-    }
+TEST_F(Client, FindsAMeterThatComesLater) {
+    const std::uint16_t port = UnusedPort();
     EXPECT_EQ(connectToServer(kHere, port), -1);
     EXPECT_EQ(DISPTASK_nop(), -1);
     CountingMeter meter;
     ASSERT_EQ(connectToServer(kHere, meter.port()), 0) << "connecting by hand does not ask the hold-off";
-    std::uint32_t word = 0;
-    EXPECT_EQ(CallWord(word), 0);
+    EXPECT_EQ(Call(), 0);
     EXPECT_EQ(word, 0x03020100U);
     (void)connectToServer(kHere, port);
 }
 
-TEST(Client, SendsAgainWhenAnIdleConnectionWasReset) {
-    Listener listener;
-    ASSERT_EQ(connectToServer(kHere, listener.port()), 0);
+TEST_F(Client, SendsAgainWhenAnIdleConnectionWasReset) {
+    Connect();
     listener.Accept().Reset();
-    std::thread meter([&listener] {
+    std::jthread meter([this] {
         Peer display = listener.Accept();
         EXPECT_EQ(display.ReceiveRequest(), Request("ALARMSINTERFACE_getGlobalAlarmStatus", "", 4));
         display.Send(Word(12));
         EXPECT_EQ(display.ReceiveRequest(), Request("DISPTASK_nop", "", 0)) << "the new connection is kept";
     });
-    std::uint32_t status = 0;
-    EXPECT_EQ(CallWord(status), 0);
-    EXPECT_EQ(status, 12U);
+    EXPECT_EQ(Call(), 0);
+    EXPECT_EQ(word, 12U);
     EXPECT_EQ(DISPTASK_nop(), 0);
-    meter.join();
 }
 
-TEST(Client, CollectsAReplyThatComesInPiecesAndKeepsThePartOfOneThatBreaksOff) {
-    Listener listener;
-    std::thread meter([&listener] {
+TEST_F(Client, CollectsAReplyThatComesInPiecesAndKeepsThePartOfOneThatBreaksOff) {
+    std::jthread meter([this] {
         Peer first = listener.Accept();
         first.ReceiveRequest();
         for (const char* piece : {"\1", "\2\3", "\4"}) {
@@ -113,24 +111,20 @@ TEST(Client, CollectsAReplyThatComesInPiecesAndKeepsThePartOfOneThatBreaksOff) {
         second.ReceiveRequest();
         second.Send(Word(9));
     });
-    ASSERT_EQ(connectToServer(kHere, listener.port()), 0);
-    std::uint32_t word = 0;
-    EXPECT_EQ(CallWord(word), 0);
+    Connect();
+    EXPECT_EQ(Call(), 0);
     EXPECT_EQ(word, 0x04030201U);
-    EXPECT_EQ(CallWord(word), -1);
+    EXPECT_EQ(Call(), -1);
     EXPECT_EQ(word, 0x0605U) << "what came, and zeros";
-    EXPECT_EQ(CallWord(word), 0) << "the next call finds a new connection";
+    EXPECT_EQ(Call(), 0) << "the next call finds a new connection";
     EXPECT_EQ(word, 9U);
-    meter.join();
 }
 
-TEST(Client, GivesASilentMeterUpAfterThreeSeconds) {
-    Listener listener;
-    ASSERT_EQ(connectToServer(kHere, listener.port()), 0);
+TEST_F(Client, GivesASilentMeterUpAfterThreeSeconds) {
+    Connect();
     Peer silent = listener.Accept();
     const auto start = std::chrono::steady_clock::now();
-    std::uint32_t word = 77;
-    EXPECT_EQ(CallWord(word), -1);
+    EXPECT_EQ(Call(), -1);
     EXPECT_EQ(word, 0U);
     const auto waited = std::chrono::steady_clock::now() - start;
     EXPECT_GE(waited, std::chrono::milliseconds(2900));
@@ -139,9 +133,8 @@ TEST(Client, GivesASilentMeterUpAfterThreeSeconds) {
     EXPECT_TRUE(silent.IsClosedByOther());
 }
 
-TEST(Client, TakesNoBytesForAReplyThatCameBeforeItsCall) {
-    Listener listener;
-    std::thread meter([&listener] {
+TEST_F(Client, TakesNoBytesForAReplyThatCameBeforeItsCall) {
+    std::jthread meter([this] {
         Peer first = listener.Accept();
         first.ReceiveRequest();
         first.Send(Word(1) + Word(1));
@@ -150,18 +143,15 @@ TEST(Client, TakesNoBytesForAReplyThatCameBeforeItsCall) {
         second.Send(Word(2));
         EXPECT_TRUE(first.IsClosedByOther());
     });
-    ASSERT_EQ(connectToServer(kHere, listener.port()), 0);
-    std::uint32_t word = 0;
-    EXPECT_EQ(CallWord(word), 0);
+    Connect();
+    EXPECT_EQ(Call(), 0);
     EXPECT_EQ(word, 1U);
-    EXPECT_EQ(CallWord(word), 0);
+    EXPECT_EQ(Call(), 0);
     EXPECT_EQ(word, 2U);
-    meter.join();
 }
 
-TEST(Client, GivesAReplyUpThatTakesMoreThanTenSeconds) {
-    Listener listener;
-    std::thread meter([&listener] {
+TEST_F(Client, GivesAReplyUpThatTakesMoreThanTenSeconds) {
+    std::jthread meter([this] {
         Peer display = listener.Accept();
         display.ReceiveRequest();
         display.Send(std::string_view("\1\2", 2));
@@ -170,16 +160,14 @@ TEST(Client, GivesAReplyUpThatTakesMoreThanTenSeconds) {
         display.Send(std::string_view("\3", 1));
         EXPECT_TRUE(display.IsClosedByOther());
     });
-    ASSERT_EQ(connectToServer(kHere, listener.port()), 0);
+    Connect();
     const auto start = std::chrono::steady_clock::now();
-    std::uint32_t word = 0;
-    EXPECT_EQ(CallWord(word), -1);
+    EXPECT_EQ(Call(), -1);
     EXPECT_EQ(word & 0xFFFFU, 0x0201U) << "what came";
     EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(2));
-    meter.join();
 }
 
-TEST(Client, SendsFramesOf4096BytesAndNoneBeyond) {
+TEST_F(Client, SendsFramesOf4096BytesAndNoneBeyond) {
     CountingMeter meter;
     ASSERT_EQ(connectToServer(kHere, meter.port()), 0);
     const std::string payload(4096 - 17 - 3 + 1, 'p');
@@ -198,40 +186,36 @@ TEST(Client, SendsFramesOf4096BytesAndNoneBeyond) {
     EXPECT_EQ(requests[0].size(), 4096U);
 }
 
-TEST(Client, ServesTenTasksAndTurnsTheEleventhAway) {
+TEST_F(Client, ServesTenTasksAndTurnsTheEleventhAway) {
     std::uint8_t* const mine = rdaTaskBuffer();
     ASSERT_NE(mine, nullptr);
-    std::promise<void> end;
-    const std::shared_future<void> ended(end.get_future());
-    std::array<std::thread, 9> owners;
+    std::latch claimed{9};
+    std::latch end{1};
+    std::array<std::jthread, 9> owners;
     for (auto& owner : owners) {
-        std::promise<std::uint8_t*> claimed;
-        auto buffer = claimed.get_future();
-        owner = std::thread([&claimed, ended] {
+        owner = std::jthread([&] {
             std::uint8_t* const own = rdaTaskBuffer();
-            claimed.set_value(own);
-            ended.wait();
+            EXPECT_NE(own, nullptr);
+            claimed.count_down();
+            end.wait();
             EXPECT_EQ(rdaTaskBuffer(), own);
         });
-        EXPECT_NE(buffer.get(), nullptr);
     }
+    claimed.wait();
     testing::internal::CaptureStdout();
-    std::thread([] {
-        std::uint32_t word = 77;
-        EXPECT_EQ(CallWord(word), -1);
+    std::thread([this] {
+        EXPECT_EQ(Call(), -1);
         EXPECT_EQ(DISPLAYMODE_setAltMode(1, word), -1);
         EXPECT_EQ(word, 77U);
     }).join();
     const std::string line = "Failed to create task context for RDA client!\n";
     EXPECT_EQ(testing::internal::GetCapturedStdout(), line + line);
-    end.set_value();
-    for (auto& owner : owners) owner.join();
+    end.count_down();
     EXPECT_EQ(rdaTaskBuffer(), mine);
 }
 
-TEST(Client, KeepsTheCallsOfManyTasksApart) {
-    Listener listener;
-    std::thread meter([&listener] {
+TEST_F(Client, KeepsTheCallsOfManyTasksApart) {
+    std::jthread meter([this] {
         Peer display = listener.Accept();
         while (true) {
             const std::string request = display.ReceiveRequest();
@@ -239,10 +223,10 @@ TEST(Client, KeepsTheCallsOfManyTasksApart) {
             display.Send(request.substr(request.size() - 8, 4));  // the payload's word comes back
         }
     });
-    ASSERT_EQ(connectToServer(kHere, listener.port()), 0);
-    std::array<std::thread, 4> tasks;
+    Connect();
+    std::array<std::jthread, 4> tasks;
     for (std::uint32_t task = 0; task < tasks.size(); ++task) {
-        tasks[task] = std::thread([task] {
+        tasks[task] = std::jthread([task] {
             for (std::uint32_t i = 0; i < 100; ++i) {
                 std::uint32_t echoed = 0;
                 EXPECT_EQ(DISPLAYMODE_setAltMode(task << 16 | i, echoed), 0);
@@ -252,7 +236,6 @@ TEST(Client, KeepsTheCallsOfManyTasksApart) {
     }
     for (auto& task : tasks) task.join();
     (void)connectToServer(kHere, UnusedPort());
-    meter.join();
 }
 
 }  // namespace

@@ -4,7 +4,6 @@
 
 #include <string>
 #include <thread>
-#include <utility>
 #include <vector>
 
 #include "rda/server.h"
@@ -87,12 +86,8 @@ protected:
         hardwareAnswers = 0;
         registerDisplayCommands(m_server, kDisplay);
         const std::uint16_t port = UnusedPort();
-        m_thread = std::thread([this, port] { m_server.serve(port, "127.0.0.1", 0, 0); });
+        m_thread = std::jthread([this, port] { m_server.serve(port, "127.0.0.1", 0, 0); });
         m_meter.emplace_back(Peer::ConnectTo(port));
-    }
-    void TearDown() override {
-        m_meter.clear();
-        m_thread.join();
     }
 
     /// Sends a command, and a query behind it whose answer tells that the command is done. @return its reply
@@ -105,60 +100,47 @@ protected:
         return reply;
     }
 
-    /// @return what a command printed on the console, together with its reply
-    std::pair<std::string, std::string> Spoken(const std::string& name, const std::string& payload,
-                                               std::uint32_t responseSize) {
+    /// A command is answered and done, or not; and says what is wrong with it.
+    void Expect(const Case& command, const std::string& payload, std::uint32_t responseSize, const std::string& reply,
+                bool isDone, const std::string& complaint = "") {
         testing::internal::CaptureStdout();
-        const std::string reply = Command(name, payload, responseSize);
-        return {testing::internal::GetCapturedStdout(), reply};
+        EXPECT_EQ(Command(command.name, payload, responseSize), reply) << command.name;
+        EXPECT_EQ(testing::internal::GetCapturedStdout(), complaint.empty() ? "" : command.name + complaint);
+        EXPECT_EQ(done, std::vector<std::string>(isDone ? 1 : 0, command.done)) << command.name;
     }
 
     RdaServer m_server;
-    std::thread m_thread;
+    std::jthread m_thread;  // ends when the meter hangs up
     std::vector<Peer> m_meter;
 };
 
 TEST_F(CommandServer, DoesWhatTheMeterCommandsAndAnswersWhatItAsks) {
-    for (const Case& command : kCases) {
-        const auto [printed, reply] = Spoken(command.name, command.payload, command.responseSize);
-        EXPECT_EQ(printed, "") << command.name;
-        EXPECT_EQ(reply, command.reply) << command.name;
-        const std::vector<std::string> expected(command.done.empty() ? 0 : 1, command.done);
-        EXPECT_EQ(done, expected) << command.name;
-    }
+    for (const Case& command : kCases)
+        Expect(command, command.payload, command.responseSize, command.reply, !command.done.empty());
 }
 
 TEST_F(CommandServer, IgnoresACommandWhosePayloadHasTheWrongSizeAndSaysSo) {
     for (const Case& command : kCases) {
-        const std::string line = command.name + "Payload size does not match expected!\n";
-        EXPECT_EQ(Spoken(command.name, command.payload + 'x', command.responseSize).first, line);
-        EXPECT_EQ(done, std::vector<std::string>{}) << command.name;
+        const std::string nothing(command.responseSize, '\0');
+        const std::string complaint = "Payload size does not match expected!\n";
+        Expect(command, command.payload + 'x', command.responseSize, nothing, false, complaint);
         if (command.payload.empty()) continue;
-        const std::string shorter = command.payload.substr(1);
-        EXPECT_EQ(Spoken(command.name, shorter, command.responseSize).first, line);
-        EXPECT_EQ(done, std::vector<std::string>{}) << command.name;
+        Expect(command, command.payload.substr(1), command.responseSize, nothing, false, complaint);
     }
 }
 
 TEST_F(CommandServer, AnswersAQueryForAWrongSizeWithZerosAndSaysSo) {
     for (const Case& query : kCases) {
         if (query.reply.empty()) continue;
-        for (const std::uint32_t wrong : {query.responseSize - 1, query.responseSize + 1, 0U}) {
-            const auto [printed, reply] = Spoken(query.name, query.payload, wrong);
-            EXPECT_EQ(printed, query.name + "Response size does not match expected!\n");
-            EXPECT_EQ(reply, std::string(wrong, '\0')) << query.name;
-        }
+        for (const std::uint32_t wrong : {query.responseSize - 1, query.responseSize + 1, 0U})
+            Expect(query, query.payload, wrong, std::string(wrong, '\0'), false,
+                   "Response size does not match expected!\n");
     }
 }
 
 TEST_F(CommandServer, TakesAnyResponseSizeForACommandThatIsNoQuery) {
-    for (const Case& command : kCases) {
-        if (command.done.empty()) continue;
-        const auto [printed, reply] = Spoken(command.name, command.payload, 5);
-        EXPECT_EQ(printed, "");
-        EXPECT_EQ(reply, std::string(5, '\0'));
-        EXPECT_EQ(done, std::vector<std::string>{command.done});
-    }
+    for (const Case& command : kCases)
+        if (!command.done.empty()) Expect(command, command.payload, 5, std::string(5, '\0'), true);
 }
 
 TEST_F(CommandServer, AnswersForHardwareThatDoesNotKnow) {

@@ -51,26 +51,16 @@ protected:
         m_server.registerHandler("nine", AnswerNine);
         m_server.setConnectionCallback(Tell);
     }
-    void TearDown() override {
-        if (m_thread.joinable()) m_thread.join();
-    }
 
     Peer Connect() {
         if (m_thread.joinable()) m_thread.join();
-        m_thread = std::thread([this] { m_server.serve(m_port, "127.0.0.1", 0, 0); });
+        m_thread = std::jthread([this] { m_server.serve(m_port, "127.0.0.1", 0, 0); });
         return Peer::ConnectTo(m_port);
-    }
-
-    /// Sends bytes on a new connection. @return whether the server hung up without a word
-    bool LosesItsConnectionWith(const std::string& bytes) {
-        Peer client = Connect();
-        client.Send(bytes);
-        return client.IsClosedByOther();
     }
 
     RdaServer m_server;
     std::uint16_t m_port = UnusedPort();
-    std::thread m_thread;
+    std::jthread m_thread;
 };
 
 TEST_F(Server, AnswersOneRequestAfterTheOther) {
@@ -89,17 +79,22 @@ TEST_F(Server, AnswersOneRequestAfterTheOther) {
 }
 
 TEST_F(Server, HangsUpOnWhoeverBreaksTheForm) {
-    EXPECT_TRUE(LosesItsConnectionWith("%%RS" + Request("keep", "", 1).substr(4))) << "wrong magic";
-    EXPECT_TRUE(LosesItsConnectionWith("%%RR" + Word(0) + Word(0) + Word(1))) << "no name";
-    EXPECT_TRUE(LosesItsConnectionWith("%%RR" + Word(6) + "keep" + Hex("00 00") + Word(0) + Word(1)))
-        << "the name ends before its size";
-    EXPECT_TRUE(LosesItsConnectionWith("%%RR" + Word(4) + "keep" + Word(0) + Word(1))) << "the name does not end";
-    EXPECT_TRUE(LosesItsConnectionWith("%%RR" + Word(105) + std::string(104, 'n') + '\0' + Word(0) + Word(1)))
-        << "a name beyond the buffer";
-    EXPECT_TRUE(LosesItsConnectionWith("%%RR" + Word(0xFFFFFFFF) + std::string(9000, 'n'))) << "an endless name";
-    EXPECT_TRUE(LosesItsConnectionWith(Request("keep", std::string(1025, 'p'), 1))) << "a payload beyond the buffer";
-    EXPECT_TRUE(LosesItsConnectionWith(Request("keep", "", 8193))) << "a response beyond the buffer";
-    EXPECT_TRUE(LosesItsConnectionWith(Request("keep", "", 0xFFFFFFFF)));
+    const std::pair<const char*, std::string> breaches[] = {
+        {"wrong magic", "%%RS" + Request("keep", "", 1).substr(4)},
+        {"no name", "%%RR" + Word(0) + Word(0) + Word(1)},
+        {"the name ends before its size", "%%RR" + Word(6) + "keep" + Hex("00 00") + Word(0) + Word(1)},
+        {"the name does not end", "%%RR" + Word(4) + "keep" + Word(0) + Word(1)},
+        {"a name beyond the buffer", "%%RR" + Word(105) + std::string(104, 'n') + '\0' + Word(0) + Word(1)},
+        {"an endless name", "%%RR" + Word(0xFFFFFFFF) + std::string(9000, 'n')},
+        {"a payload beyond the buffer", Request("keep", std::string(1025, 'p'), 1)},
+        {"a response beyond the buffer", Request("keep", "", 8193)},
+        {"an endless response", Request("keep", "", 0xFFFFFFFF)},
+    };
+    for (const auto& [breach, bytes] : breaches) {
+        Peer client = Connect();
+        client.Send(bytes);
+        EXPECT_TRUE(client.IsClosedByOther()) << breach;
+    }
     EXPECT_TRUE(payloads.empty());
 }
 
@@ -110,8 +105,7 @@ TEST_F(Server, CarriesNothingOutOfARequestThatIsCutAnywhere) {
         client.Send(request.substr(0, sent));
         client.Close();
         m_thread.join();
-        EXPECT_TRUE(payloads.empty()) << "after " << sent << " bytes";
-        payloads.clear();
+        ASSERT_TRUE(payloads.empty()) << "after " << sent << " bytes";
     }
     EXPECT_EQ(told.size(), 3 * request.size()) << "each time it waited, served, and waited again";
 }

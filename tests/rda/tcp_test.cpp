@@ -46,31 +46,40 @@ ssize_t __wrap_recv(int socket, void* buffer, std::size_t length, int flags) {
 namespace {
 
 constexpr const char* kHere = "127.0.0.1";
-using Buffer = std::array<std::uint8_t, 100>;
+constexpr std::uint32_t kRoom = 100;
 
 std::ptrdiff_t OpenDescriptors() { return std::distance(std::filesystem::directory_iterator("/proc/self/fd"), {}); }
 
-TEST(TcpStream, GivesWhatIsThereAndKnowsSilenceFromAnEnd) {
+/// A connector and a listener that it may reach.
+class TcpConnector : public testing::Test {
+protected:
+    int Connect(std::uint32_t seconds = 2) { return connector.connect(kHere, listener.port(), seconds); }
+
     Listener listener;
     vxTCPConnector connector;
     vxTCPStream& stream = connector.stream();
+    std::array<std::uint8_t, kRoom> buffer{};
+};
+
+using TcpStream = TcpConnector;
+
+TEST_F(TcpStream, GivesWhatIsThereAndKnowsSilenceFromAnEnd) {
     EXPECT_FALSE(stream.isConnected());
-    ASSERT_EQ(connector.connect(kHere, listener.port(), 2), 0);
+    ASSERT_EQ(Connect(), 0);
     EXPECT_TRUE(stream.isConnected());
     EXPECT_EQ(stream.peerPort(), listener.port());
     EXPECT_STREQ(stream.peerAddress(), kHere);
 
     Peer peer = listener.Accept();
-    Buffer buffer{};
     peer.Send(CountingBytes(30));
-    EXPECT_EQ(stream.receive(buffer.data(), buffer.size()), 30);
+    EXPECT_EQ(stream.receive(buffer.data(), kRoom), 30);
     EXPECT_EQ(buffer[29], 29);
-    EXPECT_EQ(stream.receive(buffer.data(), buffer.size(), 1), 0) << "silence for a second";
+    EXPECT_EQ(stream.receive(buffer.data(), kRoom, 1), 0) << "silence for a second";
     EXPECT_EQ(stream.send(buffer.data(), 30), 30);
     EXPECT_EQ(peer.Receive(30), CountingBytes(30));
     peer.Close();
-    EXPECT_EQ(stream.receive(buffer.data(), buffer.size()), -1);
-    EXPECT_EQ(stream.receive(buffer.data(), buffer.size(), 1), -1);
+    EXPECT_EQ(stream.receive(buffer.data(), kRoom), -1);
+    EXPECT_EQ(stream.receive(buffer.data(), kRoom, 1), -1);
 
     const std::ptrdiff_t before = OpenDescriptors();
     stream.close();
@@ -83,14 +92,10 @@ TEST(TcpStream, GivesWhatIsThereAndKnowsSilenceFromAnEnd) {
     EXPECT_EQ(stream.receive(buffer.data(), 1, 1), -1);
 }
 
-TEST(TcpStream, ReceivesDespiteThreeInterruptionsAndNoMore) {
-    Listener listener;
-    vxTCPConnector connector;
-    vxTCPStream& stream = connector.stream();
-    ASSERT_EQ(connector.connect(kHere, listener.port(), 2), 0);
+TEST_F(TcpStream, ReceivesDespiteThreeInterruptionsAndNoMore) {
+    ASSERT_EQ(Connect(), 0);
     Peer peer = listener.Accept();
     peer.Send("ab");
-    Buffer buffer{};
     FailNextCalls(3, EINTR);
     EXPECT_EQ(stream.receive(buffer.data(), 1), 1);
     FailNextCalls(4, EINTR);
@@ -103,78 +108,67 @@ TEST(TcpStream, ReceivesDespiteThreeInterruptionsAndNoMore) {
     EXPECT_EQ(buffer[0], 'b');
 }
 
-TEST(TcpStream, TakesNoSocketForOneAndRefusesToWaitForOneBeyondTheHostsSets) {
+TEST_F(TcpStream, TakesNoSocketForOneAndRefusesToWaitForOneBeyondTheHostsSets) {
     const sockaddr_in nobody{};
-    vxTCPStream stream;
     stream.attach(-1, &nobody);
     EXPECT_FALSE(stream.isConnected());
     EXPECT_FALSE(stream.takeUnread());
-    stream.attach(FD_SETSIZE, &nobody);
-    std::uint8_t byte = 0;
-    EXPECT_EQ(stream.receive(&byte, 1, 1), -1);
+    vxTCPStream beyond;
+    beyond.attach(FD_SETSIZE, &nobody);
+    EXPECT_EQ(beyond.receive(buffer.data(), 1, 1), -1);
     EXPECT_EQ(waitUntilReadable(-1, 1), -1);
 }
 
-TEST(TcpConnector, FailsWithAClosedStreamWhereNobodyListensOrTheAddressMeansNothing) {
-    vxTCPConnector connector;
+TEST_F(TcpConnector, FailsWithAClosedStreamWhereNobodyListensOrTheAddressMeansNothing) {
     EXPECT_NE(connector.connect(kHere, UnusedPort(), 2), 0);
-    EXPECT_FALSE(connector.stream().isConnected());
+    EXPECT_FALSE(stream.isConnected());
 
     testing::internal::CaptureStdout();
     testing::internal::CaptureStderr();
     EXPECT_EQ(connector.connect("localhost", 1, 2), -1);
     EXPECT_EQ(testing::internal::GetCapturedStderr().substr(0, 12), "inet_pton():");
     EXPECT_EQ(testing::internal::GetCapturedStdout(), "vxTCPConnector::connect: Error: could not create socket...\n\n");
-    EXPECT_FALSE(connector.stream().isConnected());
+    EXPECT_FALSE(stream.isConnected());
 }
 
-TEST(TcpConnector, ConnectsDespiteThreeInterruptionsAndNoMore) {
-    Listener listener;
-    vxTCPConnector connector;
+TEST_F(TcpConnector, ConnectsDespiteThreeInterruptionsAndNoMore) {
     FailNextCalls(4, EINTR);
-    EXPECT_EQ(connector.connect(kHere, listener.port(), 2), -1);
+    EXPECT_EQ(Connect(), -1);
     FailNextCalls(3, EINTR);
-    EXPECT_EQ(connector.connect(kHere, listener.port(), 2), 0);
+    EXPECT_EQ(Connect(), 0);
 }
 
-TEST(TcpConnector, GivesUpWhereNobodyAnswersInTime) {
-    Listener listener;
+TEST_F(TcpConnector, GivesUpWhereNobodyAnswersInTime) {
     std::vector<Peer> crowd;  // all that the listener keeps waiting
     while (crowd.size() < 6) crowd.push_back(Peer::ConnectTo(listener.port()));
-    vxTCPConnector connector;
     const auto start = std::chrono::steady_clock::now();
-    EXPECT_NE(connector.connect(kHere, listener.port(), 1), 0);
+    EXPECT_NE(Connect(1), 0);
     const auto waited = std::chrono::steady_clock::now() - start;
     EXPECT_GE(waited, std::chrono::milliseconds(950));
     EXPECT_LT(waited, std::chrono::seconds(3));
 }
 
-TEST(TcpConnector, HangsUpBeforeItConnectsAnew) {
-    Listener listener;
-    vxTCPConnector connector;
-    ASSERT_EQ(connector.connect(kHere, listener.port(), 2), 0);
+TEST_F(TcpConnector, HangsUpBeforeItConnectsAnew) {
+    ASSERT_EQ(Connect(), 0);
     Peer first = listener.Accept();
-    ASSERT_EQ(connector.connect(kHere, listener.port(), 2), 0);
+    ASSERT_EQ(Connect(), 0);
     EXPECT_TRUE(first.IsClosedByOther());
 }
 
-TEST(TcpConnector, SendsACallAtOnceAlthoughTheOneBeforeHadNoReply) {
+TEST_F(TcpConnector, SendsACallAtOnceAlthoughTheOneBeforeHadNoReply) {
     using Clock = std::chrono::steady_clock;
-    Listener listener;
-    vxTCPConnector connector;
-    ASSERT_EQ(connector.connect(kHere, listener.port(), 2), 0);
+    ASSERT_EQ(Connect(), 0);
     Peer peer = listener.Accept();
-    Buffer buffer{};
     std::array<Clock::duration, 15> waits{};
     for (Clock::duration& wait : waits) {
         for (int i = 0; i < 5; ++i) {
-            ASSERT_EQ(connector.stream().send(buffer.data(), 1), 1);
+            ASSERT_EQ(stream.send(buffer.data(), 1), 1);
             peer.Send(peer.Receive(1));
-            ASSERT_EQ(connector.stream().receive(buffer.data(), 1), 1);
+            ASSERT_EQ(stream.receive(buffer.data(), 1), 1);
         }
         const auto start = Clock::now();
-        ASSERT_EQ(connector.stream().send(buffer.data(), 1), 1);
-        ASSERT_EQ(connector.stream().send(buffer.data(), 2), 2);
+        ASSERT_EQ(stream.send(buffer.data(), 1), 1);
+        ASSERT_EQ(stream.send(buffer.data(), 2), 2);
         peer.Receive(3);
         wait = Clock::now() - start;
     }

@@ -15,12 +15,7 @@
 
 namespace {
 
-constexpr session::Instant kSecond = 1000;
-constexpr int kMenu = 0;
-constexpr int kComparedScreen = 25;
 constexpr std::uint16_t kFirstResourceFont = 32;
-constexpr std::uint32_t kPowerOnLines = 0x10;
-constexpr std::uint32_t kLine1 = 0x08;
 
 /// What the display cannot do for good after a call failed while it came up.
 enum Loss : unsigned {
@@ -82,7 +77,6 @@ struct Arrival {
 };
 
 unsigned LossOf(FailingStage& stage) {
-    constexpr std::int32_t kBrightest = 255;
     CountingBoard& board = stage.Board();
     if (board.frames == 0) return Everything;
     if (!Stage::HasHandedOver()) return HandOver;
@@ -91,7 +85,7 @@ unsigned LossOf(FailingStage& stage) {
     const int lamp = board.controls["/rasGpio1/1"];
     stage.PressHome();
     stage.Run(2 * kSecond);
-    const bool isLit = board.backlight.on && board.backlight.level == kBrightest;
+    const bool isLit = board.backlight.on && board.backlight.level == panel::kBrightest;
     if (Stage::ShownScreen() != kMenu || !isLit) loss |= Keys;
     if (board.controls["/rasGpio1/1"] == lamp) loss |= Lamp;
     if (board.ports[0].high != kLine1) loss |= Lines;

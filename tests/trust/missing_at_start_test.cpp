@@ -30,14 +30,7 @@ constexpr std::array<ThingRow, ThingCount> kThings = {{
     {"output port 1", "/rasGpio1/1", ""},
 }};
 
-constexpr session::Instant kSecond = 1000;
 constexpr int kFirstScreen = 200;
-constexpr int kMenu = 0;
-constexpr int kComparedScreen = 25;
-constexpr std::uint32_t kLine0 = 0x10;
-constexpr std::uint32_t kLine1 = 0x08;
-constexpr std::uint32_t kPowerOnLines = kLine0;
-constexpr std::int32_t kBrightest = 255;
 constexpr std::int32_t kPowerOnLevel = 200;
 
 std::string NamesOf(Missing missing) {
@@ -62,22 +55,12 @@ public:
     }
 };
 
-std::size_t Count(const std::string& text, std::string_view part) {
-    std::size_t count = 0;
-    for (std::size_t at = text.find(part); at != std::string::npos; at = text.find(part, at + 1)) ++count;
-    return count;
-}
-
-/// Collects what is not as it should be.
-class Complaints {
-public:
+/// What is not as it should be.
+struct Complaints {
     void Unless(bool holds, std::string_view what) {
-        if (!holds) m_words += "; " + std::string(what);
+        if (!holds) words += "; " + std::string(what);
     }
-    const std::string& Words() const { return m_words; }
-
-private:
-    std::string m_words;
+    std::string words;
 };
 
 /// What is there works, and what is not has left no trace.
@@ -91,14 +74,16 @@ void CheckDefinedState(BareStage& stage, Complaints& complain) {
     complain.Unless((board.frames > 0) == !missing[FrameBuffer], "frames");
     complain.Unless(Stage::IsGerman() == !missing[LocalizationFile], "translation");
     complain.Unless(board.backlight.on == !missing[Backlight], "backlight");
-    const std::int32_t level = handedOver ? kBrightest : kPowerOnLevel / 4;
+    const std::int32_t level = handedOver ? panel::kBrightest : kPowerOnLevel / 4;
     complain.Unless(board.backlight.level == (missing[Backlight] ? kPowerOnLevel : level), "brightness");
     complain.Unless(board.ports[0].high == (handedOver && !missing[Port0] ? kLine1 : kPowerOnLines), "output lines");
     complain.Unless(board.controls.contains("/rasGpio1/1") == (handedOver && !missing[Port1]), "alarm lamp");
     const std::string console = Console();
     for (unsigned thing = 0; thing < ThingCount; ++thing) {
-        if (kThings[thing].console.empty()) continue;
-        complain.Unless(Count(console, kThings[thing].console) == missing[thing], kThings[thing].console);
+        const std::string_view line = kThings[thing].console;
+        if (line.empty()) continue;
+        const bool isSaid = console.find(line) != std::string::npos;
+        complain.Unless(isSaid == missing[thing] && console.find(line) == console.rfind(line), line);
     }
 }
 
@@ -118,7 +103,7 @@ void CheckRecovery(BareStage& stage, Complaints& complain) {
     stage.PressHome();
     stage.Run(kSecond);
     complain.Unless(Stage::ShownScreen() == kMenu, "a key leads to the menu");
-    complain.Unless(board.backlight.level == kBrightest, "a key lights the panel");
+    complain.Unless(board.backlight.level == panel::kBrightest, "a key lights the panel");
     complain.Unless(stage.Show(kComparedScreen), "the meter's command");
 }
 
@@ -131,7 +116,7 @@ std::string StartWithout(BareStage& stage, Missing missing) {
     stage.Run(3 * kSecond);
     CheckDefinedState(stage, complain);
     CheckRecovery(stage, complain);
-    return complain.Words().empty() ? stage.FlashingPicture() : complain.Words();
+    return complain.words.empty() ? stage.FlashingPicture() : complain.words;
 }
 
 /// Whether the resource file and the localisation file are missing: what is drawn depends on nothing else.

@@ -7,6 +7,12 @@
 #include "simulator/panel/devices.h"
 #include "simulator/session/session.h"
 
+inline constexpr session::Instant kSecond = 1000;
+inline constexpr int kMenu = 0;
+inline constexpr int kComparedScreen = 25;
+inline constexpr std::uint32_t kPowerOnLines = 0x10;  // of output port 0
+inline constexpr std::uint32_t kLine1 = 0x08;
+
 /// A board whose devices tell how often they were used.
 class CountingBoard : public session::BoardPort {
 public:
