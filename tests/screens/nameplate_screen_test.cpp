@@ -44,27 +44,23 @@ TEST_F(Nameplate, TurnsFromPageToPageAndStaysAtBothEnds) {
     Press(KEY_SOFT_3, 2);
     EXPECT_EQ(meter().Calls("NAMEPLATEIF_getNameplateData"), 0) << "nothing to read where there is no page";
     Press(KEY_SOFT_2);
-    EXPECT_TRUE(PanelShows("nameplate/page_4")) << "presses at the end are not counted";
     Show(200);
     Show(kNameplate);
-    EXPECT_TRUE(PanelShows("nameplate/page_4")) << "the page outlives a visit elsewhere";
+    EXPECT_TRUE(PanelShows("nameplate/page_4")) << "presses at the end do not count; the page outlives a visit";
     for (int page = 3; page >= 0; --page) {
         Press(KEY_SOFT_2);
         EXPECT_TRUE(PanelShows("nameplate/page_" + std::to_string(page)));
     }
+    meter().AnswerBy("NAMEPLATEIF_getNameplateData", [](auto, auto response) {
+        std::ranges::fill(response, std::byte{'x'});
+        return false;  // the reply broke off
+    });
+    Ticks(kTicksPerSecond);
+    EXPECT_TRUE(PanelShows("nameplate/labels_alone"));
     meter().FallSilent();
     Ticks(kTicksPerSecond);
     Press(KEY_SOFT_3);
     EXPECT_TRUE(PanelShows("nameplate/silent_meter_memory")) << "no unit without a number";
-}
-
-TEST_F(Nameplate, ShowsNothingOfAReplyThatBrokeOff) {
-    meter().AnswerBy("NAMEPLATEIF_getNameplateData", [](auto, auto response) {
-        std::ranges::fill(response, std::byte{'x'});
-        return false;
-    });
-    Show(kNameplate);
-    EXPECT_TRUE(PanelShows("nameplate/labels_alone"));
 }
 
 TEST_F(Nameplate, CutsTextsWithoutEndAndShowsEachInItsRow) {
