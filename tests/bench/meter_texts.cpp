@@ -10,27 +10,6 @@
 
 namespace {
 
-constexpr std::string_view kDataOperations[] = {
-    "PDMINTERFACE_getRegisterValue",
-    "ALARMSINTERFACE_getActiveAlarmStats",
-    "ALARMSINTERFACE_getActiveAlarms",
-    "ALARMSINTERFACE_getHistoricalAlarmStats",
-    "ALARMSINTERFACE_getHistoricalAlarms",
-    "PQINTERFACE_getPhasorData",
-    "PQINTERFACE_getHarmonicData",
-    "PQINTERFACE_getMinMaxBarData",
-    "CUSTOMSCREENINTERFACE_getNormalModeScreenData",
-    "CUSTOMSCREENINTERFACE_getCustomModeScreenData",
-    "CUSTOMSCREENINTERFACE_getTestModeScreenData",
-    "IOI_getDigitalInputCount",
-    "IOI_getDigitalOutputCount",
-    "IOI_getAnalogInputCount",
-    "IOI_getAnalogOutputCount",
-    "NAMEPLATEIF_getNameplateData",
-    "EVLIF_getEventLogEntryCount",
-    "EVLIF_getEventLogData",
-};
-
 /// How the three kinds of texts in a record are changed.
 struct Widening {
     void (*label)(std::span<char>);
@@ -106,24 +85,42 @@ void WidenReplies(std::string_view operation) {
     });
 }
 
-void WidenEveryReply() {
-    WidenReplies<RegisterValue>("PDMINTERFACE_getRegisterValue");
-    WidenReplies<AlarmEntry>("ALARMSINTERFACE_getActiveAlarms");
-    WidenReplies<AlarmEntry>("ALARMSINTERFACE_getHistoricalAlarms");
-    WidenReplies<PhasorEntry>("PQINTERFACE_getPhasorData");
-    WidenReplies<HarmonicData>("PQINTERFACE_getHarmonicData");
-    WidenReplies<MinMaxBarData>("PQINTERFACE_getMinMaxBarData");
-    for (const std::string_view pages :
-         {"CUSTOMSCREENINTERFACE_getNormalModeScreenData", "CUSTOMSCREENINTERFACE_getCustomModeScreenData",
-          "CUSTOMSCREENINTERFACE_getTestModeScreenData"}) {
-        WidenReplies<CustomScreenData>(pages);
+/// What the data screens ask, and how the records of the replies are widened; null: they hold no texts.
+struct DataOperation {
+    std::string_view name;
+    void (*widen)(std::string_view operation);
+};
+
+constexpr DataOperation kDataOperations[] = {
+    {"PDMINTERFACE_getRegisterValue", WidenReplies<RegisterValue>},
+    {"ALARMSINTERFACE_getActiveAlarmStats", nullptr},
+    {"ALARMSINTERFACE_getActiveAlarms", WidenReplies<AlarmEntry>},
+    {"ALARMSINTERFACE_getHistoricalAlarmStats", nullptr},
+    {"ALARMSINTERFACE_getHistoricalAlarms", WidenReplies<AlarmEntry>},
+    {"PQINTERFACE_getPhasorData", WidenReplies<PhasorEntry>},
+    {"PQINTERFACE_getHarmonicData", WidenReplies<HarmonicData>},
+    {"PQINTERFACE_getMinMaxBarData", WidenReplies<MinMaxBarData>},
+    {"CUSTOMSCREENINTERFACE_getNormalModeScreenData", WidenReplies<CustomScreenData>},
+    {"CUSTOMSCREENINTERFACE_getCustomModeScreenData", WidenReplies<CustomScreenData>},
+    {"CUSTOMSCREENINTERFACE_getTestModeScreenData", WidenReplies<CustomScreenData>},
+    {"IOI_getDigitalInputCount", nullptr},
+    {"IOI_getDigitalInputData", WidenReplies<IoPointEntry>},
+    {"IOI_getDigitalOutputCount", nullptr},
+    {"IOI_getDigitalOutputData", WidenReplies<IoPointEntry>},
+    {"IOI_getAnalogInputCount", nullptr},
+    {"IOI_getAnalogInputData", WidenReplies<IoPointEntry>},
+    {"IOI_getAnalogOutputCount", nullptr},
+    {"IOI_getAnalogOutputData", WidenReplies<IoPointEntry>},
+    {"NAMEPLATEIF_getNameplateData", WidenReplies<NameplateData>},
+    {"EVLIF_getEventLogEntryCount", nullptr},
+    {"EVLIF_getEventLogData", WidenReplies<EventLogEntry>},
+};
+
+void WidenEveryReply(const Widening& by) {
+    widening = by;
+    for (const DataOperation& operation : kDataOperations) {
+        if (operation.widen != nullptr) operation.widen(operation.name);
     }
-    for (const std::string_view kind :
-         {"IOI_getDigitalInputData", "IOI_getDigitalOutputData", "IOI_getAnalogInputData", "IOI_getAnalogOutputData"}) {
-        WidenReplies<IoPointEntry>(kind);
-    }
-    WidenReplies<NameplateData>("NAMEPLATEIF_getNameplateData");
-    WidenReplies<EventLogEntry>("EVLIF_getEventLogData");
 }
 
 bool IsDigit(char character) { return character >= '0' && character <= '9'; }
@@ -150,17 +147,15 @@ void WidenNumber(std::span<char> field) {
 }  // namespace
 
 void EmptyEveryReply() {
-    for (const std::string_view operation : kDataOperations) ScriptedMeter::Instance().AnswerBytes(operation, {});
+    for (const DataOperation& operation : kDataOperations) ScriptedMeter::Instance().AnswerBytes(operation.name, {});
 }
 
 void FillEveryText() {
     constexpr auto letters = [](std::span<char> field) { std::ranges::fill(field, 'W'); };
     constexpr auto figures = [](std::span<char> field) { std::ranges::fill(field, '8'); };
-    widening = {.label = letters, .value = figures, .moment = figures};
-    WidenEveryReply();
+    WidenEveryReply({.label = letters, .value = figures, .moment = figures});
 }
 
 void WidenEveryValue() {
-    widening = {.label = [](std::span<char>) {}, .value = WidenNumber, .moment = WidenDigits};
-    WidenEveryReply();
+    WidenEveryReply({.label = [](std::span<char>) {}, .value = WidenNumber, .moment = WidenDigits});
 }

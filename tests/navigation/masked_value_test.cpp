@@ -160,39 +160,4 @@ TEST(MaskedValue, CallsAnEmptyAddressNone) {
     EXPECT_EQ(Read(value), "0.0.0.10");
 }
 
-/// No text and no sequence of keys leads to a value that its mask does not allow.
-TEST(MaskedValue, StaysValidWhateverComes) {
-    constexpr std::string_view kAlphabet = "09 .:+-,SN#?";
-    for (const std::string_view mask : {kNumber, kAddress, kWhole, kSeconds, kTime}) {
-        MaskedValue value = With(mask, ZeroReads::None);
-        std::uint32_t state = 1;
-        const auto next = [&state](std::size_t range) {
-            state = state * 1664525U + 1013904223U;
-            return (state >> 8) % range;
-        };
-        int accepted = 0;
-        for (int round = 0; round < 20'000; ++round) {
-            std::string text(next(18), ' ');
-            for (char& letter : text) letter = kAlphabet[next(kAlphabet.size())];
-            if (value.setValue(text) == EntryResult::Accepted) {
-                ++accepted;
-                const std::string reads = Read(value);
-                const std::string cells(value.Cells());
-                ASSERT_EQ(value.setValue(reads), EntryResult::Accepted) << mask << " '" << text << "' '" << reads;
-                ASSERT_EQ(Read(value), reads) << "what is read back reads the same";
-            }
-            for (std::size_t key = next(20); key > 0; --key) {
-                if (next(2) != 0) {
-                    value.step();
-                } else {
-                    value.cursorLeft();
-                }
-            }
-            ASSERT_EQ(value.validate(), EntryResult::Accepted) << mask << ": " << value.Cells();
-            ASSERT_LT(value.Cursor(), mask.size());
-        }
-        EXPECT_GT(accepted, 100) << mask;
-    }
-}
-
 }  // namespace

@@ -101,14 +101,10 @@ TEST_F(Menu, ChangesTheModeOnItsWayToAnotherMenu) {
     EXPECT_EQ(Shown(), kNormal);
     EXPECT_EQ(Navigation().getDisplayMode(), DISPLAY_MODE_NORMAL);
     EXPECT_TRUE(PanelShows("menus/collapsed_1")) << "as on the first day";
-}
-
-TEST_F(Menu, IsShownEvenWhenTheMeterRefusesItsMode) {
-    ShowMenu(kNormal);
     meter().Answer("DISPLAYMODE_setAltMode", std::uint32_t{7});
     Press(KEY_SOFT_3);
     Press(KEY_SOFT_4);
-    EXPECT_EQ(Shown(), kAlternate);
+    EXPECT_EQ(Shown(), kAlternate) << "even when the meter refuses its mode";
     EXPECT_EQ(Navigation().getDisplayMode(), DISPLAY_MODE_NORMAL);
 }
 

@@ -10,27 +10,9 @@ protected:
     static meterAccessClass& Access() { return meterAccessClass::getInstance(); }
 };
 
-TEST_F(MeterAccess, ReadsARegisterAsTextsEvenWhenTheyAreNotTerminated) {
-    RegisterValue record{};
-    record.label.fill('L');
-    record.value.fill('8');
-    record.unit.fill('U');
-    meter().Answer("PDMINTERFACE_getRegisterValue", record);
-    RegisterDisplay display;
-    EXPECT_EQ(Access().readRegister(298, display), 0);
-    EXPECT_EQ(meter().LastArgument("PDMINTERFACE_getRegisterValue"), 298U);
-    EXPECT_EQ(std::u16string_view(display.label.data()), std::u16string(39, u'L'));
-    EXPECT_EQ(std::u16string_view(display.value.data()), std::u16string(44, u'8'));
-    EXPECT_EQ(std::u16string_view(display.unit.data()), std::u16string(9, u'U'));
-    meter().FallSilent();
-    EXPECT_EQ(Access().readRegister(298, display), -1);
-    EXPECT_EQ(display, RegisterDisplay{});
-}
-
 TEST_F(MeterAccess, ReadsExtremesAsTextsEvenWhenTheyAreNotTerminated) {
     MinMaxBarData record{};
     record.minimum.valid.Set(1);
-    record.minimum.value.Set(-2.5);
     record.minimumText.fill('1');
     record.maximumText.fill('2');
     record.present.valid.Set(9);
@@ -43,11 +25,7 @@ TEST_F(MeterAccess, ReadsExtremesAsTextsEvenWhenTheyAreNotTerminated) {
     EXPECT_EQ(std::u16string_view(display.maximum.text.data()), std::u16string(44, u'2'));
     EXPECT_EQ(std::u16string_view(display.present.text.data()), std::u16string(45, u'3'));
     EXPECT_EQ(std::u16string_view(display.label.data()), std::u16string(39, u'L'));
-    EXPECT_EQ(display.minimum.value, -2.5);
     EXPECT_TRUE(display.IsValid()) << "the maximum counts as valid with the minimum";
-    meter().FallSilent();
-    EXPECT_EQ(Access().readMinMaxBar(1, 2, 3, display), -1);
-    EXPECT_FALSE(display.IsValid());
 }
 
 TEST_F(MeterAccess, NoticesAnotherConnectionOnceAndASixthFailureInARow) {

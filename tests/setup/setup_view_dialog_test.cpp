@@ -1,4 +1,3 @@
-#include "navigation/password_handler.h"
 #include "tests/setup/setup_view_bench.h"
 
 namespace {
@@ -54,31 +53,21 @@ TEST_F(SetupViewDialogs, SayWhyNot) {
 }
 
 TEST_F(SetupViewDialogs, CloseByThemselvesAndEndTheLogin) {
-    for (const bool isMessage : {false, true}) {
-        LogIn();
-        EXPECT_EQ(Shown(), kEditScreen);
-        Show(kScreen);
-        meter().ForgetCalls();
-        if (isMessage) {
-            Access(0);
-        } else {
-            Verdict(1);
-            PHC_passwordHandlerClass::getInstance().verify("", "");
-            Verdict(0);
-        }
-        Press(KEY_SOFT_4);
-        Ticks(kDialogTicks - 20);
-        EXPECT_FALSE(IsScreenAsBefore());
-        EXPECT_EQ(meter().Calls(kReadRegister), 0) << "the screen behind it waits";
-        Press(KEY_SOFT_1);
-        Ticks(kDialogTicks);
-        EXPECT_FALSE(IsScreenAsBefore()) << "a key starts the time again";
-        Ticks(20);
-        EXPECT_TRUE(IsScreenAsBefore());
-        EXPECT_EQ(Shown(), kScreen);
-        EXPECT_EQ(meter().Calls(kClear), isMessage ? 1 : 0) << "an open login is ended";
-        Access(1);
-    }
+    LogIn();
+    Show(kScreen);
+    meter().ForgetCalls();
+    Access(0);
+    Press(KEY_SOFT_4);
+    Ticks(kDialogTicks - 20);
+    EXPECT_FALSE(IsScreenAsBefore());
+    EXPECT_EQ(meter().Calls(kReadRegister), 0) << "the screen behind it waits";
+    Press(KEY_SOFT_1);
+    Ticks(kDialogTicks);
+    EXPECT_FALSE(IsScreenAsBefore()) << "a key starts the time again";
+    Ticks(20);
+    EXPECT_TRUE(IsScreenAsBefore());
+    EXPECT_EQ(Shown(), kScreen);
+    EXPECT_EQ(meter().Calls(kClear), 1);
 }
 
 TEST_F(SetupViewDialogs, GiveWayWhenTheScreenIsLeft) {
