@@ -22,17 +22,6 @@ protected:
     }
 };
 
-/// Texts that fill their fields to the last byte, so that none has an end; told apart by their first letters.
-NameplateData Endless() {
-    NameplateData data{};
-    for (std::size_t i = 0; i < data.fields.size(); ++i) {
-        data.fields[i].fill('8');
-        data.fields[i][0] = static_cast<char>('a' + i);
-        data.fields[i].back() = '|';
-    }
-    return data;
-}
-
 TEST_F(Nameplate, TurnsFromPageToPageAndStaysAtBothEnds) {
     Show(kNameplate);
     Press(KEY_SOFT_2);
@@ -61,15 +50,6 @@ TEST_F(Nameplate, TurnsFromPageToPageAndStaysAtBothEnds) {
     Ticks(kTicksPerSecond);
     Press(KEY_SOFT_3);
     EXPECT_TRUE(PanelShows("nameplate/silent_meter_memory")) << "no unit without a number";
-}
-
-TEST_F(Nameplate, CutsTextsWithoutEndAndShowsEachInItsRow) {
-    meter().Answer("NAMEPLATEIF_getNameplateData", Endless());
-    Show(kNameplate);
-    for (int page = 0; page < kPages; ++page) {
-        EXPECT_TRUE(PanelShows("nameplate/endless_" + std::to_string(page)));
-        Press(KEY_SOFT_3);
-    }
 }
 
 TEST_F(Nameplate, LeavesOutTheModelOnTheOtherVariant) {
