@@ -11,6 +11,7 @@ constexpr std::uint32_t kIcon = 224;
 class SetupVerticalList : public PanelBench {};
 
 TEST_F(SetupVerticalList, PassesOverWhatIsHiddenAndStopsAtTheEnds) {
+    EXPECT_EQ(setupVerticalList({9, 0, {}}, SetupItemLook::Plain).Real(), RectOf(8, 56, 312, 211)) << "six rows fit";
     setupVerticalList list({5, 0, {0, 102, 121}}, SetupItemLook::ShowSelected);
     for (const std::uint32_t label : {325U, 328U, 326U}) list.addItem(label, 90, kIcon);
     EXPECT_EQ(list.item(0)->BitmapNumber(PegBitmapPrompt::LeftIcon), 90U);

@@ -15,42 +15,35 @@ constexpr std::string_view kAlarmEntries = "ALARMSINTERFACE_getSettableAlarms";
 
 class ListScreen : public SetupEditBench {
 protected:
+    /// Keeps what is written, and refuses or ignores the registers that a test names.
     ListScreen() {
         meter().AnswerBy(kWrite, [this](std::span<const std::byte> payload, std::span<std::byte> response) {
-            return Answer(payload, response);
+            WireU32 id{};
+            std::memcpy(&id, payload.data(), sizeof id);
+            written.emplace_back(id.Get(), reinterpret_cast<const char*>(payload.data()) + sizeof id);
+            if (id.Get() == silent) return false;
+            if (!refused.contains(id.Get())) return meter().Model().Answer(kWrite, payload, response);
+            RegisterWriteResult reply{};
+            reply.result.Set(1);
+            Write(reply.text, refused[id.Get()]);
+            std::memcpy(response.data(), &reply, sizeof reply);
+            return true;
         });
-    }
-
-    /// Keeps what is written, and refuses or ignores the registers that a test names.
-    bool Answer(std::span<const std::byte> payload, std::span<std::byte> response) {
-        WireU32 id{};
-        std::memcpy(&id, payload.data(), sizeof id);
-        const std::string text(reinterpret_cast<const char*>(payload.data()) + sizeof id);
-        written.emplace_back(id.Get(), text);
-        if (id.Get() == silent) return false;
-        if (!refused.contains(id.Get())) return meter().Model().Answer(kWrite, payload, response);
-        RegisterWriteResult reply{};
-        reply.result.Set(1);
-        Write(reply.text, refused[id.Get()]);
-        std::memcpy(response.data(), &reply, sizeof reply);
-        return true;
     }
 
     /// Alarms 1, 2, 3...; every tenth is not to be listed, every second is on, every third has the other check mark.
     static void List(std::uint32_t count) {
-        std::vector<std::byte> bytes;
+        std::vector<SettableAlarmEntry> alarms(count);
         for (std::uint32_t i = 1; i <= count; ++i) {
-            SettableAlarmEntry entry{};
+            SettableAlarmEntry& entry = alarms[i - 1];
             entry.registerId.Set(static_cast<std::int32_t>(i));
             entry.kind.Set(i % 10 == 0 ? 0 : 1);
             entry.enabled.Set(i % 2);
             entry.icon.Set(i % 3 == 0 ? 1 : 0);
             entry.name.fill('n');
-            const auto part = std::as_bytes(std::span(&entry, 1));
-            bytes.insert(bytes.end(), part.begin(), part.end());
         }
         meter().Answer(kAlarmCount, count);
-        meter().AnswerBytes(kAlarmEntries, bytes);
+        meter().AnswerFrom(kAlarmEntries, [alarms](auto&) { return alarms; });
     }
 
     /// Toggles the items of these rows.

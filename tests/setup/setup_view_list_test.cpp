@@ -12,21 +12,15 @@ class SetupViewLists : public SetupViewBench {
 protected:
     /// The meter lists that many alarms, of all kinds in turn, every other one enabled or all.
     static void Alarms(std::uint32_t count, bool allEnabled = false) {
+        std::vector<SettableAlarmEntry> list(std::min(count, kOneTooMany));
+        for (std::size_t i = 0; i < list.size(); ++i) {
+            Write(list[i].name, i == 3 ? std::string(list[i].name.size(), 'W') : "Alarm number " + std::to_string(i));
+            list[i].kind.Set(static_cast<std::uint16_t>(1 + i % 4));  // 4 is a kind without an icon
+            list[i].enabled.Set(allEnabled || i % 2 == 1 ? 1 : 0);
+            list[i].icon.Set(static_cast<std::uint32_t>(i % 3));
+        }
         meter().Answer("ALARMSINTERFACE_getSettableAlarmsCount", count);
-        std::vector<SettableAlarmEntry> list;
-        for (std::size_t i = 0; i < std::min(count, kOneTooMany); ++i) list.push_back(Alarm(i, allEnabled));
         meter().AnswerFrom("ALARMSINTERFACE_getSettableAlarms", [list](auto&) { return list; });
-    }
-    static SettableAlarmEntry Alarm(std::size_t index, bool isEnabled) {
-        SettableAlarmEntry alarm{};
-        std::string name = "Alarm number ";
-        name += std::to_string(index);
-        if (index == 3) name.assign(alarm.name.size(), 'W');
-        Write(alarm.name, name);
-        alarm.kind.Set(static_cast<std::uint16_t>(1 + index % 4));  // 4 is a kind without an icon
-        alarm.enabled.Set(isEnabled || index % 2 == 1 ? 1 : 0);
-        alarm.icon.Set(static_cast<std::uint32_t>(index % 3));
-        return alarm;
     }
 
     /// Presses of a key that change the panel, until one does not.
