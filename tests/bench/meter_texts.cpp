@@ -19,54 +19,46 @@ struct Widening {
 Widening widening{};
 
 template <typename... Fields>
-void Label(Fields&... fields) {
-    (widening.label(fields), ...);
-}
-template <typename... Fields>
-void Value(Fields&... fields) {
-    (widening.value(fields), ...);
-}
-template <typename... Fields>
-void Moment(Fields&... fields) {
-    (widening.moment(fields), ...);
+void Change(void (*change)(std::span<char>), Fields&... fields) {
+    (change(fields), ...);
 }
 
 void Widen(RegisterValue& record) {
-    Label(record.label, record.unit);
-    Value(record.value);
-    Moment(record.date, record.time);
+    Change(widening.label, record.label, record.unit);
+    Change(widening.value, record.value);
+    Change(widening.moment, record.date, record.time);
 }
 void Widen(AlarmEntry& alarm) {
-    Label(alarm.name, alarm.qualifier);
-    Moment(alarm.startDate, alarm.startTime, alarm.endDate, alarm.endTime);
-    Value(alarm.value);
+    Change(widening.label, alarm.name, alarm.qualifier);
+    Change(widening.moment, alarm.startDate, alarm.startTime, alarm.endDate, alarm.endTime);
+    Change(widening.value, alarm.value);
 }
 void Widen(IoPointEntry& point) {
-    Label(point.label);
-    Value(point.state, point.secondState);
+    Change(widening.label, point.label);
+    Change(widening.value, point.state, point.secondState);
 }
 void Widen(CustomScreenData& page) {
-    Label(page.title);
+    Change(widening.label, page.title);
     for (RegisterValue& parameter : page.parameters) Widen(parameter);
 }
 void Widen(PhasorEntry& phasor) {
-    Label(phasor.magnitudeLabel, phasor.angleLabel);
-    Value(phasor.magnitudeText);
-    Moment(phasor.angleText);
+    Change(widening.label, phasor.magnitudeLabel, phasor.angleLabel);
+    Change(widening.value, phasor.magnitudeText);
+    Change(widening.moment, phasor.angleText);
 }
 void Widen(HarmonicData& spectrum) {
-    for (auto& text : spectrum.texts) Value(text);
+    for (auto& text : spectrum.texts) Change(widening.value, text);
 }
 void Widen(MinMaxBarData& bar) {
-    Value(bar.minimumText, bar.maximumText, bar.presentText);
-    Label(bar.label);
+    Change(widening.value, bar.minimumText, bar.maximumText, bar.presentText);
+    Change(widening.label, bar.label);
 }
 void Widen(NameplateData& plate) {
-    for (auto& field : plate.fields) Label(field);
+    for (auto& field : plate.fields) Change(widening.label, field);
 }
 void Widen(EventLogEntry& event) {
-    Moment(event.date, event.time);
-    Label(event.source, event.description);
+    Change(widening.moment, event.date, event.time);
+    Change(widening.label, event.source, event.description);
 }
 
 /// From now on an operation's replies hold widened records.

@@ -68,7 +68,7 @@ protected:
                 group += item.level == 1 ? 1 : 0;
                 inGroup = item.level == 1 ? -1 : inGroup + 1;
                 const bool isGroup = i + 1 < tree.items.size() && item.level < tree.items[i + 1].level;
-                if (isGroup || !targets.contains(item.target)) continue;
+                if (isGroup || !IsScreen(item)) continue;
                 ShowMenu(tree.menuId);
                 static_cast<menuScrnClass*>(Navigation().getCurrentScreen())->reset();
                 Press(KEY_SOFT_3, group);

@@ -73,13 +73,9 @@ TEST_F(PasswordDialogTest, IsWorkedByTheSoftKeysAlone) {
 }
 
 TEST_F(PasswordDialogTest, SaysWhyNotAndClosesByEveryKeyThatMayCloseIt) {
-    struct Refusal {
-        std::uint32_t verdict;
-        std::string_view password;
-        std::string golden;
-    };
-    const Refusal refusals[] = {{2, "x", "user_may_not"}, {1, "x", "wrong_password"}, {0, "", "wrong_password"}};
-    for (const auto& [verdict, password, golden] : refusals) {
+    using namespace std::string_literals;
+    for (const auto& [verdict, password, golden] :
+         {std::tuple{2U, "x"s, "user_may_not"s}, {1U, "x"s, "wrong_password"s}, {0U, ""s, "wrong_password"s}}) {
         Verdict(verdict);
         meter().ForgetCalls();
         Press(KEY_SOFT_4);

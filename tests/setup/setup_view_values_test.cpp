@@ -5,17 +5,6 @@ namespace {
 
 class SetupViewValues : public SetupViewBench {
 protected:
-    /// The registers that a screen reads in a second, in their order.
-    std::vector<std::uint32_t> RegistersOf(std::int32_t screen) {
-        std::vector<std::uint32_t> read;
-        meter().AnswerFrom(kReadRegister, [&read](const auto& asked) {
-            read.push_back(asked[0]);
-            return RegisterValue{};
-        });
-        Open(screen);
-        meter().Answer(kReadRegister, RegisterValue{});
-        return read;
-    }
     void ShowsAs(const std::string& state, std::initializer_list<std::int32_t> screens) {
         for (const std::int32_t screen : screens) {
             Open(screen);
@@ -43,8 +32,15 @@ TEST_F(SetupViewValues, ComeFromTheirRegistersAndLeadToTheirEditScreens) {
     };
     Open(100);
     LogIn();
+    std::vector<std::uint32_t> read;
+    meter().AnswerFrom(kReadRegister, [&read](const auto& asked) {
+        read.push_back(asked[0]);
+        return RegisterValue{};
+    });
     for (const Page& page : pages) {
-        EXPECT_EQ(RegistersOf(page.screen), page.registers) << page.screen;
+        read.clear();
+        Open(page.screen);
+        EXPECT_EQ(read, page.registers) << page.screen;
         for (const std::int32_t target : page.targets) {
             Press(KEY_SOFT_4);
             EXPECT_EQ(Shown(), target) << page.screen;

@@ -11,19 +11,7 @@ constexpr std::int32_t kWhole = 148;
 constexpr std::int32_t kDelay = 147;
 constexpr std::int32_t kTimeZone = 185;
 
-class ValueScreen : public SetupEditBench {
-protected:
-    /// The confirmed text for the value that the meter holds, one step on in its last place.
-    std::string WrittenAfterOneStep(std::int32_t screen, std::string_view held) {
-        Holds(held);
-        Open(screen);
-        Press(KEY_SOFT_3);
-        Press(KEY_SOFT_4);
-        EXPECT_EQ(meter().Calls(kWrite), 0) << "nothing is written unconfirmed";
-        Press(KEY_SOFT_4);
-        return Written();
-    }
-};
+class ValueScreen : public SetupEditBench {};
 
 TEST_F(ValueScreen, WritesEveryRegisterAndReadsItBack) {
     for (const ValueRow& row : kValueRows) {
@@ -62,7 +50,15 @@ TEST_F(ValueScreen, SendsWhatThePersonComposed) {
           {"1.5", "1"}}},
     };
     for (const auto& [screen, texts] : cases) {
-        for (const auto& [held, written] : texts) EXPECT_EQ(WrittenAfterOneStep(screen, held), written) << held;
+        for (const auto& [held, written] : texts) {
+            Holds(held);
+            Open(screen);
+            Press(KEY_SOFT_3);
+            Press(KEY_SOFT_4);
+            EXPECT_EQ(meter().Calls(kWrite), 0) << "nothing is written unconfirmed";
+            Press(KEY_SOFT_4);
+            EXPECT_EQ(Written(), written) << held;
+        }
     }
 }
 
