@@ -10,27 +10,6 @@
 
 namespace {
 
-constexpr std::string_view kDataOperations[] = {
-    "PDMINTERFACE_getRegisterValue",
-    "ALARMSINTERFACE_getActiveAlarmStats",
-    "ALARMSINTERFACE_getActiveAlarms",
-    "ALARMSINTERFACE_getHistoricalAlarmStats",
-    "ALARMSINTERFACE_getHistoricalAlarms",
-    "PQINTERFACE_getPhasorData",
-    "PQINTERFACE_getHarmonicData",
-    "PQINTERFACE_getMinMaxBarData",
-    "CUSTOMSCREENINTERFACE_getNormalModeScreenData",
-    "CUSTOMSCREENINTERFACE_getCustomModeScreenData",
-    "CUSTOMSCREENINTERFACE_getTestModeScreenData",
-    "IOI_getDigitalInputCount",
-    "IOI_getDigitalOutputCount",
-    "IOI_getAnalogInputCount",
-    "IOI_getAnalogOutputCount",
-    "NAMEPLATEIF_getNameplateData",
-    "EVLIF_getEventLogEntryCount",
-    "EVLIF_getEventLogData",
-};
-
 /// How the three kinds of texts in a record are changed.
 struct Widening {
     void (*label)(std::span<char>);
@@ -40,54 +19,46 @@ struct Widening {
 Widening widening{};
 
 template <typename... Fields>
-void Label(Fields&... fields) {
-    (widening.label(fields), ...);
-}
-template <typename... Fields>
-void Value(Fields&... fields) {
-    (widening.value(fields), ...);
-}
-template <typename... Fields>
-void Moment(Fields&... fields) {
-    (widening.moment(fields), ...);
+void Change(void (*change)(std::span<char>), Fields&... fields) {
+    (change(fields), ...);
 }
 
 void Widen(RegisterValue& record) {
-    Label(record.label, record.unit);
-    Value(record.value);
-    Moment(record.date, record.time);
+    Change(widening.label, record.label, record.unit);
+    Change(widening.value, record.value);
+    Change(widening.moment, record.date, record.time);
 }
 void Widen(AlarmEntry& alarm) {
-    Label(alarm.name, alarm.qualifier);
-    Moment(alarm.startDate, alarm.startTime, alarm.endDate, alarm.endTime);
-    Value(alarm.value);
+    Change(widening.label, alarm.name, alarm.qualifier);
+    Change(widening.moment, alarm.startDate, alarm.startTime, alarm.endDate, alarm.endTime);
+    Change(widening.value, alarm.value);
 }
 void Widen(IoPointEntry& point) {
-    Label(point.label);
-    Value(point.state, point.secondState);
+    Change(widening.label, point.label);
+    Change(widening.value, point.state, point.secondState);
 }
 void Widen(CustomScreenData& page) {
-    Label(page.title);
+    Change(widening.label, page.title);
     for (RegisterValue& parameter : page.parameters) Widen(parameter);
 }
 void Widen(PhasorEntry& phasor) {
-    Label(phasor.magnitudeLabel, phasor.angleLabel);
-    Value(phasor.magnitudeText);
-    Moment(phasor.angleText);
+    Change(widening.label, phasor.magnitudeLabel, phasor.angleLabel);
+    Change(widening.value, phasor.magnitudeText);
+    Change(widening.moment, phasor.angleText);
 }
 void Widen(HarmonicData& spectrum) {
-    for (auto& text : spectrum.texts) Value(text);
+    for (auto& text : spectrum.texts) Change(widening.value, text);
 }
 void Widen(MinMaxBarData& bar) {
-    Value(bar.minimumText, bar.maximumText, bar.presentText);
-    Label(bar.label);
+    Change(widening.value, bar.minimumText, bar.maximumText, bar.presentText);
+    Change(widening.label, bar.label);
 }
 void Widen(NameplateData& plate) {
-    for (auto& field : plate.fields) Label(field);
+    for (auto& field : plate.fields) Change(widening.label, field);
 }
 void Widen(EventLogEntry& event) {
-    Moment(event.date, event.time);
-    Label(event.source, event.description);
+    Change(widening.moment, event.date, event.time);
+    Change(widening.label, event.source, event.description);
 }
 
 /// From now on an operation's replies hold widened records.
@@ -106,24 +77,42 @@ void WidenReplies(std::string_view operation) {
     });
 }
 
-void WidenEveryReply() {
-    WidenReplies<RegisterValue>("PDMINTERFACE_getRegisterValue");
-    WidenReplies<AlarmEntry>("ALARMSINTERFACE_getActiveAlarms");
-    WidenReplies<AlarmEntry>("ALARMSINTERFACE_getHistoricalAlarms");
-    WidenReplies<PhasorEntry>("PQINTERFACE_getPhasorData");
-    WidenReplies<HarmonicData>("PQINTERFACE_getHarmonicData");
-    WidenReplies<MinMaxBarData>("PQINTERFACE_getMinMaxBarData");
-    for (const std::string_view pages :
-         {"CUSTOMSCREENINTERFACE_getNormalModeScreenData", "CUSTOMSCREENINTERFACE_getCustomModeScreenData",
-          "CUSTOMSCREENINTERFACE_getTestModeScreenData"}) {
-        WidenReplies<CustomScreenData>(pages);
+/// What the data screens ask, and how the records of the replies are widened; null: they hold no texts.
+struct DataOperation {
+    std::string_view name;
+    void (*widen)(std::string_view operation);
+};
+
+constexpr DataOperation kDataOperations[] = {
+    {"PDMINTERFACE_getRegisterValue", WidenReplies<RegisterValue>},
+    {"ALARMSINTERFACE_getActiveAlarmStats", nullptr},
+    {"ALARMSINTERFACE_getActiveAlarms", WidenReplies<AlarmEntry>},
+    {"ALARMSINTERFACE_getHistoricalAlarmStats", nullptr},
+    {"ALARMSINTERFACE_getHistoricalAlarms", WidenReplies<AlarmEntry>},
+    {"PQINTERFACE_getPhasorData", WidenReplies<PhasorEntry>},
+    {"PQINTERFACE_getHarmonicData", WidenReplies<HarmonicData>},
+    {"PQINTERFACE_getMinMaxBarData", WidenReplies<MinMaxBarData>},
+    {"CUSTOMSCREENINTERFACE_getNormalModeScreenData", WidenReplies<CustomScreenData>},
+    {"CUSTOMSCREENINTERFACE_getCustomModeScreenData", WidenReplies<CustomScreenData>},
+    {"CUSTOMSCREENINTERFACE_getTestModeScreenData", WidenReplies<CustomScreenData>},
+    {"IOI_getDigitalInputCount", nullptr},
+    {"IOI_getDigitalInputData", WidenReplies<IoPointEntry>},
+    {"IOI_getDigitalOutputCount", nullptr},
+    {"IOI_getDigitalOutputData", WidenReplies<IoPointEntry>},
+    {"IOI_getAnalogInputCount", nullptr},
+    {"IOI_getAnalogInputData", WidenReplies<IoPointEntry>},
+    {"IOI_getAnalogOutputCount", nullptr},
+    {"IOI_getAnalogOutputData", WidenReplies<IoPointEntry>},
+    {"NAMEPLATEIF_getNameplateData", WidenReplies<NameplateData>},
+    {"EVLIF_getEventLogEntryCount", nullptr},
+    {"EVLIF_getEventLogData", WidenReplies<EventLogEntry>},
+};
+
+void WidenEveryReply(const Widening& by) {
+    widening = by;
+    for (const DataOperation& operation : kDataOperations) {
+        if (operation.widen != nullptr) operation.widen(operation.name);
     }
-    for (const std::string_view kind :
-         {"IOI_getDigitalInputData", "IOI_getDigitalOutputData", "IOI_getAnalogInputData", "IOI_getAnalogOutputData"}) {
-        WidenReplies<IoPointEntry>(kind);
-    }
-    WidenReplies<NameplateData>("NAMEPLATEIF_getNameplateData");
-    WidenReplies<EventLogEntry>("EVLIF_getEventLogData");
 }
 
 bool IsDigit(char character) { return character >= '0' && character <= '9'; }
@@ -150,17 +139,15 @@ void WidenNumber(std::span<char> field) {
 }  // namespace
 
 void EmptyEveryReply() {
-    for (const std::string_view operation : kDataOperations) ScriptedMeter::Instance().AnswerBytes(operation, {});
+    for (const DataOperation& operation : kDataOperations) ScriptedMeter::Instance().AnswerBytes(operation.name, {});
 }
 
 void FillEveryText() {
     constexpr auto letters = [](std::span<char> field) { std::ranges::fill(field, 'W'); };
     constexpr auto figures = [](std::span<char> field) { std::ranges::fill(field, '8'); };
-    widening = {.label = letters, .value = figures, .moment = figures};
-    WidenEveryReply();
+    WidenEveryReply({.label = letters, .value = figures, .moment = figures});
 }
 
 void WidenEveryValue() {
-    widening = {.label = [](std::span<char>) {}, .value = WidenNumber, .moment = WidenDigits};
-    WidenEveryReply();
+    WidenEveryReply({.label = [](std::span<char>) {}, .value = WidenNumber, .moment = WidenDigits});
 }

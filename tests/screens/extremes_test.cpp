@@ -46,30 +46,20 @@ protected:
             return bars[ids[2]];
         });
     }
-    static void Wire(std::string_view wiring) {
-        RegisterValue record{};
-        Write(record.value, wiring);
-        meter().Answer(kRegister, record);
-    }
 
     std::map<std::uint32_t, MinMaxBarData> bars;
     Ids asked;
 };
 
-TEST_F(ExtremesBars, ShareOneScale) {
+TEST_F(ExtremesBars, ShareOneScaleOfTheValidOnes) {
     bars = {{3681, Bar({0, 50, 25})}, {3693, Bar({50, 100, 100})}, {3699, Bar({25, 75, 0})}};
     Show(17);
     EXPECT_TRUE(PanelShows("extremes/bars_one_scale"));
     bars = {{3681, Bar({-100, -50, -75})}, {3693, Bar({-50, -1, -1})}, {3699, Bar({-75, -25, -100})}};
     Ticks(20);
     EXPECT_TRUE(PanelShows("extremes/bars_negative"));
-}
-
-TEST_F(ExtremesBars, LeaveTheScaleToTheValidOnes) {
-    const auto notOne = Bar({-1000, 1000, 0, 2});
-    const auto noPresent = Bar({-1000, 1000, 0, 1, 0});
-    bars = {{3681, Bar({0, 50, 25, 1, 7})}, {3693, notOne}, {3699, noPresent}};
-    Show(17);
+    bars = {{3681, Bar({0, 50, 25, 1, 7})}, {3693, Bar({-1000, 1000, 0, 2})}, {3699, Bar({-1000, 1000, 0, 1, 0})}};
+    Ticks(20);
     EXPECT_TRUE(PanelShows("extremes/bars_two_not_valid"));
 }
 
@@ -99,26 +89,26 @@ TEST_F(ExtremesBars, StayOnThePanelWhateverTheValues) {
 }
 
 TEST_F(ExtremesBars, FollowTheWiringOnTheirFirstScreenOnly) {
-    for (const auto& [wiring, registers] : {std::pair{"DELTA", Ids{3691, 3692, 3687}},
-                                            {"DELTA 3W", Ids{3691, 3692, 3687}},
-                                            {"4W-WYE", Ids{3709, 3710, 3708}},
-                                            {"delta", Ids{3709, 3710, 3708}}}) {
-        Wire(wiring);
+    const Ids betweenLines = {3691, 3692, 3687};
+    const Ids toNeutral = {3709, 3710, 3708};
+    const auto firstBarOf = [this](std::int32_t screen) {
         Show(6);
         asked.clear();
-        Show(5);
-        EXPECT_EQ(Ids(asked.begin(), asked.begin() + 3), registers) << wiring;
+        Show(screen);
+        return Ids(asked.begin(), asked.begin() + 3);
+    };
+    for (const auto& [wiring, registers] :
+         {std::pair{"DELTA", betweenLines}, {"DELTA 3W", betweenLines}, {"4W-WYE", toNeutral}, {"delta", toNeutral}}) {
+        RegisterValue record{};
+        Write(record.value, wiring);
+        meter().Answer(kRegister, record);
+        EXPECT_EQ(firstBarOf(5), registers) << wiring;
     }
     meter().Fail(kRegister);
-    asked.clear();
-    Ticks(20);
-    EXPECT_EQ(Ids(asked.begin(), asked.begin() + 3), (Ids{3709, 3710, 3708}));
-    Show(18);
+    EXPECT_EQ(firstBarOf(5), toNeutral);
     meter().ForgetCalls();
-    asked.clear();
-    Ticks(20);
+    EXPECT_EQ(firstBarOf(18), betweenLines);
     EXPECT_EQ(meter().Calls(kRegister), 0) << "the wiring is asked for where it matters";
-    EXPECT_EQ(Ids(asked.begin(), asked.begin() + 3), (Ids{3691, 3692, 3687}));
 }
 
 }  // namespace

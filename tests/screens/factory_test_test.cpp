@@ -59,45 +59,6 @@ TEST_F(FactoryTest, PassesAPanelWhoseFiveKeysComeInTheAskedOrder) {
     EXPECT_EQ(meter().Calls(kVerdict), 1);
     EXPECT_EQ(meter().LastArgument(kVerdict), 0U);
     EXPECT_TRUE(PanelShows("factory_test/passed"));
-}
-
-TEST_F(FactoryTest, FailsAtTheFirstOtherKeyAndLooksAtNoMore) {
-    Press(Asked());
-    testing::internal::CaptureStdout();
-    Press(Other());
-    EXPECT_EQ(testing::internal::GetCapturedStdout(), "\nFAIL - All your base are belong to us.\n");
-    EXPECT_EQ(Keys(kPressed).size(), 1U);
-    EXPECT_EQ(meter().LastArgument(kVerdict), 0xFFFFFFFFU);
-    EXPECT_TRUE(PanelShows("factory_test/failed"));
-    for (const KeyCode key : {KEY_SOFT_1, KEY_SOFT_2, KEY_SOFT_3, KEY_SOFT_4, KEY_HOME}) Press(key);
-    EXPECT_EQ(meter().Calls(kVerdict), 1);
-    EXPECT_EQ(Keys(kPressed).size(), 1U);
-}
-
-TEST_F(FactoryTest, CountsReleasesOfTheFiveKeysOnly) {
-    const KeyCode asked = Asked();
-    KeyDown(Other());
-    KeyDown(asked);
-    KeyUp(KEY_SOFT_2_3);
-    KeyUp(KEY_SIMULATED);
-    EXPECT_EQ(Asked(), asked);
-    EXPECT_EQ(meter().Calls(kVerdict), 0);
-    EXPECT_TRUE(PanelShows("factory_test/running"));
-}
-
-TEST_F(FactoryTest, GoesHomeFiveSecondsAfterTheVerdictAndBeginsAnewWhenShownAgain) {
-    Press(Other());
-    Ticks(99);
-    EXPECT_EQ(Navigation().getCurrentScreenId(), SCREEN_ID_FACTORY_TEST);
-    Ticks(1);
-    EXPECT_EQ(Navigation().getCurrentScreenId(), kHome);
-    Show(SCREEN_ID_FACTORY_TEST);
-    EXPECT_EQ(Obey().size(), 5U);
-    EXPECT_EQ(meter().LastArgument(kVerdict), 0U);
-}
-
-TEST_F(FactoryTest, AsksInTheSameOrderAtTheSameTimeOnly) {
-    const std::vector<KeyCode> order = Obey();
     bool differed = false;
     for (const char* time : {"12:34:57", "12:35:57", "09:59:59"}) {
         Begin(time);
@@ -105,7 +66,31 @@ TEST_F(FactoryTest, AsksInTheSameOrderAtTheSameTimeOnly) {
     }
     EXPECT_TRUE(differed);
     Begin("12:34:56");
-    EXPECT_EQ(Obey(), order);
+    EXPECT_EQ(Obey(), order) << "the same order at the same time only";
+}
+
+TEST_F(FactoryTest, FailsAtTheFirstOtherKeyAndGoesHomeFiveSecondsLater) {
+    KeyDown(Other());
+    KeyDown(Asked());
+    KeyUp(KEY_SOFT_2_3);
+    KeyUp(KEY_SIMULATED);
+    EXPECT_TRUE(PanelShows("factory_test/running")) << "releases of the five keys count";
+    Press(Asked());
+    testing::internal::CaptureStdout();
+    Press(Other());
+    EXPECT_EQ(testing::internal::GetCapturedStdout(), "\nFAIL - All your base are belong to us.\n");
+    EXPECT_EQ(meter().LastArgument(kVerdict), 0xFFFFFFFFU);
+    EXPECT_TRUE(PanelShows("factory_test/failed"));
+    for (const KeyCode key : {KEY_SOFT_1, KEY_SOFT_2, KEY_SOFT_3, KEY_SOFT_4, KEY_HOME}) Press(key);
+    EXPECT_EQ(meter().Calls(kVerdict), 1) << "no more key is looked at";
+    EXPECT_EQ(Keys(kPressed).size(), 1U);
+    Ticks(99);
+    EXPECT_EQ(Shown(), SCREEN_ID_FACTORY_TEST);
+    Ticks(1);
+    EXPECT_EQ(Shown(), kHome);
+    Show(SCREEN_ID_FACTORY_TEST);
+    EXPECT_EQ(Obey().size(), 5U) << "it begins anew";
+    EXPECT_EQ(meter().LastArgument(kVerdict), 0U);
 }
 
 }  // namespace

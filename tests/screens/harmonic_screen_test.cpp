@@ -28,10 +28,6 @@ protected:
         CreateCustomScreens();
         CreateHarmonicScreens();
     }
-    void CreateFor(std::uint32_t harmonics) {
-        meter().Answer(kCount, harmonics);
-        Create();
-    }
     /// Lines of colour above the foot of a bar, in its first column.
     int HeightOfBar(int x) const {
         int height = 0;
@@ -45,13 +41,6 @@ protected:
         return {words[0], words[1]};
     }
 };
-
-TEST_F(HarmonicScreens, HaveRoomFor63Harmonics) {
-    CreateFor(63);
-    Show(61);
-    Press(KEY_SOFT_3);
-    EXPECT_TRUE(PanelShows("harmonics/all_63"));
-}
 
 TEST_F(HarmonicScreens, TakeAnyNumberOfHarmonics) {
     CreateCustomScreens();
@@ -70,34 +59,30 @@ TEST_F(HarmonicScreens, TakeAnyNumberOfHarmonics) {
     EXPECT_EQ(lastHarmonic(), 30U);
 }
 
-TEST_F(HarmonicScreens, AskForTheirChannelAndOnlyAtFirstHowManyToShow) {
+TEST_F(HarmonicScreens, AskForTheirChannelAndRememberTheSelectionOfEach) {
     Create();
-    EXPECT_EQ(meter().Calls(kCount), 7);
-    for (const auto& [screen, channel] :
-         {std::pair{61, 0U}, {62, 1U}, {63, 2U}, {64, 4U}, {65, 5U}, {66, 6U}, {67, 7U}}) {
-        Show(screen);
-        EXPECT_EQ(Asked(), std::pair(channel, 0U));
-    }
-    EXPECT_EQ(meter().Calls(kCount), 7);
-}
-
-TEST_F(HarmonicScreens, SelectRoundAndRoundAndRememberTheSelection) {
-    Create();
+    HarmonicData data = Spectrum(1000);
+    data.labelChoice.Set(1);
+    meter().Answer(kSpectrum, data);
     Show(61);
+    EXPECT_TRUE(PanelShows("harmonics/other_label"));
     meter().ForgetCalls();
     Press(KEY_SOFT_2);
     EXPECT_EQ(meter().Calls(kSpectrum), 1) << "read at once";
     EXPECT_EQ(Asked().second, 30U);
     Press(KEY_SOFT_3);
     EXPECT_EQ(Asked().second, 0U);
-    for (int i = 0; i < 4; ++i) Press(KEY_SOFT_3);
-    Show(62);
-    EXPECT_EQ(Asked(), std::pair(1U, 0U)) << "each channel has its own";
+    Press(KEY_SOFT_3, 4);
+    for (const auto& [screen, channel] : {std::pair{62, 1U}, {63, 2U}, {64, 4U}, {65, 5U}, {66, 6U}, {67, 7U}}) {
+        Show(screen);
+        EXPECT_EQ(Asked(), std::pair(channel, 0U));
+    }
     Show(61);
     EXPECT_EQ(Asked(), std::pair(0U, 4U));
+    EXPECT_EQ(meter().Calls(kCount), 0) << "asked at first only";
     Press(KEY_SOFT_1);
     Press(KEY_SOFT_4);
-    EXPECT_EQ(Navigation().getCurrentScreenId(), 61) << "its parent is not there; nothing to the right";
+    EXPECT_EQ(Shown(), 61) << "its parent is not there; nothing to the right";
 }
 
 TEST_F(HarmonicScreens, DrawBarsAsHighAsTheirShareOfTheFullScale) {
@@ -123,22 +108,18 @@ TEST_F(HarmonicScreens, DrawBarsAsHighAsTheirShareOfTheFullScale) {
     EXPECT_EQ(Pixel(46 + 8 * 4, 195), PegResources::GetColor(0x56)) << "the selected bar takes its turn";
 }
 
-TEST_F(HarmonicScreens, StayInTheChartWhateverTheMagnitudes) {
-    CreateFor(63);
+TEST_F(HarmonicScreens, HaveRoomFor63HarmonicsOfAnyMagnitude) {
+    meter().Answer(kCount, std::uint32_t{63});
+    Create();
+    Show(61);
+    Press(KEY_SOFT_3);
+    EXPECT_TRUE(PanelShows("harmonics/all_63"));
+    Press(KEY_SOFT_2);
     HarmonicData data = Spectrum(1);
     data.magnitudes[20].Set(0xFFFFFFFF);
     meter().Answer(kSpectrum, data);
-    Show(61);
+    Ticks(21);
     EXPECT_TRUE(PanelShows("harmonics/beyond_the_scale"));
-}
-
-TEST_F(HarmonicScreens, TakeTheLabelThatTheMeterChooses) {
-    Create();
-    HarmonicData data = Spectrum(1000);
-    data.labelChoice.Set(1);
-    meter().Answer(kSpectrum, data);
-    Show(61);
-    EXPECT_TRUE(PanelShows("harmonics/other_label"));
 }
 
 }  // namespace

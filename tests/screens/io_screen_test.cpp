@@ -56,41 +56,20 @@ TEST_F(DigitalInputs, FillTheirPagesFromTheFirstToTheLast) {
     }
 }
 
-TEST_F(DigitalInputs, HideTheRowsThatAPageDoesNotUse) {
-    count = 5;
+TEST_F(DigitalInputs, KeepTheirPageOrStepBackToTheLastThatIsLeft) {
+    count = 0xFFFFFFFF;
     Show(kDigitalInputs);
-    EXPECT_TRUE(PanelShows("io/five_first"));
-    Press(KEY_SOFT_3);
+    Press(KEY_SOFT_3, 2);
+    EXPECT_EQ(asked, Range(8, 4));
+    count = 5;
+    Ticks(20);
+    EXPECT_EQ(asked, Range(4, 1));
     EXPECT_TRUE(PanelShows("io/five_last"));
     Show(95);
     Show(kDigitalInputs);
     EXPECT_TRUE(PanelShows("io/five_last")) << "the page outlives a visit elsewhere";
     Press(KEY_SOFT_2);
     EXPECT_TRUE(PanelShows("io/five_first"));
-    count = 4;
-    Ticks(20);
-    EXPECT_TRUE(PanelShows("io/four"));
-}
-
-TEST_F(DigitalInputs, StepBackToTheLastPageWhenPointsGoAway) {
-    count = 12;
-    Show(kDigitalInputs);
-    Press(KEY_SOFT_3);
-    Press(KEY_SOFT_3);
-    EXPECT_EQ(asked, Range(8, 4));
-    count = 5;
-    Ticks(20);
-    EXPECT_EQ(asked, Range(4, 1));
-    EXPECT_TRUE(PanelShows("io/five_last"));
-    count = 4;
-    Press(KEY_SOFT_3);
-    EXPECT_TRUE(PanelShows("io/four"));
-}
-
-TEST_F(DigitalInputs, ReachTheLastOfAsManyAsCanBeCounted) {
-    count = 0xFFFFFFFF;
-    Show(kDigitalInputs);
-    EXPECT_EQ(asked, Range(0, 4));
     count = 4;
     Ticks(20);
     EXPECT_TRUE(PanelShows("io/four"));

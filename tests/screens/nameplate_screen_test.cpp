@@ -22,17 +22,6 @@ protected:
     }
 };
 
-/// Texts that fill their fields to the last byte, so that none has an end; told apart by their first letters.
-NameplateData Endless() {
-    NameplateData data{};
-    for (std::size_t i = 0; i < data.fields.size(); ++i) {
-        data.fields[i].fill('8');
-        data.fields[i][0] = static_cast<char>('a' + i);
-        data.fields[i].back() = '|';
-    }
-    return data;
-}
-
 TEST_F(Nameplate, TurnsFromPageToPageAndStaysAtBothEnds) {
     Show(kNameplate);
     Press(KEY_SOFT_2);
@@ -44,36 +33,23 @@ TEST_F(Nameplate, TurnsFromPageToPageAndStaysAtBothEnds) {
     Press(KEY_SOFT_3, 2);
     EXPECT_EQ(meter().Calls("NAMEPLATEIF_getNameplateData"), 0) << "nothing to read where there is no page";
     Press(KEY_SOFT_2);
-    EXPECT_TRUE(PanelShows("nameplate/page_4")) << "presses at the end are not counted";
     Show(200);
     Show(kNameplate);
-    EXPECT_TRUE(PanelShows("nameplate/page_4")) << "the page outlives a visit elsewhere";
+    EXPECT_TRUE(PanelShows("nameplate/page_4")) << "presses at the end do not count; the page outlives a visit";
     for (int page = 3; page >= 0; --page) {
         Press(KEY_SOFT_2);
         EXPECT_TRUE(PanelShows("nameplate/page_" + std::to_string(page)));
     }
+    meter().AnswerBy("NAMEPLATEIF_getNameplateData", [](auto, auto response) {
+        std::ranges::fill(response, std::byte{'x'});
+        return false;  // the reply broke off
+    });
+    Ticks(kTicksPerSecond);
+    EXPECT_TRUE(PanelShows("nameplate/labels_alone"));
     meter().FallSilent();
     Ticks(kTicksPerSecond);
     Press(KEY_SOFT_3);
     EXPECT_TRUE(PanelShows("nameplate/silent_meter_memory")) << "no unit without a number";
-}
-
-TEST_F(Nameplate, ShowsNothingOfAReplyThatBrokeOff) {
-    meter().AnswerBy("NAMEPLATEIF_getNameplateData", [](auto, auto response) {
-        std::ranges::fill(response, std::byte{'x'});
-        return false;
-    });
-    Show(kNameplate);
-    EXPECT_TRUE(PanelShows("nameplate/labels_alone"));
-}
-
-TEST_F(Nameplate, CutsTextsWithoutEndAndShowsEachInItsRow) {
-    meter().Answer("NAMEPLATEIF_getNameplateData", Endless());
-    Show(kNameplate);
-    for (int page = 0; page < kPages; ++page) {
-        EXPECT_TRUE(PanelShows("nameplate/endless_" + std::to_string(page)));
-        Press(KEY_SOFT_3);
-    }
 }
 
 TEST_F(Nameplate, LeavesOutTheModelOnTheOtherVariant) {

@@ -89,7 +89,7 @@ TEST_F(CustomPages, LookAsTheyShouldWithOneToSixQuantities) {
     EXPECT_TRUE(PanelShows("custom/long_units"));
 }
 
-TEST_F(CustomPages, KeepTheirRowsWhenACountMakesNoSense) {
+TEST_F(CustomPages, KeepTheirRowsWhenACountMakesNoSenseAndSayWhenThereIsNothingToShow) {
     Compose(2, true, true);
     Show(200);
     for (const std::uint32_t count : {0U, 7U, 0xFFFFFFFFU}) {
@@ -102,12 +102,8 @@ TEST_F(CustomPages, KeepTheirRowsWhenACountMakesNoSense) {
     Compose(2, true, true);
     Ticks(20);
     EXPECT_TRUE(PanelShows("custom/first_and_last"));
-}
-
-TEST_F(CustomPages, SayWhenThereIsNothingToShowAndRecover) {
-    Compose(2, true, true);
     page.status.Set(1);
-    Show(200);
+    Ticks(20);
     EXPECT_TRUE(PanelShows("custom/no_data"));
     meter().FallSilent();
     Ticks(20);
@@ -117,18 +113,20 @@ TEST_F(CustomPages, SayWhenThereIsNothingToShowAndRecover) {
     EXPECT_TRUE(PanelShows("custom/first_and_last"));
 }
 
-TEST_F(CustomPages, AreTurnedByKeys) {
+TEST_F(CustomPages, TurnByKeysAndAsOftenAsTheMeterSays) {
     Compose(4, false, false);
     Show(200);
-    TakeCommands();
+    commands.clear();
     Press(KEY_SOFT_3);
     Press(KEY_SOFT_2);
     EXPECT_EQ(TakeCommands(), (Commands{2, 0}));
-}
-
-TEST_F(CustomPages, TurnByThemselvesAsOftenAsTheMeterSays) {
-    Compose(4, false, false);
+    Ticks(20 * 20);
+    meter().Fail("PDMINTERFACE_getRegisterValue");
+    Ticks(10 * 20);
+    EXPECT_EQ(std::ranges::count(commands, 2U), 0) << "not without a setting; a failed read leaves it as it was";
+    meter().Recover();
     SetScroll("3");
+    Show(201);
     Show(200);
     TakeCommands();
     Ticks(1 + 4 * 20);
@@ -144,16 +142,6 @@ TEST_F(CustomPages, TurnByThemselvesAsOftenAsTheMeterSays) {
     EXPECT_EQ(std::ranges::count(TakeCommands(), 3U), 0) << "a key delays the next page by ten refreshes";
     Ticks(20);
     EXPECT_EQ(std::ranges::count(TakeCommands(), 3U), 1);
-}
-
-TEST_F(CustomPages, StayWhereTheyAreWithoutAScrollSetting) {
-    Compose(4, false, false);
-    Show(200);
-    Ticks(20 * 20);
-    EXPECT_EQ(std::ranges::count(commands, 2U), 0);
-    meter().Fail("PDMINTERFACE_getRegisterValue");
-    Ticks(10 * 20);
-    EXPECT_EQ(std::ranges::count(commands, 2U), 0) << "a failed read leaves the setting as it was";
 }
 
 }  // namespace

@@ -39,12 +39,11 @@ protected:
     }
 
     /// What the meter says is in a register.
-    static RegisterValue Held(std::uint32_t registerId) {
+    static std::string HeldText(std::uint32_t registerId) {
         RegisterValue value{};
         static_cast<void>(PDMINTERFACE_getRegisterValue(registerId, value));
-        return value;
+        return std::string(TextIn(value.value));
     }
-    static std::string HeldText(std::uint32_t registerId) { return std::string(TextIn(Held(registerId).value)); }
 
     /// A register's value becomes that text, whatever it holds.
     static void Holds(std::string_view text) {

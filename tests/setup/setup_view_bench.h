@@ -1,6 +1,5 @@
 #pragma once
 
-#include <map>
 #include <string_view>
 
 #include "navigation/menu/menu_screen.h"
@@ -11,7 +10,6 @@
 #include "setup/view/setup_view5_screen.h"
 #include "tests/bench/wire_text.h"
 #include "tests/navigation/keyboard_bench.h"
-#include "tests/peg/recorder.h"
 
 inline constexpr std::string_view kReadRegister = "PDMINTERFACE_getRegisterValue";
 inline constexpr std::string_view kClear = "SECURITYINTERFACE_clearFrontPanelPassword";
@@ -19,12 +17,12 @@ inline constexpr std::string_view kClear = "SECURITYINTERFACE_clearFrontPanelPas
 /// The setup view screens between the menu, the home screen, and plain windows in the place of the edit screens.
 class SetupViewBench : public KeyboardBench {
 protected:
-    static constexpr std::int32_t kFirstEditScreen = 101;
-
     SetupViewBench() {
         CreateMenuScreens();
-        for (std::int32_t id = kFirstEditScreen; id < 200; ++id) AddStub(id, SCREEN_KIND_SETUP_EDIT);
-        AddStub(home, SCREEN_KIND_DATA);
+        for (std::int32_t id = 101; id <= home; ++id) {
+            const ScreenKind kind = id == home ? SCREEN_KIND_DATA : SCREEN_KIND_SETUP_EDIT;
+            Navigation().addScreen(id, *new PegWindow(kWholePanel), kind);
+        }
         CreateSetupView1Screens();
         CreateSetupView2Screen();
         CreateSetupView5Screens();
@@ -59,9 +57,4 @@ protected:
     }
 
     const std::int32_t home = Navigation().getCurrentScreenId();
-
-private:
-    static void AddStub(std::int32_t id, ScreenKind kind) {
-        Navigation().addScreen(id, *new Recorder(RectOf(0, 0, 319, 239)), kind);
-    }
 };

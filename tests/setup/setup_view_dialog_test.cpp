@@ -1,4 +1,3 @@
-#include "navigation/password_handler.h"
 #include "tests/setup/setup_view_bench.h"
 
 namespace {
@@ -13,7 +12,6 @@ protected:
     SetupViewDialogs() { Open(kScreen); }
 
     bool IsScreenAsBefore() { return static_cast<bool>(PanelShows("setup/view_100")); }
-    bool IsMessage(const char* name) { return static_cast<bool>(PanelShows(std::string("setup/view_").append(name))); }
 };
 
 TEST_F(SetupViewDialogs, OpenTheEditScreenOnceThePasswordIsAccepted) {
@@ -35,78 +33,72 @@ TEST_F(SetupViewDialogs, OpenTheEditScreenOnceThePasswordIsAccepted) {
     EXPECT_EQ(meter().Calls(kVerify), 1);
 }
 
-TEST_F(SetupViewDialogs, SayWhyAPasswordIsRefused) {
+TEST_F(SetupViewDialogs, SayWhyNot) {
     for (const auto& [verdict, message] : {std::pair{1U, "wrong_password"}, {2U, "user_may_not"}}) {
         Verdict(verdict);
         LogIn();
-        EXPECT_TRUE(IsMessage(message));
+        EXPECT_TRUE(PanelShows(std::string("setup/view_") + message));
         Press(KEY_SOFT_4);
         EXPECT_TRUE(IsScreenAsBefore());
     }
-}
-
-TEST_F(SetupViewDialogs, SayThatTheFrontPanelMayNotChangeSettings) {
     Access(0);
-    Press(KEY_SOFT_4);
-    EXPECT_TRUE(IsMessage("no_access"));
-    Press(KEY_SOFT_4);
-    EXPECT_TRUE(IsScreenAsBefore());
-    meter().FallSilent();
-    Press(KEY_SOFT_4);
-    EXPECT_TRUE(IsMessage("no_access")) << "a meter that cannot be asked allows nothing";
+    for (const bool isSilent : {false, true}) {
+        if (isSilent) meter().FallSilent();
+        Press(KEY_SOFT_4);
+        EXPECT_TRUE(PanelShows("setup/view_no_access")) << "a meter that cannot be asked allows nothing";
+        Press(KEY_SOFT_1);
+        Press(KEY_SOFT_4);
+        EXPECT_TRUE(IsScreenAsBefore()) << "and the selection is left alone";
+    }
 }
 
 TEST_F(SetupViewDialogs, CloseByThemselvesAndEndTheLogin) {
-    for (const bool isMessage : {false, true}) {
-        LogIn();
-        EXPECT_EQ(Shown(), kEditScreen);
-        Show(kScreen);
-        meter().ForgetCalls();
-        if (isMessage) {
-            Access(0);
-        } else {
-            Verdict(1);
-            PHC_passwordHandlerClass::getInstance().verify("", "");
-            Verdict(0);
-        }
-        Press(KEY_SOFT_4);
-        Ticks(kDialogTicks - 20);
-        EXPECT_FALSE(IsScreenAsBefore());
-        EXPECT_EQ(meter().Calls(kReadRegister), 0) << "the screen behind it waits";
-        Press(KEY_SOFT_1);
-        Ticks(kDialogTicks);
-        EXPECT_FALSE(IsScreenAsBefore()) << "a key starts the time again";
-        Ticks(20);
-        EXPECT_TRUE(IsScreenAsBefore());
-        EXPECT_EQ(Shown(), kScreen);
-        EXPECT_EQ(meter().Calls(kClear), isMessage ? 1 : 0) << "an open login is ended";
-        Access(1);
-    }
+    LogIn();
+    Show(kScreen);
+    meter().ForgetCalls();
+    Access(0);
+    Press(KEY_SOFT_4);
+    Ticks(kDialogTicks - 20);
+    EXPECT_FALSE(IsScreenAsBefore());
+    EXPECT_EQ(meter().Calls(kReadRegister), 0) << "the screen behind it waits";
+    Press(KEY_SOFT_1);
+    Ticks(kDialogTicks);
+    EXPECT_FALSE(IsScreenAsBefore()) << "a key starts the time again";
+    Ticks(20);
+    EXPECT_TRUE(IsScreenAsBefore());
+    EXPECT_EQ(Shown(), kScreen);
+    EXPECT_EQ(meter().Calls(kClear), 1);
 }
 
 TEST_F(SetupViewDialogs, GiveWayWhenTheScreenIsLeft) {
+    for (const bool byHomeKey : {false, true}) {
+        Press(KEY_SOFT_4);
+        EXPECT_TRUE(IsKeyboardShown());
+        if (byHomeKey) {
+            Press(KEY_HOME);
+        } else {
+            navigationHandlerClass::postNavigateTo(kCurrentMenu);
+            Pump();
+        }
+        EXPECT_EQ(Navigation().getScreenKind(Shown()), SCREEN_KIND_MENU);
+        EXPECT_FALSE(IsKeyboardShown());
+        Open(kScreen);
+        EXPECT_TRUE(IsScreenAsBefore());
+    }
+    Open(136);
     Press(KEY_SOFT_4);
-    navigationHandlerClass::postNavigateTo(103);
-    Pump();
-    EXPECT_EQ(Shown(), 103);
-    EXPECT_FALSE(IsKeyboardShown());
-    Open(kScreen);
-    EXPECT_TRUE(IsScreenAsBefore());
+    EXPECT_FALSE(IsKeyboardShown()) << "there is nothing to change";
 }
 
 TEST_F(SetupViewDialogs, LeaveTheSelectionAlone) {
     Access(0);
-    Press(KEY_SOFT_4);
-    Press(KEY_SOFT_1);
-    Press(KEY_SOFT_4);
-    EXPECT_TRUE(IsScreenAsBefore());
     for (const std::int32_t list : {103, 198}) {
         Open(list);
         Press(KEY_SOFT_4);
         Press(KEY_SOFT_1);
         if (list == 198) Press(KEY_SOFT_3);
         Press(KEY_SOFT_4);
-        EXPECT_TRUE(PanelShows(std::string("setup/view_") + std::to_string(list)));
+        EXPECT_TRUE(PanelShows("setup/view_" + std::to_string(list)));
     }
 }
 
@@ -121,17 +113,6 @@ TEST_F(SetupViewDialogs, LeadHomeAndEndTheLoginAfterThirtySecondsWithoutAKey) {
     Ticks(20);
     EXPECT_EQ(Shown(), home);
     EXPECT_EQ(meter().Calls(kClear), 1);
-}
-
-TEST_F(SetupViewDialogs, AreNotOfferedWhereThereIsNothingToChange) {
-    LogIn();
-    for (const std::int32_t screen : {136, 139, 192}) {
-        meter().ForgetCalls();
-        Open(screen);
-        Press(KEY_SOFT_4);
-        EXPECT_EQ(Shown(), screen);
-        EXPECT_EQ(meter().Calls("SECURITYINTERFACE_getFrontPanelAccessRights"), 0);
-    }
 }
 
 }  // namespace
