@@ -1,8 +1,12 @@
 #pragma once
 
 #include <cstdint>
+#include <span>
+#include <string>
 
 /// One thing that happens to the display: somebody moves keys, time passes, the meter commands, or the link breaks.
+///
+/// A list of strokes says all that a walk did: given to a display that has just come up, it does the same again.
 struct Stroke {
     enum class Kind : std::uint8_t {
         Press,   // key down, held, up
@@ -22,17 +26,9 @@ struct Stroke {
     std::uint16_t then = 0;  // ticks until the next stroke
 
     /// How many keys went down.
-    int Keys() const {
-        switch (kind) {
-            case Kind::Press: return 1;
-            case Kind::Chord: return 2;
-            case Kind::Bounce: return times;
-            case Kind::Go:
-            case Kind::Mode:
-            case Kind::Link: break;
-        }
-        return 0;
-    }
+    int Keys() const;
+
+    friend bool operator==(const Stroke&, const Stroke&) = default;
 };
 
 /// States of the link, for Kind::Link.
@@ -53,3 +49,6 @@ inline constexpr std::uint8_t kSoftKey2 = 2;
 inline constexpr std::uint8_t kSoftKey3 = 3;
 inline constexpr std::uint8_t kSoftKey4 = 4;
 inline constexpr std::uint8_t kSoftKeys23 = 5;
+
+/// The strokes as a test can have them, one a line.
+std::string TextOf(std::span<const Stroke> strokes);

@@ -1,41 +1,46 @@
 #include "tests/walk/walk_bench.h"
 
 #include <fcntl.h>
+#include <sys/mman.h>
+#include <sys/wait.h>
 #include <unistd.h>
 
 #include <algorithm>
 #include <cstdio>
+#include <cstring>
 
 #include "app/application.h"
 #include "app/button_task.h"
+#include "tests/walk/shrinker.h"
 #include "tests/walk/stroke_generator.h"
 
 namespace {
 
 constexpr unsigned kHangSeconds = 20;
-constexpr long kStrokesBetweenLooks = 1024;
+constexpr std::size_t kStrokesBetweenLooks = 1024;
+constexpr std::size_t kShortcut = 64;  // last strokes, of which one may be where the fault begins
 constexpr int kMillisecondsPerSecond = 1000;
 
-/// Leaves out what the display prints: megabytes.
-class Hush {
-public:
-    Hush() {
-        std::fflush(stdout);
-        const int nothing = open("/dev/null", O_WRONLY | O_CLOEXEC);
-        dup2(nothing, STDOUT_FILENO);
-        close(nothing);
-    }
-    ~Hush() {
-        std::fflush(stdout);
-        dup2(m_output, STDOUT_FILENO);
-        close(m_output);
-    }
-
-private:
-    const int m_output = dup(STDOUT_FILENO);
-};
+template <std::size_t Size>
+void CopyText(const std::string& text, std::array<char, Size>& out) {
+    std::snprintf(out.data(), out.size(), "%s", text.c_str());
+}
 
 }  // namespace
+
+struct WalkBench::Step {
+    Stroke stroke;
+    std::int16_t screen;
+};
+
+/// What the walking process leaves for the one that waits for it, and that outlives its end.
+struct WalkBench::Shared {
+    std::size_t steps;
+    WalkCounts counts;
+    bool done;
+    std::array<char, 200> fault;
+    Step list[1];  // in truth as many as there is room for
+};
 
 WalkBench::WalkBench() {
     Screen().blind = true;
@@ -48,26 +53,101 @@ WalkBench::WalkBench() {
     }
     meter().TakeEveryCall([this](auto operation, auto payload, auto response) {
         const bool answered = Answer(operation, payload, response);
-        watch.OnCall(operation, answered ? response : response.first(0), m_done);
+        m_watch.OnCall(operation, answered ? response : response.first(0), m_done);
         return answered;
     });
     Pump();
 }
 
 WalkReport WalkBench::Walk(unsigned seed, long keys, bool withFaults) {
-    const Hush hush;
-    StrokeGenerator generator(seed, withFaults);
-    WalkReport report;
-    while (report.keys < keys && m_fault.empty()) {
-        if (report.strokes++ % kStrokesBetweenLooks == 0) alarm(kHangSeconds);
-        const Stroke stroke = generator.Next(Navigation().getCurrentScreenId(), m_unseen);
-        report.keys += stroke.Keys();
-        Do(stroke);
+    const auto room = static_cast<std::size_t>(keys) * 2;
+    Shared& shared = RunInChild(room, [&](Shared& told) {
+        StrokeGenerator generator(seed, withFaults);
+        while (told.counts.keys < keys && told.steps < room && m_fault.empty()) {
+            const std::int32_t screen = Navigation().getCurrentScreenId();
+            const Stroke stroke = generator.Next(screen, m_unseen);
+            told.list[told.steps++] = {stroke, static_cast<std::int16_t>(screen)};  // first: it may be the last
+            told.counts.keys += stroke.Keys();
+            Do(stroke);
+            if (told.steps % kStrokesBetweenLooks == 0) alarm(kHangSeconds);
+        }
+    });
+    WalkReport report{.strokes = {}, .screens = {}, .fault = shared.fault.data(), .counts = shared.counts};
+    for (const Step& step : std::span(shared.list, shared.steps)) {
+        report.strokes.push_back(step.stroke);
+        report.screens.push_back(step.screen);
     }
-    alarm(0);
-    report.fault = m_fault;
-    report.screensMissed = m_unseen.size();
+    munmap(&shared, sizeof(Shared) + room * sizeof(Step));
     return report;
+}
+
+std::string WalkBench::FaultOf(std::span<const Stroke> strokes) {
+    Shared& shared = RunInChild(0, [&](Shared&) {
+        for (std::size_t i = 0; i < strokes.size() && m_fault.empty(); ++i) {
+            if (i % kStrokesBetweenLooks == 0) alarm(kHangSeconds);
+            Do(strokes[i]);
+        }
+    });
+    std::string fault = shared.fault.data();
+    munmap(&shared, sizeof(Shared));
+    return fault;
+}
+
+std::vector<Stroke> WalkBench::ShortestOf(const WalkReport& report) {
+    const ShowsFault showsFault = [&](std::span<const Stroke> strokes) { return FaultOf(strokes) == report.fault; };
+    std::vector<Stroke> strokes = report.strokes;
+    for (std::size_t count = 1; count < std::min(strokes.size(), kShortcut); ++count) {
+        const std::size_t start = strokes.size() - count;
+        std::vector<Stroke> fromThere = {{.kind = Stroke::Kind::Go, .target = report.screens[start]}};
+        fromThere.insert(fromThere.end(), strokes.begin() + static_cast<std::ptrdiff_t>(start), strokes.end());
+        if (!showsFault(fromThere)) continue;
+        strokes = std::move(fromThere);
+        break;
+    }
+    return Shrink(std::move(strokes), showsFault);
+}
+
+std::string WalkBench::Explain(const WalkReport& report, unsigned seed) {
+    if (report.fault.empty()) return {};
+    return report.fault + "\nseed " + std::to_string(seed) + ", after " + std::to_string(report.counts.keys) +
+           " keys; this is enough to show it:\n" + TextOf(ShortestOf(report));
+}
+
+/// @return memory that the child filled; the caller's
+WalkBench::Shared& WalkBench::RunInChild(std::size_t steps, const std::function<void(Shared&)>& work) {
+    void* memory = mmap(nullptr, sizeof(Shared) + steps * sizeof(Step), PROT_READ | PROT_WRITE,
+                        MAP_SHARED | MAP_ANONYMOUS | MAP_NORESERVE, -1, 0);
+    if (memory == MAP_FAILED) std::abort();
+    auto& shared = *static_cast<Shared*>(memory);
+    std::fflush(stdout);
+    const pid_t child = fork();
+    if (child == 0) {
+        // What the display prints would be megabytes.
+        dup2(open("/dev/null", O_WRONLY | O_CLOEXEC), STDOUT_FILENO);
+        alarm(kHangSeconds);
+        work(shared);
+        Tell(shared);
+        _exit(0);
+    }
+    int status = 0;
+    while (waitpid(child, &status, 0) < 0) continue;
+    if (WIFSIGNALED(status)) {
+        const int signal = WTERMSIG(status);
+        CopyText(signal == SIGALRM ? "it hangs" : std::string("it ends with signal ") + std::to_string(signal),
+                 shared.fault);
+    } else if (!shared.done) {
+        CopyText("it ends by itself", shared.fault);
+    }
+    return shared;
+}
+
+void WalkBench::Tell(Shared& shared) const {
+    shared.counts.writes = m_watch.Writes();
+    shared.counts.refusals = m_watch.Refusals();
+    shared.counts.logins = m_watch.Logins();
+    shared.counts.screensMissed = m_unseen.size();
+    CopyText(m_fault, shared.fault);
+    shared.done = true;
 }
 
 void WalkBench::Do(const Stroke& stroke) {
@@ -111,7 +191,7 @@ void WalkBench::Do(const Stroke& stroke) {
     Pass(stroke.then);
     meter().ForgetCalls();
     if (afterStroke) afterStroke(stroke);
-    if (m_fault.empty()) m_fault = watch.Fault();
+    if (m_fault.empty()) m_fault = m_watch.Fault();
 }
 
 /// A record of the keys device; the toolkit does not look yet.
@@ -123,9 +203,9 @@ void WalkBench::Deliver() {
     PegMessage message;
     while (toolkit.queue->Poll(message)) {
         if (Manager().RouteToTaskQueue(message) != 0) continue;
-        watch.Before(message);
+        m_watch.Before(message);
         Manager().DispatchMessage(message);
-        watch.After(message);
+        m_watch.After(message);
         Look();
     }
 }
