@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include "navigation/font_for_size.h"
+#include "navigation/menu_trees.h"
 #include "navigation/widgets/draw_screen.h"
 #include "peg/resources/resources.h"
 #include "tests/tools/workshop.h"
@@ -26,6 +27,17 @@ TEST_F(Romfs, HasAPictureForEveryLookOfEverySoftKeyThatFitsTheKey) {
                 EXPECT_LE(PegResources::BitmapWidth(number), kNarrowestKey) << "bitmap " << number;
                 EXPECT_LE(PegResources::BitmapHeight(number), kLowestKey) << "bitmap " << number;
             }
+        }
+    }
+}
+
+TEST_F(Romfs, HasAnIconForEveryMenuItem) {
+    const int itemHeight = PegResources::BitmapHeight(82);
+    for (const MenuTree& tree : kMenuTrees) {
+        for (const MenuItem& item : tree.items) {
+            const auto icon = static_cast<std::uint32_t>(item.icon);
+            EXPECT_GT(PegResources::BitmapHeight(icon), 0) << "bitmap " << icon;
+            EXPECT_LE(PegResources::BitmapHeight(icon), itemHeight) << "bitmap " << icon;
         }
     }
 }
