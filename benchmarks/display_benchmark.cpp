@@ -20,7 +20,7 @@
 #include "peg/port/win_screen.h"
 #include "peg/resources/resource_file.h"
 #include "platform/device.h"
-#include "tests/bench/scripted_meter.h"
+#include "simulator/bench/scripted_meter.h"
 
 namespace {
 

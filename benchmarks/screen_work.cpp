@@ -15,7 +15,7 @@
 #include "screens/harmonics/harmonic_screen.h"
 #include "screens/parameters/parameter_screen.h"
 #include "screens/phasor/phasor_screen.h"
-#include "tests/bench/scripted_meter.h"
+#include "simulator/bench/scripted_meter.h"
 
 namespace {
 

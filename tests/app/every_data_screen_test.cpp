@@ -5,13 +5,14 @@
 #include "peg/resources/resources.h"
 #include "screens/base/screen_info_table.h"
 #include "setup/view/setup_view_table.h"
-#include "tests/bench/meter_texts.h"
-#include "tests/bench/panel_bench.h"
+#include "simulator/bench/meter_texts.h"
+#include "simulator/bench/panel_bench.h"
+#include "tests/bench/test_on.h"
 
 namespace {
 
 /// What all screens that show values have in common.
-class EveryDataScreen : public PanelBench {
+class EveryDataScreen : public TestOn<PanelBench> {
 protected:
     EveryDataScreen() { BuildApplication(Manager()); }
 
@@ -104,7 +105,7 @@ TEST_F(EveryScreenOfValues, FollowsTheLanguageAsIfItHadJustBeenEntered) {
 }
 
 /// The same on a panel whose resource file is missing.
-class WithoutResources : public PanelBench {};
+class WithoutResources : public TestOn<PanelBench> {};
 
 TEST_F(WithoutResources, EveryDataScreenIsStillThere) {
     PegResources::Reset();

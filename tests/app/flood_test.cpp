@@ -9,7 +9,8 @@
 #include "peg/port/vxpeg.h"
 #include "rda/command_server.h"
 #include "rda/server.h"
-#include "tests/bench/panel_bench.h"
+#include "simulator/bench/panel_bench.h"
+#include "tests/bench/test_on.h"
 #include "tests/rda/loopback.h"
 
 namespace {
@@ -28,7 +29,7 @@ int CommandsInAll() {
 
 /// The application with its command server, which the meter floods through a socket, while somebody floods the keys.
 /// The toolkit runs in the test's own task and gets a tick for every twentieth of a second that is over.
-class Flood : public PanelBench {
+class Flood : public TestOn<PanelBench> {
 protected:
     Flood() {
         Screen().blind = true;

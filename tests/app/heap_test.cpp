@@ -1,12 +1,13 @@
 #include "app/application.h"
 #include "localization/display_config.h"
-#include "tests/bench/allocation_count.h"
-#include "tests/navigation/keyboard_bench.h"
+#include "simulator/bench/allocation_count.h"
+#include "simulator/bench/keyboard_bench.h"
+#include "tests/bench/test_on.h"
 
 namespace {
 
 /// The application after the hand-over, with everything in it that a person can reach.
-class Heap : public KeyboardBench {
+class Heap : public TestOn<KeyboardBench> {
 protected:
     static constexpr std::int32_t kLongestList = 191;
 

@@ -4,9 +4,10 @@
 #include "app/one_second_task.h"
 #include "app/startup_screen.h"
 #include "peg/core/timer_list.h"
-#include "tests/app/hardware_double.h"
-#include "tests/bench/allocation_count.h"
-#include "tests/bench/panel_bench.h"
+#include "simulator/bench/allocation_count.h"
+#include "simulator/bench/hardware_double.h"
+#include "simulator/bench/panel_bench.h"
+#include "tests/bench/test_on.h"
 
 namespace {
 
@@ -26,7 +27,7 @@ long Hours() {
 
 /// The display for a long time, from a second before its tick counter wraps: it comes up, and then shows a screen for a
 /// minute each and sees its keys pressed. For a minute of each hour the meter is silent. Time is ticks.
-class LongRun : public PanelBench {
+class LongRun : public TestOn<PanelBench> {
 protected:
     LongRun() {
         delete toolkit.timers;

@@ -2,8 +2,9 @@
 #include "app/backlight.h"
 #include "app/button_task.h"
 #include "app/one_second_task.h"
-#include "tests/app/hardware_double.h"
-#include "tests/bench/panel_bench.h"
+#include "simulator/bench/hardware_double.h"
+#include "simulator/bench/panel_bench.h"
+#include "tests/bench/test_on.h"
 #include "tests/peg/recorder.h"
 
 namespace {
@@ -11,7 +12,7 @@ namespace {
 using Levels = std::vector<int>;
 
 /// The work of the one-second task and the button task, a second at a time.
-class Periodic : public PanelBench {
+class Periodic : public TestOn<PanelBench> {
 protected:
     Periodic() {
         Navigation().addScreen(200, screen, SCREEN_KIND_DATA);

@@ -6,12 +6,13 @@
 #include "screens/base/options_menu_table.h"
 #include "screens/base/screen_info_table.h"
 #include "screens/base/soft_key_table.h"
-#include "tests/bench/panel_bench.h"
+#include "simulator/bench/panel_bench.h"
+#include "tests/bench/test_on.h"
 
 namespace {
 
 /// A person who presses every key of every screen, beginning where the display modes begin and where their menus lead.
-class Tour : public PanelBench {
+class Tour : public TestOn<PanelBench> {
 protected:
     Tour() {
         ScriptedMeter::Instance().Model().Play(*meter::FindScenario("500-alarms"));  // an alarm to see the details of

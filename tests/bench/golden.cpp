@@ -3,7 +3,7 @@
 #include <cstdlib>
 #include <filesystem>
 
-#include "tests/bench/png_file.h"
+#include "simulator/bench/png_file.h"
 
 namespace {
 

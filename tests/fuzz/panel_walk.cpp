@@ -5,8 +5,8 @@
 #include "app/application.h"
 #include "app/one_second_task.h"
 #include "navigation/password_handler.h"
-#include "tests/app/hardware_double.h"
-#include "tests/navigation/keyboard_keys.h"
+#include "simulator/bench/hardware_double.h"
+#include "simulator/bench/keyboard_keys.h"
 
 namespace {
 

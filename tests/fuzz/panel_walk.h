@@ -3,7 +3,7 @@
 #include <cstdint>
 #include <span>
 
-#include "tests/bench/panel_bench.h"
+#include "simulator/bench/panel_bench.h"
 
 /// Somebody at the panel of the whole application: enters a screen, watches it for a refresh, and acts. What the meter
 /// answers is up to the owner.
@@ -35,5 +35,4 @@ public:
 
 private:
     void Type(std::uint16_t key);
-    void TestBody() override {}
 };

@@ -1,6 +1,6 @@
 #include "peg/core/toolkit.h"
 #include "peg/resources/resources.h"
-#include "tests/bench/toolkit_bench.h"
+#include "simulator/bench/toolkit_bench.h"
 #include "tests/fuzz/memory_board.h"
 #include "tests/fuzz/target.h"
 
@@ -54,8 +54,6 @@ private:
             toolkit.screen->EndDraw();
         }
     };
-
-    void TestBody() override {}
 
     Canvas m_canvas;
 };

@@ -4,7 +4,8 @@
 
 #include "localization/display_config.h"
 #include "localization/localization.h"
-#include "tests/bench/meter_texts.h"
+#include "simulator/bench/meter_texts.h"
+#include "tests/bench/test_on.h"
 #include "tools/formats/utf.h"
 #include "tools/panel_tour/panel_tour.h"
 #include "tools/text_places/known_texts.h"
@@ -12,7 +13,7 @@
 namespace {
 
 /// Every picture of the panel in one language: no text is cut, covered, over another or without its glyphs.
-class LayoutAudit : public PanelTour {
+class LayoutAudit : public TestOn<PanelTour> {
 protected:
     void Audit(std::uint32_t language) {
         m_known.emplace(language);

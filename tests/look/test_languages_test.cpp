@@ -4,7 +4,8 @@
 
 #include "localization/display_config.h"
 #include "navigation/entry/keyboard_layout.h"
-#include "tests/bench/meter_texts.h"
+#include "simulator/bench/meter_texts.h"
+#include "tests/bench/test_on.h"
 #include "tools/formats/utf.h"
 #include "tools/panel_tour/panel_tour.h"
 
@@ -16,7 +17,7 @@ constexpr std::string_view kLanguageScreen = "screen 180";                // eac
 constexpr std::array<std::u16string_view, 2> kUnits = {u"kWh", u"kVAh"};  // the meter's, the same in every language
 
 /// The panel in languages that are made for tests.
-class TestLanguages : public PanelTour {
+class TestLanguages : public TestOn<PanelTour> {
 protected:
     TestLanguages() { SpeakTestLanguages(); }
 

@@ -2,11 +2,12 @@
 
 #include "peg/core/window.h"
 #include "peg/widgets/prompt.h"
+#include "tests/bench/test_on.h"
 
 namespace {
 
 /// Prompts on a window, drawn in the built-in font.
-class Record : public ToolkitBench {
+class Record : public TestOn<ToolkitBench> {
 protected:
     Record() { Manager().AddChild(m_window, true); }
     ~Record() override { Manager().RemoveChild(m_window); }

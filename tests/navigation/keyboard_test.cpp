@@ -1,14 +1,15 @@
 #include <string>
 
 #include "navigation/entry/keyboard_window.h"
-#include "tests/bench/panel_bench.h"
-#include "tests/navigation/keyboard_keys.h"
+#include "simulator/bench/keyboard_keys.h"
+#include "simulator/bench/panel_bench.h"
+#include "tests/bench/test_on.h"
 #include "tests/peg/recorder.h"
 
 namespace {
 
 /// The keyboard on a plain window.
-class Keyboard : public PanelBench {
+class Keyboard : public TestOn<PanelBench> {
 protected:
     Keyboard() {
         host = new Recorder(RectOf(0, 0, 319, 239));

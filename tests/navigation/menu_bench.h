@@ -1,10 +1,11 @@
 #pragma once
 
 #include "navigation/menu/menu_screen.h"
-#include "tests/navigation/keyboard_bench.h"
+#include "simulator/bench/keyboard_bench.h"
+#include "tests/bench/test_on.h"
 
 /// The three menus, and plain windows in the place of every screen that they lead to.
-class MenuBench : public KeyboardBench {
+class MenuBench : public TestOn<KeyboardBench> {
 protected:
     MenuBench() {
         for (const MenuTree& tree : kMenuTrees) {

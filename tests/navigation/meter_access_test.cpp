@@ -1,11 +1,12 @@
 #include "navigation/meter_access.h"
 
 #include "navigation/password_handler.h"
-#include "tests/bench/panel_bench.h"
+#include "simulator/bench/panel_bench.h"
+#include "tests/bench/test_on.h"
 
 namespace {
 
-class MeterAccess : public PanelBench {
+class MeterAccess : public TestOn<PanelBench> {
 protected:
     static meterAccessClass& Access() { return meterAccessClass::getInstance(); }
 };
@@ -47,7 +48,7 @@ TEST_F(MeterAccess, NoticesAnotherConnectionOnceAndASixthFailureInARow) {
     EXPECT_TRUE(Access().isSameMeterConnection()) << "the failures before the success are forgotten";
 }
 
-class Password : public PanelBench {
+class Password : public TestOn<PanelBench> {
 protected:
     static PHC_passwordHandlerClass& Handler() { return PHC_passwordHandlerClass::getInstance(); }
     static void Allow(std::uint32_t word) {

@@ -2,13 +2,14 @@
 
 #include <gtest/gtest.h>
 
-#include "tests/bench/panel_bench.h"
+#include "simulator/bench/panel_bench.h"
+#include "tests/bench/test_on.h"
 
 namespace {
 
 constexpr std::uint32_t kIcon = 224;
 
-class SetupVerticalList : public PanelBench {};
+class SetupVerticalList : public TestOn<PanelBench> {};
 
 TEST_F(SetupVerticalList, PassesOverWhatIsHiddenAndStopsAtTheEnds) {
     EXPECT_EQ(setupVerticalList({9, 0, {}}, SetupItemLook::Plain).Real(), RectOf(8, 56, 312, 211)) << "six rows fit";

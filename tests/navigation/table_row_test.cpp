@@ -2,7 +2,8 @@
 
 #include "peg/resources/builtin_fonts.h"
 #include "peg/resources/resources.h"
-#include "tests/bench/toolkit_bench.h"
+#include "simulator/bench/toolkit_bench.h"
+#include "tests/bench/test_on.h"
 
 namespace {
 
@@ -12,7 +13,7 @@ constexpr std::uint32_t kRed = 1;
 constexpr std::uint32_t kGreen = 2;
 constexpr std::uint32_t kBlue = 4;
 
-class TableRow : public ToolkitBench {
+class TableRow : public TestOn<ToolkitBench> {
 protected:
     /// The panel's top left corner: letters for the rows' colours and the lines.
     Rows Corner(int width, int height) {

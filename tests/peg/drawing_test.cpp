@@ -3,7 +3,8 @@
 #include "peg/core/screen.h"
 #include "peg/port/pixel.h"
 #include "peg/resources/builtin_fonts.h"
-#include "tests/bench/toolkit_bench.h"
+#include "simulator/bench/toolkit_bench.h"
+#include "tests/bench/test_on.h"
 #include "tests/peg/recorder.h"
 
 namespace {
@@ -14,7 +15,7 @@ constexpr std::uint16_t kBlack = 0;
 using Rows = std::vector<std::string>;
 
 /// Primitives on a black frame, inside a pass of the whole screen.
-class Drawing : public ToolkitBench {
+class Drawing : public TestOn<ToolkitBench> {
 protected:
     Recorder canvas{RectOf(0, 0, 319, 239)};
 

@@ -3,7 +3,8 @@
 
 #include "peg/core/screen.h"
 #include "peg/port/pixel.h"
-#include "tests/bench/toolkit_bench.h"
+#include "simulator/bench/toolkit_bench.h"
+#include "tests/bench/test_on.h"
 #include "tests/peg/recorder.h"
 
 // The drawing kernels against what they mean, pixel by pixel, over random places and clips.
@@ -29,7 +30,7 @@ private:
     std::vector<std::vector<std::uint16_t>> m_rows;
 };
 
-class Kernels : public ToolkitBench {
+class Kernels : public TestOn<ToolkitBench> {
 protected:
     Kernels() {
         Draw(kArea, [&](PegScreen& screen) {

@@ -1,14 +1,15 @@
 #include "peg/core/message_queue.h"
 
 #include "peg/core/timer_list.h"
-#include "tests/bench/toolkit_bench.h"
+#include "simulator/bench/toolkit_bench.h"
+#include "tests/bench/test_on.h"
 #include "tests/peg/recorder.h"
 
 namespace {
 
 constexpr std::uint16_t kUser = MSG_FIRST_USER + 7;
 
-class Queue : public ToolkitBench {
+class Queue : public TestOn<ToolkitBench> {
 protected:
     Recorder& window = AddNew<Recorder>(Manager());
 

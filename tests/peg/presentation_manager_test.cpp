@@ -6,14 +6,15 @@
 
 #include "peg/resources/resources.h"
 #include "peg/widgets/prompt.h"
-#include "tests/bench/toolkit_bench.h"
+#include "simulator/bench/toolkit_bench.h"
+#include "tests/bench/test_on.h"
 #include "tests/peg/recorder.h"
 
 namespace {
 
 constexpr std::uint16_t kUser = MSG_FIRST_USER + 1;
 
-class Presentation : public ToolkitBench {};
+class Presentation : public TestOn<ToolkitBench> {};
 
 TEST_F(Presentation, GivesANewScreenTheInputAndForgetsARemovedOne) {
     auto& first = AddNew<Recorder>(Manager());

@@ -2,14 +2,15 @@
 
 #include <array>
 
-#include "tests/bench/toolkit_bench.h"
+#include "simulator/bench/toolkit_bench.h"
+#include "tests/bench/test_on.h"
 #include "tests/peg/recorder.h"
 
 namespace {
 
 constexpr std::uint16_t kUser = MSG_FIRST_USER + 7;
 
-class Things : public ToolkitBench {};
+class Things : public TestOn<ToolkitBench> {};
 
 /// The children of a thing by id, front to back.
 std::vector<int> Order(const PegThing& thing) {
@@ -214,7 +215,7 @@ TEST_F(Things, GetNoMessageOnceTheyAreDead) {
     EXPECT_EQ(window.Count(SIGNAL_TYPE(3, 4)), 0) << "no message from the dead either";
 }
 
-class Focus : public ToolkitBench {
+class Focus : public TestOn<ToolkitBench> {
 protected:
     Recorder& window = AddNew<Recorder>(Manager(), RectOf(0, 0, 199, 199));
     Recorder& AddControl(int x, int y, std::uint16_t id) {

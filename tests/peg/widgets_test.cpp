@@ -9,14 +9,15 @@
 #include "peg/widgets/text_box.h"
 #include "peg/widgets/text_button.h"
 #include "peg/widgets/vert_list.h"
-#include "tests/bench/toolkit_bench.h"
+#include "simulator/bench/toolkit_bench.h"
+#include "tests/bench/test_on.h"
 #include "tests/peg/recorder.h"
 
 namespace {
 
 using Rows = std::vector<std::string>;
 
-class Widgets : public ToolkitBench {
+class Widgets : public TestOn<ToolkitBench> {
 protected:
     Recorder& window = AddNew<Recorder>(Manager(), RectOf(0, 0, 319, 239));
 

@@ -1,7 +1,8 @@
 #include "screens/alarms/alarm_screens.h"
 
 #include "screens/parameters/custom_screen.h"
-#include "tests/bench/panel_bench.h"
+#include "simulator/bench/panel_bench.h"
+#include "tests/bench/test_on.h"
 #include "tests/bench/wire_text.h"
 
 namespace {
@@ -23,7 +24,7 @@ AlarmEntry Alarm(std::string_view name, unsigned priority, std::uint32_t seconds
 }
 
 /// A meter with the alarms that the test puts into `alarms`, for both lists. They are called by their index.
-class AlarmScreens : public PanelBench {
+class AlarmScreens : public TestOn<PanelBench> {
 protected:
     AlarmScreens() {
         for (const std::string_view kind : {"Active", "Historical"}) {

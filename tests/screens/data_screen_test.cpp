@@ -2,7 +2,8 @@
 
 #include "navigation/password_handler.h"
 #include "screens/parameters/parameter_screen.h"
-#include "tests/bench/panel_bench.h"
+#include "simulator/bench/panel_bench.h"
+#include "tests/bench/test_on.h"
 
 namespace {
 
@@ -18,7 +19,7 @@ public:
 };
 
 /// Screens 11 (options and both neighbours), 12, 13, 17 (only soft key 4), 19 to 22 and 41 (options, nothing else).
-class DataScreens : public PanelBench {
+class DataScreens : public TestOn<PanelBench> {
 protected:
     DataScreens() {
         for (const std::int32_t id : {11, 12, 13, 17, 19, 20, 22, 37, 41, 42, 200}) {

@@ -5,7 +5,8 @@
 
 #include "rda/records/identity.h"
 #include "screens/parameters/custom_screen.h"
-#include "tests/bench/panel_bench.h"
+#include "simulator/bench/panel_bench.h"
+#include "tests/bench/test_on.h"
 #include "tests/bench/wire_text.h"
 
 namespace {
@@ -21,7 +22,7 @@ EventLogEntry Event(std::string_view source, std::string_view description = "Set
 }
 
 /// A meter whose log holds what the test puts into `log`, newest first.
-class EventScreens : public PanelBench {
+class EventScreens : public TestOn<PanelBench> {
 protected:
     EventScreens() {
         meter().AnswerFrom("EVLIF_getEventLogEntryCount", [this](auto&) { return log.size(); });

@@ -3,7 +3,8 @@
 
 #include "screens/extremes/minmax_bar_screen.h"
 #include "screens/parameters/custom_screen.h"
-#include "tests/bench/panel_bench.h"
+#include "simulator/bench/panel_bench.h"
+#include "tests/bench/test_on.h"
 #include "tests/bench/wire_text.h"
 
 namespace {
@@ -36,7 +37,7 @@ MinMaxBarData Bar(const BarValues& values) {
 }
 
 /// Bars whose values a test composes, by the register of the present value.
-class ExtremesBars : public PanelBench {
+class ExtremesBars : public TestOn<PanelBench> {
 protected:
     ExtremesBars() {
         CreateCustomScreens();

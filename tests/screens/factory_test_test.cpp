@@ -3,7 +3,8 @@
 #include "peg/resources/resources.h"
 #include "screens/factory_test/display_test_screen.h"
 #include "screens/parameters/custom_screen.h"
-#include "tests/bench/panel_bench.h"
+#include "simulator/bench/panel_bench.h"
+#include "tests/bench/test_on.h"
 
 namespace {
 
@@ -12,7 +13,7 @@ constexpr std::uint32_t kAsked = 11;
 constexpr std::uint32_t kPressed = 2;
 constexpr const char* kVerdict = "DISPLAYMODE_setFactoryTestScreenResult";
 
-class FactoryTest : public PanelBench {
+class FactoryTest : public TestOn<PanelBench> {
 protected:
     FactoryTest() {
         CreateCustomScreens();

@@ -4,7 +4,8 @@
 
 #include "peg/resources/resources.h"
 #include "screens/parameters/custom_screen.h"
-#include "tests/bench/panel_bench.h"
+#include "simulator/bench/panel_bench.h"
+#include "tests/bench/test_on.h"
 #include "tests/bench/wire_text.h"
 
 namespace {
@@ -22,7 +23,7 @@ HarmonicData Spectrum(std::uint32_t fullScale) {
     return data;
 }
 
-class HarmonicScreens : public PanelBench {
+class HarmonicScreens : public TestOn<PanelBench> {
 protected:
     void Create() {
         CreateCustomScreens();

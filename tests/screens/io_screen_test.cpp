@@ -1,14 +1,15 @@
 #include "screens/io/io_screen.h"
 
 #include "screens/parameters/custom_screen.h"
-#include "tests/bench/panel_bench.h"
+#include "simulator/bench/panel_bench.h"
+#include "tests/bench/test_on.h"
 #include "tests/bench/wire_text.h"
 
 namespace {
 
 constexpr std::int32_t kDigitalInputs = 94;
 /// Digital inputs that a test makes up.
-class DigitalInputs : public PanelBench {
+class DigitalInputs : public TestOn<PanelBench> {
 protected:
     DigitalInputs() {
         CreateCustomScreens();  // the screen to start from is among them

@@ -2,7 +2,8 @@
 
 #include "rda/records.h"
 #include "screens/parameters/custom_screen.h"
-#include "tests/bench/panel_bench.h"
+#include "simulator/bench/panel_bench.h"
+#include "tests/bench/test_on.h"
 #include "tests/bench/wire_text.h"
 
 namespace {
@@ -11,7 +12,7 @@ constexpr auto kRead = "PDMINTERFACE_getRegisterValue";
 constexpr std::int32_t kScreen = 46;
 constexpr std::uint32_t kSecondOfThree = 1725;
 
-class MetrologicalScreens : public PanelBench {
+class MetrologicalScreens : public TestOn<PanelBench> {
 protected:
     MetrologicalScreens() {
         CreateMetrologicalScreens();

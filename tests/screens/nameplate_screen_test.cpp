@@ -4,7 +4,8 @@
 #include "peg/core/screen.h"
 #include "rda/records.h"
 #include "screens/parameters/custom_screen.h"
-#include "tests/bench/panel_bench.h"
+#include "simulator/bench/panel_bench.h"
+#include "tests/bench/test_on.h"
 
 namespace {
 
@@ -12,7 +13,7 @@ constexpr std::int32_t kNameplate = 98;
 constexpr std::int32_t kMidNameplate = 97;  // any screen will do to show it on
 constexpr int kPages = 6;
 
-class Nameplate : public PanelBench {
+class Nameplate : public TestOn<PanelBench> {
 protected:
     Nameplate() {
         CreateCustomScreens();  // the screen to start from is among them

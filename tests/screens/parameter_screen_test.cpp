@@ -1,7 +1,8 @@
 #include "screens/parameters/parameter_screen.h"
 
 #include "screens/parameters/custom_screen.h"
-#include "tests/bench/panel_bench.h"
+#include "simulator/bench/panel_bench.h"
+#include "tests/bench/test_on.h"
 #include "tests/bench/wire_text.h"
 
 namespace {
@@ -14,7 +15,7 @@ RegisterValue Register(std::string_view label, std::string_view value, std::stri
     return record;
 }
 
-class ParameterScreens : public PanelBench {
+class ParameterScreens : public TestOn<PanelBench> {
 protected:
     ParameterScreens() {
         CreateParameterScreens();

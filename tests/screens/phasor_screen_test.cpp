@@ -1,7 +1,8 @@
 #include "screens/phasor/phasor_screen.h"
 
 #include "screens/parameters/custom_screen.h"
-#include "tests/bench/panel_bench.h"
+#include "simulator/bench/panel_bench.h"
+#include "tests/bench/test_on.h"
 #include "tests/bench/wire_text.h"
 
 namespace {
@@ -22,7 +23,7 @@ PhasorEntry Phasor(std::int32_t magnitude, std::int32_t angle, std::uint32_t sho
     return entry;
 }
 
-class PhasorScreen : public PanelBench {
+class PhasorScreen : public TestOn<PanelBench> {
 protected:
     PhasorScreen() {
         CreateCustomScreens();  // among them the one that navigation starts from

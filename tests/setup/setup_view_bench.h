@@ -8,14 +8,15 @@
 #include "setup/view/setup_view2_screen.h"
 #include "setup/view/setup_view3_screen.h"
 #include "setup/view/setup_view5_screen.h"
+#include "simulator/bench/keyboard_bench.h"
+#include "tests/bench/test_on.h"
 #include "tests/bench/wire_text.h"
-#include "tests/navigation/keyboard_bench.h"
 
 inline constexpr std::string_view kReadRegister = "PDMINTERFACE_getRegisterValue";
 inline constexpr std::string_view kClear = "SECURITYINTERFACE_clearFrontPanelPassword";
 
 /// The setup view screens between the menu, the home screen, and plain windows in the place of the edit screens.
-class SetupViewBench : public KeyboardBench {
+class SetupViewBench : public TestOn<KeyboardBench> {
 protected:
     SetupViewBench() {
         CreateMenuScreens();

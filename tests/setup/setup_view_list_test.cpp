@@ -1,4 +1,4 @@
-#include "tests/bench/allocation_count.h"
+#include "simulator/bench/allocation_count.h"
 #include "tests/setup/setup_view_bench.h"
 
 namespace {

@@ -4,7 +4,7 @@
 #include <string_view>
 
 #include "navigation/entry/keyboard_window.h"
-#include "tests/navigation/keyboard_keys.h"
+#include "simulator/bench/keyboard_keys.h"
 
 namespace {
 

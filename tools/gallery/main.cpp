@@ -7,7 +7,7 @@
 #include <fstream>
 
 #include "platform/panel.h"
-#include "tests/bench/png_file.h"
+#include "simulator/bench/png_file.h"
 #include "tools/formats/program.h"
 #include "tools/gallery/page.h"
 #include "tools/gallery/pictures.h"

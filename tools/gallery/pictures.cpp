@@ -70,8 +70,6 @@ public:
     }
 
 private:
-    void TestBody() override {}
-
     void Look(const std::string& place) override {
         std::vector<std::uint16_t> pixels = Frame();
         if (!m_seen.insert(pixels).second) return;

@@ -5,7 +5,7 @@
 #include <stdexcept>
 
 #include "platform/panel.h"
-#include "tests/bench/png_file.h"
+#include "simulator/bench/png_file.h"
 
 namespace {
 

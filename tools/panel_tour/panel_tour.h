@@ -3,7 +3,7 @@
 #include <string>
 #include <vector>
 
-#include "tests/navigation/keyboard_bench.h"
+#include "simulator/bench/keyboard_bench.h"
 #include "tools/panel_tour/text_record.h"
 
 /// Leads to everything that the panel can show: every registered screen, what its keys open, the menus with all their

@@ -5,7 +5,7 @@
 #include <utility>
 #include <vector>
 
-#include "tests/bench/toolkit_bench.h"
+#include "simulator/bench/toolkit_bench.h"
 
 /// A text on the panel, as it was drawn.
 struct RecordedText {

@@ -1,7 +1,7 @@
 #include "tools/text_places/place_tour.h"
 
 #include "localization/display_config.h"
-#include "tests/bench/meter_texts.h"
+#include "simulator/bench/meter_texts.h"
 #include "tools/panel_tour/panel_tour.h"
 #include "tools/text_places/text_places.h"
 
@@ -32,8 +32,6 @@ public:
     }
 
 private:
-    void TestBody() override {}
-
     /// Notes the room and the fonts that other languages need.
     void VisitOtherLanguages() {
         for (std::uint32_t language = 0; language < kLanguages; ++language) {

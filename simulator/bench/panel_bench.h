@@ -1,20 +1,18 @@
 #pragma once
 
 #include <filesystem>
-#include <string>
 
 #include "navigation/messages.h"
 #include "navigation/navigation_handler.h"
-#include "tests/bench/golden.h"
-#include "tests/bench/scripted_meter.h"
-#include "tests/bench/toolkit_bench.h"
+#include "simulator/bench/scripted_meter.h"
+#include "simulator/bench/toolkit_bench.h"
 
 /// The application's screens on a toolkit driven by hand, with the real resource and localisation files and a scripted
-/// meter. Time is ticks; the simulated meter's clock stands still unless a test moves it.
+/// meter. Time is ticks; the simulated meter's clock stands still unless it is moved.
 class PanelBench : public ToolkitBench {
 protected:
     PanelBench();
-    ~PanelBench() override;
+    ~PanelBench();
 
     static ScriptedMeter& meter() { return ScriptedMeter::Instance(); }
     static navigationHandlerClass& Navigation() { return navigationHandlerClass::getInstance(); }
@@ -33,9 +31,6 @@ protected:
     static std::int32_t Shown() { return Navigation().getCurrentScreenId(); }
 
     std::vector<std::uint16_t> Frame();
-
-    /// The panel equals the golden picture of that name.
-    ::testing::AssertionResult PanelShows(const std::string& golden);
 
 private:
     void Send(std::uint16_t type, KeyCode key);

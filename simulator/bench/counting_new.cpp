@@ -1,7 +1,7 @@
 #include <cstdlib>
 #include <new>
 
-#include "tests/bench/allocation_count.h"
+#include "simulator/bench/allocation_count.h"
 
 void* operator new(std::size_t size) {
     if (AllocationCount::paused == 0) ++AllocationCount::taken;

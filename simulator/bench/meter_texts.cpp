@@ -1,4 +1,4 @@
-#include "tests/bench/meter_texts.h"
+#include "simulator/bench/meter_texts.h"
 
 #include <algorithm>
 #include <cstring>
@@ -6,7 +6,7 @@
 #include <string>
 
 #include "rda/records.h"
-#include "tests/bench/scripted_meter.h"
+#include "simulator/bench/scripted_meter.h"
 
 namespace {
 

@@ -1,11 +1,11 @@
-#include "tests/bench/scripted_meter.h"
+#include "simulator/bench/scripted_meter.h"
 
 #include <algorithm>
 #include <array>
 
 #include "rda/client.h"
 #include "rda/wire.h"
-#include "tests/bench/allocation_count.h"
+#include "simulator/bench/allocation_count.h"
 
 namespace {
 constexpr std::uint64_t kSeed = 1;

@@ -1,4 +1,4 @@
-#include "tests/app/hardware_double.h"
+#include "simulator/bench/hardware_double.h"
 
 #include <mutex>
 

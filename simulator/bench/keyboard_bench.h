@@ -2,8 +2,8 @@
 
 #include <string>
 
-#include "tests/bench/panel_bench.h"
-#include "tests/navigation/keyboard_keys.h"
+#include "simulator/bench/keyboard_keys.h"
+#include "simulator/bench/panel_bench.h"
 
 /// A person at the keyboard, and a meter that says what it thinks of his password.
 class KeyboardBench : public PanelBench {

@@ -1,4 +1,4 @@
-#include "tests/app/task_double.h"
+#include "simulator/bench/task_double.h"
 
 #include "platform/task.h"
 

@@ -1,7 +1,5 @@
 #pragma once
 
-#include <gtest/gtest.h>
-
 #include <memory>
 #include <string>
 #include <vector>
@@ -54,13 +52,15 @@ protected:
     }
 };
 
-/// The toolkit without its task: messages are delivered and ticks pass when the test says so, and time is ticks.
+/// The toolkit without its task: messages are delivered and ticks pass when its owner says so, and time is ticks.
 ///
-/// One toolkit in a process: every test has a process of its own.
-class ToolkitBench : public ::testing::Test {
+/// One toolkit in a process.
+class ToolkitBench {
 protected:
     ToolkitBench();
-    ~ToolkitBench() override;
+    ToolkitBench(const ToolkitBench&) = delete;
+    ToolkitBench& operator=(const ToolkitBench&) = delete;
+    ~ToolkitBench();
 
     /// Delivers every waiting message and draws what is invalid.
     void Pump();

@@ -1,4 +1,4 @@
-#include "tests/bench/panel_bench.h"
+#include "simulator/bench/panel_bench.h"
 
 #include <unistd.h>
 
@@ -75,8 +75,4 @@ void PanelBench::Press(KeyCode key, int times) {
 std::vector<std::uint16_t> PanelBench::Frame() {
     constexpr std::ptrdiff_t kPixels = std::ptrdiff_t{kPanelWidth} * kPanelHeight;
     return {Screen().Row(0), Screen().Row(0) + kPixels};
-}
-
-::testing::AssertionResult PanelBench::PanelShows(const std::string& golden) {
-    return FrameMatchesGolden(Screen().Row(0), kPanelWidth, kPanelHeight, golden);
 }

@@ -1,4 +1,4 @@
-#include "tests/bench/toolkit_bench.h"
+#include "simulator/bench/toolkit_bench.h"
 
 #include "platform/panel.h"
 

@@ -1,4 +1,4 @@
-#include "tests/bench/png_file.h"
+#include "simulator/bench/png_file.h"
 
 #include <png.h>
 
