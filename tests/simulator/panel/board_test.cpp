@@ -10,6 +10,7 @@
 #include <atomic>
 #include <cstdint>
 #include <fstream>
+#include <latch>
 #include <thread>
 #include <vector>
 
@@ -121,6 +122,30 @@ TEST_F(EmulatedBoard, RefusesRequestsThatItsDevicesDoNotHaveAndEndsNoOtherConnec
     EXPECT_EQ(Request("/rasGpio1/1", 0x20047A20, 1), -1);
     EXPECT_EQ(os::ioctl(good, 0x20047A36, 0), 255);
     os::close(good);
+}
+
+TEST_F(EmulatedBoard, WaitsForTheWriterThatFollowsAFrameAtOnce) {
+    // The board's thread stands still until a frame and half of the next are there.
+    std::atomic<bool> standing = false;
+    std::latch goOn(1);
+    board().OnChange([&] {
+        standing = true;
+        goOn.wait();
+    });
+    Request("/db9000_bl", 0x20047A36, 0);
+    ASSERT_TRUE(Eventually([&] { return standing.load(); }));
+    WriteFrame(1);
+    const std::vector<std::uint8_t> half(kFrameBytes / 2, 2);
+    const int device = os::open("/db9000_fb", os::kReadWrite);
+    ASSERT_EQ(os::write(device, half.data(), half.size()), ssize_t{kFrameBytes / 2});
+    goOn.count_down();
+    EXPECT_TRUE(Eventually([this] { return board().State().frames == 1; }));
+    EXPECT_EQ(board().NewestFrame()->front(), 0) << "the first frame is gone, the second is not whole";
+    ASSERT_EQ(os::write(device, half.data(), half.size()), ssize_t{kFrameBytes / 2});
+    os::close(device);
+    EXPECT_TRUE(Eventually([this] { return board().NewestFrame()->front() == 2; }));
+    EXPECT_EQ(board().State().frames, 2U);
+    board().OnChange({});
 }
 
 TEST_F(EmulatedBoard, SeesThatTheDisplayWaitsForKeysAndThatItLeft) {
