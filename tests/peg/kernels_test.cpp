@@ -17,32 +17,28 @@ constexpr PegRect kArea = RectOf(0, 0, 79, 59);
 class Reference {
 public:
     explicit Reference(const BenchScreen& screen) {
-        for (int y = 0; y <= kArea.bottom; ++y) m_rows.emplace_back(screen.Row(y), screen.Row(y) + kArea.Width());
+        for (int y = 0; y <= kArea.bottom; ++y)
+            m_pixels.insert(m_pixels.end(), screen.Row(y), screen.Row(y) + kArea.Width());
     }
-    std::uint16_t At(int x, int y) const { return m_rows[static_cast<std::size_t>(y)][static_cast<std::size_t>(x)]; }
+    std::uint16_t At(int x, int y) const { return *(m_pixels.begin() + y * kArea.Width() + x); }
     void Put(int x, int y, std::uint16_t color, const PegRect& clip) {
-        if (!Intersection(clip, kArea).Contains(PointOf(x, y))) return;
-        m_rows[static_cast<std::size_t>(y)][static_cast<std::size_t>(x)] = color;
+        if (Intersection(clip, kArea).Contains(PointOf(x, y))) *(m_pixels.begin() + y * kArea.Width() + x) = color;
     }
 
 private:
-    std::vector<std::vector<std::uint16_t>> m_rows;
+    std::vector<std::uint16_t> m_pixels;
 };
 
 class Kernels : public ToolkitBench {
 protected:
     Kernels() {
         Draw(kArea, [&](PegScreen& screen) {
-            for (int y = 0; y <= kArea.bottom; ++y) {
-                for (int x = 0; x <= kArea.right; ++x) screen.PutPixel(x, y, Any<std::uint16_t>(0, 0xFFFF));
-            }
+            for (int i = 0; i < kArea.Width() * kArea.Height(); ++i)
+                screen.PutPixel(i % kArea.Width(), i / kArea.Width(), AnyColor());
         });
     }
-    template <typename Number>
-    Number Any(int low, int high) {
-        return static_cast<Number>(std::uniform_int_distribution(low, high)(m_random));
-    }
-    int AnyInt(int low, int high) { return Any<int>(low, high); }
+    int AnyInt(int low, int high) { return std::uniform_int_distribution(low, high)(m_random); }
+    std::uint16_t AnyColor() { return static_cast<std::uint16_t>(AnyInt(0, 0xFFFF)); }
     PegRect AnyClip() {
         const int left = AnyInt(0, 79);
         const int top = AnyInt(0, 59);
@@ -54,15 +50,11 @@ protected:
         draw(*toolkit.screen);
     }
     /// Both frames are the same, also around what was drawn.
-    ::testing::AssertionResult Equal(const Reference& reference) {
+    void ExpectEqual(const Reference& reference, int round) {
         for (int y = 0; y <= kArea.bottom; ++y) {
-            for (int x = 0; x <= kArea.right; ++x) {
-                if (Pixel(x, y) == reference.At(x, y)) continue;
-                return ::testing::AssertionFailure() << "pixel " << x << ", " << y << ": " << std::hex << Pixel(x, y)
-                                                     << " instead of " << reference.At(x, y);
-            }
+            for (int x = 0; x <= kArea.right; ++x)
+                ASSERT_EQ(Pixel(x, y), reference.At(x, y)) << "pixel " << x << ", " << y << " in round " << round;
         }
-        return ::testing::AssertionSuccess();
     }
 
 private:
@@ -75,12 +67,12 @@ TEST_F(Kernels, FillWhatLiesInTheClip) {
         const PegRect clip = AnyClip();
         const PegRect rect = RectOf(AnyInt(-9, 79), AnyInt(-9, 59), AnyInt(0, 99), AnyInt(0, 99));
         Reference reference(Screen());
-        const auto color = Any<std::uint16_t>(0, 0xFFFF);
+        const std::uint16_t color = AnyColor();
         for (int y = rect.top; y <= rect.bottom; ++y) {
             for (int x = rect.left; x <= rect.right; ++x) reference.Put(x, y, color, clip);
         }
         Draw(clip, [&](PegScreen& screen) { screen.Fill(rect, color); });
-        ASSERT_TRUE(Equal(reference)) << "round " << round;
+        ASSERT_NO_FATAL_FAILURE(ExpectEqual(reference, round));
     }
 }
 
@@ -104,18 +96,18 @@ TEST_F(Kernels, BlendEachChannelForItself) {
         const PegPoint place = PointOf(AnyInt(-20, 79), AnyInt(-4, 59));
         Reference reference(Screen());
         for (int i = 0; i < kWidth * kHeight; ++i) {
-            const auto color = AnyInt(0, 9) == 0 ? kTransparentPixel : Any<std::uint16_t>(0, 0xFFFF);
-            const unsigned alpha = Any<unsigned>(0, 300);
+            const std::uint16_t color = AnyInt(0, 9) == 0 ? kTransparentPixel : AnyColor();
+            const auto alpha = static_cast<std::uint16_t>(AnyInt(0, 300));
             std::uint16_t* pixel = bitmap->bitmap.data + 2 * i;
             pixel[alphaFirst ? 1 : 0] = color;
-            pixel[alphaFirst ? 0 : 1] = static_cast<std::uint16_t>(alpha);
+            pixel[alphaFirst ? 0 : 1] = alpha;
             const int x = place.x + i % kWidth;
             const int y = place.y + i / kWidth;
             if (!kArea.Contains(PointOf(x, y)) || (keyed && color == kTransparentPixel)) continue;
             reference.Put(x, y, blend(color, reference.At(x, y), alpha >= 255 ? 256 : alpha), clip);
         }
         Draw(clip, [&](PegScreen& screen) { screen.DrawBitmap(place, &bitmap->bitmap); });
-        ASSERT_TRUE(Equal(reference)) << "round " << round;
+        ASSERT_NO_FATAL_FAILURE(ExpectEqual(reference, round));
     }
 }
 
@@ -157,8 +149,7 @@ TEST_F(Kernels, DrawTextByTheCoverageOfItsGlyphs) {
         const RandomPage page([this](int low, int high) { return AnyInt(low, high); });
         std::u16string text;
         for (int i = AnyInt(1, 5); i > 0; --i) text += static_cast<char16_t>(u'A' + AnyInt(0, RandomPage::kGlyphs - 1));
-        const PegBrush brush(Any<std::uint16_t>(0, 0xFFFF), Any<std::uint16_t>(0, 0xFFFF),
-                             round % 4 == 0 ? PegBrush::kFill : 0);
+        const PegBrush brush(AnyColor(), AnyColor(), round % 4 == 0 ? PegBrush::kFill : 0);
         const ColorRamp ramp = RampBetween(brush.background, brush.foreground);
         const PegRect clip = AnyClip();
         const PegPoint place = PointOf(AnyInt(-30, 79), AnyInt(-9, 59));
@@ -175,7 +166,7 @@ TEST_F(Kernels, DrawTextByTheCoverageOfItsGlyphs) {
             x += page.font.Width(code);
         }
         Draw(clip, [&](PegScreen& screen) { screen.DrawText(place, text.c_str(), brush, &page.font); });
-        ASSERT_TRUE(Equal(reference)) << "round " << round;
+        ASSERT_NO_FATAL_FAILURE(ExpectEqual(reference, round));
     }
 }
 
@@ -191,8 +182,7 @@ TEST_F(Kernels, MakeEllipsesOfWhatLiesWithinHalfAPixel) {
         const int radiusX = AnyInt(0, 40);
         const int radiusY = round % 2 == 0 ? radiusX : AnyInt(0, 40);
         const int pen = AnyInt(0, 6);
-        const PegBrush brush(Any<std::uint16_t>(0, 0xFFFF), Any<std::uint16_t>(0, 0xFFFF),
-                             round % 3 == 0 ? PegBrush::kFill : 0, pen);
+        const PegBrush brush(AnyColor(), AnyColor(), round % 3 == 0 ? PegBrush::kFill : 0, pen);
         const PegRect clip = AnyClip();
         Reference reference(Screen());
         for (int dy = -radiusY; dy <= radiusY; ++dy) {
@@ -206,7 +196,7 @@ TEST_F(Kernels, MakeEllipsesOfWhatLiesWithinHalfAPixel) {
             }
         }
         Draw(clip, [&](PegScreen& screen) { screen.DrawArc(x, y, 0, 0, radiusX, radiusY, brush); });
-        ASSERT_TRUE(Equal(reference)) << "round " << round;
+        ASSERT_NO_FATAL_FAILURE(ExpectEqual(reference, round));
     }
 }
 
