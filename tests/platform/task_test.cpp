@@ -29,7 +29,7 @@ struct Report {
     int detached;
 };
 
-os::MessageQueueId reports;  // stays: a task may just be leaving it
+const os::MessageQueueId reports = os::msgQCreate(4, sizeof(Report), os::kQueueFifo);
 
 int TellAboutSelf(os::TaskArgument argument) {
     Report report{os::taskIdSelf(), {}, 0, 0};
@@ -43,19 +43,13 @@ int TellAboutSelf(os::TaskArgument argument) {
     return os::msgQSend(reports, &report, sizeof report, os::kWaitForever, 0);
 }
 
-class Tasks : public testing::Test {
-protected:
-    void SetUp() override {
-        if (reports == nullptr) reports = os::msgQCreate(4, sizeof(Report), os::kQueueFifo);
-    }
-    static Report NextReport() {
-        Report report{};
-        EXPECT_EQ(os::msgQReceive(reports, &report, sizeof report, os::kWaitForever), int{sizeof report});
-        return report;
-    }
-};
+Report NextReport() {
+    Report report{};
+    EXPECT_EQ(os::msgQReceive(reports, &report, sizeof report, os::kWaitForever), int{sizeof report});
+    return report;
+}
 
-TEST_F(Tasks, WaitForTheirActivationAndThenRunUnderTheirNameOnAHostsStack) {
+TEST(Tasks, WaitForTheirActivationAndThenRunUnderTheirNameOnAHostsStack) {
     const os::TaskId task = os::taskCreate("tDispRdaServer", 194, os::kTaskFloatingPoint, 4096, TellAboutSelf, 42);
     ASSERT_NE(task, os::kTaskError);
     Report report{};
@@ -68,7 +62,7 @@ TEST_F(Tasks, WaitForTheirActivationAndThenRunUnderTheirNameOnAHostsStack) {
     EXPECT_EQ(report.detached, PTHREAD_CREATE_DETACHED) << "nobody waits for its end";
 }
 
-TEST_F(Tasks, HaveIdsOfTheirOwn) {
+TEST(Tasks, HaveIdsOfTheirOwn) {
     std::set<os::TaskId> ids{os::taskIdSelf()};
     EXPECT_EQ(os::taskIdSelf(), *ids.begin());
     for (int i = 0; i < 3; ++i) {
@@ -83,7 +77,7 @@ TEST_F(Tasks, HaveIdsOfTheirOwn) {
     EXPECT_EQ(os::taskActivate(os::taskIdSelf()), -1) << "the initial task was never created here";
 }
 
-TEST_F(Tasks, RunWithoutTheirPriorityWhereTheProcessMayHaveNone) {
+TEST(Tasks, RunWithoutTheirPriorityWhereTheProcessMayHaveNone) {
     constexpr uid_t kNobody = 65534;
     const uid_t user = geteuid();
     ASSERT_TRUE(user != 0 || seteuid(kNobody) == 0);
@@ -92,7 +86,7 @@ TEST_F(Tasks, RunWithoutTheirPriorityWhereTheProcessMayHaveNone) {
     ASSERT_EQ(seteuid(user), 0);
 }
 
-TEST_F(Tasks, AreNotMadeWithoutAnEntryOrWithAStackBeyondTheMachine) {
+TEST(Tasks, AreNotMadeWithoutAnEntryOrWithAStackBeyondTheMachine) {
     constexpr std::size_t kBeyond = ~std::size_t{0} / 16 * 15;
     EXPECT_EQ(os::taskCreate("tNone", 100, 0, 4096, nullptr, 0), os::kTaskError);
     EXPECT_EQ(os::taskCreate("tHuge", 100, 0, kBeyond, TellAboutSelf, 42), os::kTaskError);
@@ -135,7 +129,7 @@ int SleepThroughTicks(os::TaskArgument /*argument*/) {
     return os::msgQSend(reports, &done, sizeof done, os::kWaitForever, 0);
 }
 
-TEST_F(Tasks, AreReachedByTheTickSignalOnlyWhereTheTimerWasMade) {
+TEST(Tasks, AreReachedByTheTickSignalOnlyWhereTheTimerWasMade) {
     std::array<int, 2> pipe{};
     ASSERT_EQ(::pipe(pipe.data()), 0);
     std::thread reader([&pipe] {
