@@ -185,22 +185,19 @@ TEST_F(Compilers, NameFileAndPlaceOfEveryMistake) {
 }
 
 TEST_F(Compilers, RefuseTranslationsOfOtherTexts) {
-    const auto complaint = [this](const std::string& german) {
+    const auto expect = [this](const std::string& german, const char* complaint) {
         Write("de.po", PoFile("de", german));
-        return Call("localization-compiler", "en.po de.po --substitutions substitutions.json -o l.dat").talk;
+        const Outcome run = Call("localization-compiler", "en.po de.po --substitutions substitutions.json -o l.dat");
+        EXPECT_NE(run.talk.find(complaint), std::string::npos) << run.talk;
     };
-    const std::string unknown = complaint(m_german + Entry(7, "New", "Neu"));
-    EXPECT_NE(unknown.find("de.po: string 7 has no base text"), std::string::npos) << unknown;
-    const std::string other = complaint(m_german + Entry(102, "Old power", "Leistung"));
-    EXPECT_NE(other.find("de.po: string 102 translates another text"), std::string::npos) << other;
+    expect(m_german + Entry(7, "New", "Neu"), "de.po: string 7 has no base text");
+    expect(m_german + Entry(102, "Old power", "Leistung"), "de.po: string 102 translates another text");
     Write("substitutions.json", R"({"phaseLabels": {"sets": ["1", "A"], "columns": [[100, 101]]},
         "measurementSymbols": {"sets": [], "columns": []}})");
-    const std::string missing = complaint(m_german);
-    EXPECT_NE(missing.find("/phaseLabels/columns/0/1: string 101 is not in the catalogue"), std::string::npos)
-        << missing;
+    expect(m_german, "/phaseLabels/columns/0/1: string 101 is not in the catalogue");
 }
 
-TEST_F(Compilers, SayWhatIsWrongWithACommandLineOrABinaryFile) {
+TEST_F(Compilers, SayWhatIsWrongWithACommandLine) {
     for (const char* program :
          {"resource-compiler", "localization-compiler", "resource-inspector", "localization-inspector"}) {
         SCOPED_TRACE(program);
@@ -209,11 +206,16 @@ TEST_F(Compilers, SayWhatIsWrongWithACommandLineOrABinaryFile) {
         EXPECT_EQ(Call(program, "--nonsense").status, 2);
     }
     EXPECT_EQ(Call("resource-compiler", std::string(kAll) + "--byte-order middle").status, 2);
-    ASSERT_EQ(Call("resource-compiler", kAll).status, 0);
-    ASSERT_EQ(Call("localization-compiler", "en.po -o out.dat").status, 0);
+}
 
-    for (const auto& [program, file] :
-         {std::pair{"resource-inspector", "out.pbr"}, {"localization-inspector", "out.dat"}}) {
+TEST_F(Compilers, MakeFilesOfWhichTheInspectorsTakeNoCutOrDamagedByteForMoreThanItIs) {
+    ASSERT_EQ(Call("resource-compiler", kAll).status, 0);
+    Write("packed.pbr", Read("out.pbr"));
+    ASSERT_EQ(Call("resource-compiler", std::string(kAll) + "--uncompressed").status, 0);
+    ASSERT_EQ(Call("localization-compiler", "en.po -o out.dat").status, 0);
+    for (const auto& [program, file, all] : {std::tuple{"resource-inspector", "packed.pbr", " --fonts f --bitmaps b"},
+                                             {"resource-inspector", "out.pbr", " --fonts f --bitmaps b"},
+                                             {"localization-inspector", "out.dat", ""}}) {
         const std::string whole = Read(file);
         for (std::size_t size = 0; size < whole.size(); size += 1 + whole.size() / 40) {
             Write("cut", whole.substr(0, size));
@@ -221,24 +223,14 @@ TEST_F(Compilers, SayWhatIsWrongWithACommandLineOrABinaryFile) {
             EXPECT_EQ(run.status, 1) << program << " takes " << size << " bytes of " << whole.size();
             EXPECT_NE(run.talk.find("cut: at byte "), std::string::npos) << run.talk;
         }
-        EXPECT_NE(Call(program, "missing").talk.find("missing: cannot be read"), std::string::npos);
-    }
-}
-
-TEST_F(Compilers, TakeNoDamagedByteForMoreThanItIs) {
-    ASSERT_EQ(Call("resource-compiler", std::string(kAll) + "--uncompressed").status, 0);
-    ASSERT_EQ(Call("localization-compiler", "en.po -o out.dat").status, 0);
-    for (const auto& [program, file] :
-         {std::pair{"resource-inspector", "out.pbr"}, {"localization-inspector", "out.dat"}}) {
-        const std::string whole = Read(file);
         for (std::size_t at = 0; at < whole.size(); at += 1 + whole.size() / 150) {
             std::string damaged = whole;
             damaged[at] = static_cast<char>(~damaged[at]);
             Write("damaged", damaged);
-            const bool isResource = std::string(file) == "out.pbr";
-            const Outcome run = Call(program, isResource ? "damaged --fonts f --bitmaps b" : "damaged");
+            const Outcome run = Call(program, std::string("damaged") + all);
             EXPECT_TRUE(run.status == 0 || run.status == 1) << program << " ends by a signal over byte " << at;
         }
+        EXPECT_NE(Call(program, "missing").talk.find("missing: cannot be read"), std::string::npos);
     }
 }
 
