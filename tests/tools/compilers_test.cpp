@@ -43,7 +43,7 @@ protected:
         Write("drawings/solid.svg", Svg(6, 2, R"(<rect class="fill-far" width="6" height="2"/>)"));
         Write("drawings/hole.svg", Svg(4, 1, R"(<rect x="1" class="fill-accent" width="3" height="1"/>)"));
         Write("drawings/glass.svg", Svg(4, 1, R"(<rect x="1" fill="#0f0" fill-opacity=".5" width="3" height="1"/>)"));
-        Write("drawings/dot.svg", Svg(1, 1, R"(<rect fill="currentColor" width="1" height="1"/>)"));
+        Write("drawings/dot.svg", Svg(1, 5, R"(<rect fill="currentColor" width="1" height="5"/>)"));
         Write("en.po", PoFile("en", m_texts));
         Write("de.po", PoFile("de", m_german));
         Write("substitutions.json", kSubstitutions);
@@ -81,52 +81,34 @@ TEST_F(Compilers, MakeWhatTheDisplayReadsInEitherOrderPackedOrNot) {
     }
 }
 
-TEST_F(Compilers, GiveEveryPictureTheSmallestFormatThatShowsIt) {
+TEST_F(Compilers, GiveEveryPictureTheSmallestFormatThatShowsItAndComposeSoftKeysFromOneSymbol) {
     ASSERT_EQ(Call("resource-compiler", kAll).status, 0);
     ASSERT_EQ(Load(At("out.pbr")), 1);
+    for (const std::uint32_t number : {82U, 90U, 91U, 236U, 201U, 78U})
+        ASSERT_NE(PegResources::GetBitmap(number), nullptr) << number;
+    const auto bitmaps = Inspect("resource-inspector", "out.pbr").at("sets").at(0).at("bitmaps");
+    EXPECT_EQ(bitmaps.size(), 7U) << "with 81, and none for a scheme without this key";
 
     const PegBitmap* solid = PegResources::GetBitmap(82);
-    ASSERT_NE(solid, nullptr);
     EXPECT_EQ(solid->flags, PegBitmap::kRunLength);
     EXPECT_EQ(solid->data[0], 5);  // one run of six
     EXPECT_EQ(solid->data[1], 0xF800);
-
     const PegBitmap* hole = PegResources::GetBitmap(90);
-    ASSERT_NE(hole, nullptr);
     EXPECT_EQ(hole->flags & ~PegBitmap::kRunLength, PegBitmap::kTransparent);
     EXPECT_EQ(hole->transparent, kTransparentPixel);
-
     const PegBitmap* glass = PegResources::GetBitmap(91);
-    ASSERT_NE(glass, nullptr);
     EXPECT_EQ(glass->bitsPerPixel, 32);
     EXPECT_TRUE(glass->Has(PegBitmap::kAlpha));
-}
-
-TEST_F(Compilers, ComposeTheLooksOfASoftKeyFromOneSymbol) {
-    Write("drawings/dot.svg", Svg(1, 5, R"(<rect fill="currentColor" width="1" height="5"/>)"));
-    ASSERT_EQ(Call("resource-compiler", kAll).status, 0);
-    const auto bitmaps = Inspect("resource-inspector", "out.pbr").at("sets").at(0).at("bitmaps");
-    const auto has = [&](int number) {
-        return std::any_of(bitmaps.begin(), bitmaps.end(), [&](const auto& b) { return b.at("number") == number; });
-    };
-    EXPECT_TRUE(has(236) && has(201) && has(78));
-    EXPECT_FALSE(has(0)) << "a scheme without this key has no picture";
-    ASSERT_EQ(Load(At("out.pbr")), 1);
-    const PegBitmap* normal = PegResources::GetBitmap(236);
-    ASSERT_NE(normal, nullptr);
-    // Each row: four white, the accent, four white.
-    const std::vector<std::uint16_t> row(normal->data, normal->data + 6);
-    EXPECT_EQ(row, (std::vector<std::uint16_t>{3, 0xFFFF, 0x8000, 0x001F, 3, 0xFFFF}));
+    // Each row of the soft key: four white, the accent, four white.
+    const std::uint16_t* row = PegResources::GetBitmap(236)->data;
+    EXPECT_EQ(std::vector(row, row + 6), (std::vector<std::uint16_t>{3, 0xFFFF, 0x8000, 0x001F, 3, 0xFFFF}));
 }
 
 TEST_F(Compilers, PutTextsAndSubstitutionsIntoTheLocalisationFile) {
+    const std::string both = "en.po de.po --substitutions substitutions.json -o l.dat --byte-order ";
     for (const char* order : {"little", "big"}) {
         SCOPED_TRACE(order);
-        ASSERT_EQ(Call("localization-compiler", std::string("en.po de.po --substitutions substitutions.json -o l.dat "
-                                                            "--byte-order ") +
-                                                    order)
-                      .status,
-                  0);
+        ASSERT_EQ(Call("localization-compiler", both + order).status, 0);
         const auto file = Inspect("localization-inspector", "l.dat");
         const auto& languages = file.at("strings").at("languages");
         ASSERT_EQ(languages.size(), 2U);
@@ -138,15 +120,13 @@ TEST_F(Compilers, PutTextsAndSubstitutionsIntoTheLocalisationFile) {
     }
 }
 
-/// One change of a good file, and what is said of it.
-struct Mistake {
-    const char* file;
-    std::string there;
-    std::string written;
-    const char* complaint;
-};
-
 TEST_F(Compilers, NameFileAndPlaceOfEveryMistake) {
+    struct Mistake {
+        const char* file;
+        std::string there;
+        std::string written;
+        const char* complaint;
+    };
     const std::vector<Mistake> mistakes{
         {"palette.json", "\"far\",", "\"far\"", "palette.json:2: this is no JSON"},
         {"palette.json", "colours", "colors", "palette.json: \"colours\" is missing"},
