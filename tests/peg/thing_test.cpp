@@ -19,7 +19,7 @@ std::vector<int> Order(const PegThing& thing) {
     return ids;
 }
 
-TEST_F(Things, StandInFrontOfOlderSiblingsUnlessThoseStayInFront) {
+TEST_F(Things, StandInFrontOfOlderSiblingsUnlessThoseStayInFrontAndAreFoundById) {
     Recorder window;
     for (std::uint16_t id = 1; id <= 3; ++id) AddNew<PegThing>(window, RectOf(0, 0, 9, 9), id);
     EXPECT_EQ(Order(window), (std::vector{3, 2, 1}));
@@ -33,6 +33,13 @@ TEST_F(Things, StandInFrontOfOlderSiblingsUnlessThoseStayInFront) {
     window.AddChildAtEnd(*window.FindById(3, false));
     window.AddChild(*window.FindById(1, false));
     EXPECT_EQ(Order(window), (std::vector{4, 1, 5, 2, 3}));
+
+    auto& deep = AddNew<PegThing>(*staying, std::uint16_t{9});
+    EXPECT_EQ(window.FindById(9, false), nullptr);
+    EXPECT_EQ(window.FindById(9, true), &deep);
+    EXPECT_EQ(window.RemoveChild(deep), &deep) << "the request goes on to the parent";
+    EXPECT_EQ(deep.Parent(), nullptr);
+    delete &deep;
 }
 
 TEST_F(Things, AreVisibleWhileTheirParentIsAndClippedToIt) {
@@ -118,17 +125,6 @@ TEST_F(Things, TakeTheCanvasOfTheirParentUnlessTheyHaveOne) {
     canvas.data[0] = 7;
     window.Message(canvas);
     EXPECT_EQ(window.Canvas(), 7);
-}
-
-TEST_F(Things, AreFoundByIdAmongChildrenOrDescendants) {
-    Recorder window;
-    auto& inner = AddNew<Recorder>(window, RectOf(0, 0, 9, 9), std::uint16_t{5});
-    auto& deep = AddNew<PegThing>(inner, std::uint16_t{9});
-    EXPECT_EQ(window.FindById(9, false), nullptr);
-    EXPECT_EQ(window.FindById(9, true), &deep);
-    EXPECT_EQ(window.RemoveChild(deep), &deep) << "the request goes on to the parent";
-    EXPECT_EQ(deep.Parent(), nullptr);
-    delete &deep;
 }
 
 TEST_F(Things, PassUnknownMessagesUpToTheTopLevelWindowAndNoFurther) {

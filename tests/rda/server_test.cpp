@@ -14,7 +14,6 @@ namespace {
 
 std::vector<std::string> payloads;
 std::vector<std::uint32_t> told;
-std::atomic<std::uint32_t> lastTold{0};
 
 /// Keeps the payload and answers 1, 2, 3...
 void Keep(std::uint32_t payloadSize, const std::uint8_t* payload, std::uint32_t responseSize, std::uint8_t** response) {
@@ -27,18 +26,13 @@ void AnswerNine(std::uint32_t /*payloadSize*/, const std::uint8_t* /*payload*/, 
     if (responseSize != 0) (*response)[0] = 9;
 }
 
-void Tell(std::uint32_t connected) {
-    told.push_back(connected);
-    lastTold = connected;
-}
-
 /// A server that serves one connection on its own thread.
 class Server : public testing::Test {
 protected:
     void SetUp() override {
         m_server.registerHandler("keep", Keep);
         m_server.registerHandler("nine", AnswerNine);
-        m_server.setConnectionCallback(Tell);
+        m_server.setConnectionCallback([](std::uint32_t connected) { told.push_back(connected); });
     }
 
     Peer Connect() {
@@ -133,16 +127,17 @@ TEST_F(Server, ReturnsWhenNobodyComesInTime) {
 }
 
 TEST_F(Server, DropsASilentClientWhoseNextCallConnectsAnew) {
+    static std::atomic<std::uint32_t> isConnected = 0;
     static RdaServer& forever = *new RdaServer;  // in use until the process ends
     forever.registerHandler("nine", AnswerNine);
-    forever.setConnectionCallback([](std::uint32_t connected) { lastTold = connected; });
+    forever.setConnectionCallback([](std::uint32_t connected) { isConnected = connected; });
     std::thread([port = m_port] { forever.serve(port, "127.0.0.1", 1, 0); }).detach();
     { Peer::ConnectTo(m_port); }  // the server is up, and outlives a client that leaves
     ASSERT_EQ(connectToServer("127.0.0.1", m_port), 0);
     std::uint8_t reply = 0;
     EXPECT_EQ(RdaClient::instance().call("nine", 0, nullptr, 1, &reply), 1);
     const auto start = std::chrono::steady_clock::now();
-    while (lastTold == 1) std::this_thread::sleep_for(std::chrono::milliseconds(1));
+    while (isConnected == 1) std::this_thread::sleep_for(std::chrono::milliseconds(1));
     EXPECT_GE(std::chrono::steady_clock::now() - start, std::chrono::milliseconds(4900));
     reply = 0;
     EXPECT_EQ(RdaClient::instance().call("nine", 0, nullptr, 1, &reply), 1);
