@@ -112,15 +112,6 @@ TEST_F(Drawing, StepsSlopedLinesAndWidensThemToTheRightOrToBothSides) {
                                           }));
 }
 
-/// A font of one page with two glyphs two rows high: 16 pixels without ink, and 4 of which the outer ones have it.
-struct TwoGlyphs {
-    std::array<std::uint16_t, 3> offsets{0, 16, 20};
-    std::array<std::uint8_t, 20 + kPackingReadsBeyond> glyphs{0, 0, 0, 0, 0, 0, 0, 0, 0xF0, 0x0F,
-                                                              0, 0, 0, 0, 0, 0, 0, 0, 0xF0, 0x0F};
-    PackedGlyphs packed = PackGlyphs(glyphs.data(), 2, 10, offsets);
-    PegFont font{PegFont::kFourBits, 2, 0, 2, {}, 0x40, 10, u'A', u'B', offsets.data(), nullptr, nullptr, &packed};
-};
-
 TEST_F(Drawing, RampsFourBitGlyphsFromBackgroundToForeground) {
     EXPECT_EQ(RampBetween(0x0000, 0xFFFF)[15], 0xFFFF) << "coverage 15 is the foreground itself";
     EXPECT_EQ(RampBetween(0x0000, 0xFFFF)[8], 15 << 11 | 31 << 5 | 15) << "half of each channel, rounded down";
@@ -128,11 +119,17 @@ TEST_F(Drawing, RampsFourBitGlyphsFromBackgroundToForeground) {
 }
 
 TEST_F(Drawing, SkipsCharactersWithoutAGlyphAndUnderlinesTheRest) {
-    const TwoGlyphs glyphs;
-    EXPECT_EQ(PegScreen::TextWidth(u"A?B", &glyphs.font), 20);
-    EXPECT_EQ(PegScreen::TextWidth(u"AB", &glyphs.font, 1), 16);
-    In(canvas.Real(),
-       [&](PegScreen& screen) { screen.DrawText({}, u"?B", PegBrush(kRed, 0, PegBrush::kUnderline), &glyphs.font); });
+    // Two glyphs of two rows: 16 pixels without ink, and 4 of which the outer ones have it.
+    const std::array<std::uint16_t, 3> offsets{0, 16, 20};
+    const std::array<std::uint8_t, 20 + kPackingReadsBeyond> rows{0, 0, 0, 0, 0, 0, 0, 0, 0xF0, 0x0F,
+                                                                  0, 0, 0, 0, 0, 0, 0, 0, 0xF0, 0x0F};
+    const PackedGlyphs packed = PackGlyphs(rows.data(), 2, 10, offsets);
+    const PegFont font{PegFont::kFourBits, 2,       0,       2,      {}, 0x40, 10, u'A', u'B',
+                       offsets.data(),     nullptr, nullptr, &packed};
+    EXPECT_EQ(PegScreen::TextWidth(u"A?B", &font), 20);
+    EXPECT_EQ(PegScreen::TextWidth(u"AB", &font, 1), 16);
+    const PegBrush brush(kRed, 0, PegBrush::kUnderline);
+    In(canvas.Real(), [&](PegScreen& screen) { screen.DrawText({}, u"?B", brush, &font); });
     EXPECT_EQ(Shape(RectOf(0, 0, 4, 5)), (Rows{"#..#.", "#..#.", "####.", "####.", "####.", "....."}))
         << "1 + (0x40 >> 5) lines under the base line";
 }
