@@ -169,7 +169,10 @@ protected:
         for (std::uint16_t id = 1; id <= count; ++id)
             list.AddChildAtEnd(*new PegBitmapPrompt(RectOf(0, 0, 14, 14), u"item", id, kStyleActive));
     }
-    void Key(std::int16_t key) { list.Message(MessageOf(MSG_KEY_DOWN, key)); }
+    int SelectedAfter(std::int16_t key) {
+        list.Message(MessageOf(MSG_KEY_DOWN, key));
+        return list.SelectedIndex();
+    }
 };
 
 TEST_F(Lists, PlaceTheirItemsAndScrollTheSelectedOneIntoView) {
@@ -188,24 +191,18 @@ TEST_F(Lists, PlaceTheirItemsAndScrollTheSelectedOneIntoView) {
 TEST_F(Lists, MoveTheSelectionByKeysAndStopAtTheEndsUnlessTheyWrap) {
     Fill(list, 3);
     list.ItemAt(1)->ClearStatusBits(STAT_SELECTABLE);
-    Key(kKeyDown);
-    EXPECT_EQ(list.Selected(), nullptr) << "keys need a selection";
+    EXPECT_EQ(SelectedAfter(kKeyDown), -1) << "keys need a selection";
     list.SelectIndex(0);
-    Key(kKeyDown);
-    EXPECT_EQ(list.SelectedIndex(), 2) << "the one between cannot be selected";
-    Key(kKeyDown);
-    EXPECT_EQ(list.SelectedIndex(), 2);
+    EXPECT_EQ(SelectedAfter(kKeyDown), 2) << "the one between cannot be selected";
+    EXPECT_EQ(SelectedAfter(kKeyDown), 2);
     EXPECT_TRUE(list.Selected()->HasStyle(kStyleHighlighted));
     list.SetStyleBits(0x2000);
-    Key(kKeyDown);
-    EXPECT_EQ(list.SelectedIndex(), 0);
+    EXPECT_EQ(SelectedAfter(kKeyDown), 0);
     EXPECT_FALSE(list.ItemAt(2)->HasStyle(kStyleHighlighted));
-    Key(kKeyEnd);
-    EXPECT_EQ(list.SelectedIndex(), 2);
-    Key(kKeyHome);
-    EXPECT_EQ(list.SelectedIndex(), 0);
+    EXPECT_EQ(SelectedAfter(kKeyEnd), 2);
+    EXPECT_EQ(SelectedAfter(kKeyHome), 0);
     const int before = window.Count(MSG_KEY_DOWN);
-    Key(kKeyLeft);
+    EXPECT_EQ(SelectedAfter(kKeyLeft), 0);
     EXPECT_EQ(window.Count(MSG_KEY_DOWN), before + 1) << "keys across are the parent's";
 }
 

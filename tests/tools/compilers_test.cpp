@@ -5,27 +5,6 @@
 
 namespace {
 
-constexpr const char* kPalette = R"({"colours": [
-    {"number": 85, "name": "accent", "value": "#0000ff"}, {"number": 150, "name": "far", "value": "#ff0000"},
-    {"number": 7, "name": "pale", "value": "#808080"}]})";
-
-constexpr const char* kFonts = R"({
-    "faces": {"thin": "/usr/share/fonts/truetype/dejavu/DejaVuSansCondensed.ttf",
-              "wide": "/usr/share/fonts/truetype/dejavu/DejaVuSans.ttf"},
-    "fallback": "wide", "ranges": {"all": ["0030-0039", "0416", "E000"], "figures": ["0030-0039"]},
-    "fonts": [{"number": 32, "size": 10, "face": "thin", "ranges": "all"},
-              {"number": 33, "size": 20, "face": "wide", "ranges": "figures"}]})";
-
-constexpr const char* kBitmaps = R"({"folder": "drawings",
-    "bitmaps": [{"numbers": [81, 82], "size": [6, 2], "drawing": "solid.svg"},
-                {"numbers": [90], "size": [4, 1], "drawing": "hole.svg"},
-                {"numbers": [91], "size": [4, 1], "drawing": "glass.svg"}],
-    "softKeys": {"size": [9, 5], "accents": [85, 150], "held": 85, "outOfUse": 7,
-                 "keys": [{"symbol": "dot.svg", "normal": [236, 0], "held": 201, "outOfUse": 78}]}})";
-
-constexpr const char* kSubstitutions = R"({"phaseLabels": {"sets": ["1", "A"], "columns": [[100, 102]]},
-    "measurementSymbols": {"sets": ["IEC"], "columns": []}})";
-
 std::string Svg(int width, int height, const std::string& content) {
     return "<svg xmlns=\"http://www.w3.org/2000/svg\" width=\"" + std::to_string(width) + "\" height=\"" +
            std::to_string(height) + "\">" + content + "</svg>";
@@ -37,16 +16,29 @@ constexpr const char* kAll =
 class Compilers : public Workshop {
 protected:
     Compilers() {
-        Write("palette.json", kPalette);
-        Write("fonts.json", kFonts);
-        Write("bitmaps.json", kBitmaps);
+        Write("palette.json", R"({"colours": [
+            {"number": 85, "name": "accent", "value": "#0000ff"}, {"number": 150, "name": "far", "value": "#ff0000"},
+            {"number": 7, "name": "pale", "value": "#808080"}]})");
+        Write("fonts.json", R"({
+            "faces": {"thin": "/usr/share/fonts/truetype/dejavu/DejaVuSansCondensed.ttf",
+                      "wide": "/usr/share/fonts/truetype/dejavu/DejaVuSans.ttf"},
+            "fallback": "wide", "ranges": {"all": ["0030-0039", "0416", "E000"], "figures": ["0030-0039"]},
+            "fonts": [{"number": 32, "size": 10, "face": "thin", "ranges": "all"},
+                      {"number": 33, "size": 20, "face": "wide", "ranges": "figures"}]})");
+        Write("bitmaps.json", R"({"folder": "drawings",
+            "bitmaps": [{"numbers": [81, 82], "size": [6, 2], "drawing": "solid.svg"},
+                        {"numbers": [90], "size": [4, 1], "drawing": "hole.svg"},
+                        {"numbers": [91], "size": [4, 1], "drawing": "glass.svg"}],
+            "softKeys": {"size": [9, 5], "accents": [85, 150], "held": 85, "outOfUse": 7,
+                         "keys": [{"symbol": "dot.svg", "normal": [236, 0], "held": 201, "outOfUse": 78}]}})");
         Write("drawings/solid.svg", Svg(6, 2, R"(<rect class="fill-far" width="6" height="2"/>)"));
         Write("drawings/hole.svg", Svg(4, 1, R"(<rect x="1" class="fill-accent" width="3" height="1"/>)"));
         Write("drawings/glass.svg", Svg(4, 1, R"(<rect x="1" fill="#0f0" fill-opacity=".5" width="3" height="1"/>)"));
         Write("drawings/dot.svg", Svg(1, 5, R"(<rect fill="currentColor" width="1" height="5"/>)"));
         Write("en.po", PoFile("en", m_texts));
         Write("de.po", PoFile("de", m_german));
-        Write("substitutions.json", kSubstitutions);
+        Write("substitutions.json", R"({"phaseLabels": {"sets": ["1", "A"], "columns": [[100, 102]]},
+            "measurementSymbols": {"sets": ["IEC"], "columns": []}})");
     }
 
     const std::string m_texts =
