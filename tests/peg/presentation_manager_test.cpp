@@ -59,10 +59,12 @@ TEST_F(Presentation, LeavesTheFocusWithNobodyWhenNoWindowTakesIt) {
     EXPECT_TRUE(deaf->IsVisible());
     EXPECT_EQ(Manager().Focus(), nullptr);
     delete &AddNew<Recorder>(Manager());
+    delete &AddNew<Recorder>(Manager());
+    Pump();
+    EXPECT_EQ(Manager().Focus(), nullptr);
     AddNew<Recorder>(Manager(), RectOf(20, 20, 99, 99));
     Manager().Message(MessageOf(MSG_CLOSE));
     Pump();
-    EXPECT_EQ(Manager().Focus(), nullptr);
     EXPECT_EQ(Manager().FirstChild(), nullptr) << "every window is closed";
 }
 
