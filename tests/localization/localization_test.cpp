@@ -41,13 +41,18 @@ protected:
         return file;
     }
     static displayClass& Texts() { return displayClass::getInstance(); }
+    static void Select(std::uint32_t phaseLabels, std::uint32_t measSymbols = 0) {
+        DISPCFG_setPhaseLabels(phaseLabels);
+        DISPCFG_setMeasSymbols(measSymbols);
+        Texts().updateSettings();
+    }
 
 private:
     std::filesystem::path m_folder =
         std::filesystem::temp_directory_path() / ("localization-" + std::to_string(getpid()));
 };
 
-TEST_F(Localization, ShowsTheBaseTextWhereThereIsNoOther) {
+TEST_F(Localization, TranslatesByTextAndShowsTheBaseTextWhereThereIsNoOther) {
     localizationClass::unload();
     const char16_t* text = u"anything";
     EXPECT_EQ(Texts().translate(text), text) << "no file";
@@ -56,9 +61,13 @@ TEST_F(Localization, ShowsTheBaseTextWhereThereIsNoOther) {
     EXPECT_EQ(Texts().translate(nullptr), nullptr);
     EXPECT_EQ(Text(Texts().translate(u"U", 1)), u"U") << "the language has no text for it";
     EXPECT_EQ(Text(Texts().translate(u"V", 9)), u"V") << "no such language";
-    std::array<char16_t, 20> out;
+    std::array<char16_t, 9> out;
     EXPECT_EQ(Texts().translateInto("anything", out), 0U);
     EXPECT_EQ(Text(out.data()), u"anything");
+
+    EXPECT_EQ(Text(Texts().translate(u"Voltage L1", 1)), u"Spannung L1") << "the lower of two numbers";
+    EXPECT_EQ(Texts().translateInto("Voltage L1", out, 1), 1U);
+    EXPECT_EQ(Text(out.data()), u"Spannung") << "cut to the room, and terminated";
 }
 
 TEST_F(Localization, IsReadByTheFirstThatIsAsked) {
@@ -69,15 +78,6 @@ TEST_F(Localization, IsReadByTheFirstThatIsAsked) {
     EXPECT_EQ(Text(displayClass::getInstance().translate(u"V", 1)), u"V (d)");
     localizationClass::unload();
     EXPECT_EQ(Text(kernelDispClass::getInstance().translate(u"V", 1)), u"V (d)");
-}
-
-TEST_F(Localization, TranslatesByTextAndFindsTheLowerOfTwoNumbers) {
-    Use(WholeFile());
-    EXPECT_EQ(Text(Texts().translate(u"Voltage L1", 1)), u"Spannung L1");
-    std::array<char16_t, 5> out;
-    out.fill(u'x');
-    EXPECT_EQ(Texts().translateInto("Voltage L1", out, 1), 1U);
-    EXPECT_EQ(Text(out.data()), u"Span") << "cut to the room, and terminated";
 }
 
 TEST_F(Localization, FindsAsManyTextsAsItsTableHoldsAndShowsTheOthersAsTheyAre) {
@@ -95,12 +95,9 @@ TEST_F(Localization, FindsAsManyTextsAsItsTableHoldsAndShowsTheOthersAsTheyAre) 
 
 TEST_F(Localization, SubstitutesLabelsAndThenSymbols) {
     Use(WholeFile());
-    DISPCFG_setPhaseLabels(1);
-    Texts().updateSettings();
+    Select(1);
     EXPECT_EQ(Text(Texts().translate(u"Voltage L1")), u"Voltage L1") << "replaced by a number that is no string";
-    DISPCFG_setPhaseLabels(2);
-    DISPCFG_setMeasSymbols(1);
-    Texts().updateSettings();
+    Select(2, 1);
     EXPECT_EQ(Text(Texts().translate(u"Voltage L1")), u"Voltage R");
     EXPECT_EQ(Text(Texts().translate(u"U", 1)), u"V (d)");
 }
@@ -115,18 +112,6 @@ TEST_F(Localization, OfTheKernelIsSelectedByItselfAndOnlyFromWhatTheFileHolds) {
         EXPECT_EQ(Text(texts.translate(u"U")), u"V (d)");
         EXPECT_EQ(Text(texts.translate(u"Voltage L1")), u"Spannung R");
     }
-}
-
-TEST_F(Localization, ReplacesANumberMoreThanOnceWhereALaterColumnNamesIt) {
-    FileBuilder file;
-    const std::array<Text, 3> english{u"a", u"b", u"c"};
-    file.StringTable(1, 3).Language(english);
-    file.U16(0xBEEF).U16(0).U16(0);
-    file.U16(0xBEEF).U16(2).U16(2).U16(0).U16(1).U16(1).U16(2);
-    Use(file);
-    DISPCFG_setPhaseLabels(1);
-    Texts().updateSettings();
-    EXPECT_EQ(Text(Texts().translate(u"a")), u"c");
 }
 
 TEST_F(Localization, TakesANewLanguageFromTheNextLookupOnAndRedraws) {
@@ -152,31 +137,27 @@ TEST_F(Localization, ReadsTheTablesBehindBrokenStringsAndSkipsABrokenTable) {
     EXPECT_EQ(Text(Texts().translate(u"V", 1)), u"V");
 
     FileBuilder table;
-    const std::array<Text, 2> english{u"a", u"b"};
-    table.StringTable(1, 2).Language(english);
+    const std::array<Text, 3> english{u"a", u"b", u"c"};
+    table.StringTable(1, 3).Language(english);
     table.U16(0xDEAD).U16(2).U16(1);  // no cells follow
-    table.U16(0xBEEF).U16(2).U16(1).U16(0).U16(1);
+    table.U16(0xBEEF).U16(2).U16(2).U16(0).U16(1).U16(1).U16(2);
     Use(table);
-    DISPCFG_setMeasSymbols(1);
-    DISPCFG_setPhaseLabels(1);
-    Texts().updateSettings();
-    EXPECT_EQ(Text(Texts().translate(u"a")), u"b");
+    Select(1, 1);
+    EXPECT_EQ(Text(Texts().translate(u"a")), u"c") << "replaced again where a later column names the number";
 }
 
 TEST_F(Localization, SurvivesEveryCutAndEveryLieOfItsFile) {
-    const FileBuilder whole = WholeFile();
-    const std::size_t size = FileBuilder(whole).Content().size();
-    for (std::size_t at = 0; at < 2 * size; ++at) {
-        FileBuilder file = whole;
-        if (at < size) {
-            file.Content().resize(at);
-        } else {
-            file.Content()[at - size] ^= 0xFF;
+    FileBuilder whole = WholeFile();
+    for (std::size_t at = 0; at < whole.Content().size(); ++at) {
+        FileBuilder cut = whole;
+        cut.Content().resize(at);
+        FileBuilder lie = whole;
+        lie.Content()[at] ^= 0xFF;
+        for (const FileBuilder& file : {cut, lie}) {
+            Use(file);
+            Select(1);
+            EXPECT_NE(Texts().translate(u"Voltage L1", 1), nullptr);
         }
-        Use(file);
-        DISPCFG_setPhaseLabels(1);
-        Texts().updateSettings();
-        EXPECT_NE(Texts().translate(u"Voltage L1", 1), nullptr);
     }
 }
 

@@ -70,30 +70,31 @@ TEST_F(Drawing, NeverTouchesAPixelOutsideTheClip) {
             screen.DrawBitmap(PointOf(any(-60, 330), any(-40, 250)), &bitmap->bitmap);
             screen.DrawText(PointOf(any(-60, 330), any(-20, 250)), u"Wg%1", brush, &BuiltInFontA());
         });
-        for (int y = 0; y < 240; ++y) {
-            for (int x = 0; x < 320; ++x) {
-                if (!clip.Contains(PointOf(x, y))) {
-                    ASSERT_EQ(Pixel(x, y), kBlack) << x << ", " << y << " in round " << round;
-                }
-            }
-        }
         In(clip, [&](PegScreen& screen) { screen.Fill(clip, kBlack); });
+        for (int y = 0; y < 240; ++y) {
+            for (int x = 0; x < 320; ++x) ASSERT_EQ(Pixel(x, y), kBlack) << x << ", " << y << " in round " << round;
+        }
     }
 }
 
-TEST_F(Drawing, OutlinesAndFillsRectangles) {
-    In(canvas.Real(), [](PegScreen& screen) {
-        screen.DrawRectangle(RectOf(0, 0, 4, 3), PegBrush(kRed, kGreen, PegBrush::kFill, 1));
+TEST_F(Drawing, OutlinesAndFillsRectanglesAndMakesCirclesRoundAndPiesOfTheirSector) {
+    const PegBrush filled(kRed, kGreen, PegBrush::kFill, 1);
+    In(canvas.Real(), [&](PegScreen& screen) {
+        screen.DrawRectangle(RectOf(0, 0, 4, 3), filled);
         screen.DrawRectangle(RectOf(6, 0, 10, 3), PegBrush(kRed, kGreen, 0, 1));
         screen.DrawRectangle(RectOf(12, 0, 18, 4), PegBrush(kRed, kGreen, PegBrush::kFill, 2));
         screen.DrawRectangle(RectOf(20, 0, 22, 3), PegBrush(kRed, kGreen, PegBrush::kFill, 0));
+        screen.DrawCircle(27, 3, 3, filled);
+        screen.DrawArc(35, 3, 0, 90, 3, 3, filled);
     });
-    EXPECT_EQ(Shape(RectOf(0, 0, 23, 4)), (Rows{
-                                              "#####.#####.#######.ooo.",
-                                              "#ooo#.#...#.#######.ooo.",
-                                              "#ooo#.#...#.##ooo##.ooo.",
-                                              "#####.#####.#######.ooo.",
-                                              "............#######.....",
+    EXPECT_EQ(Shape(RectOf(0, 0, 39, 6)), (Rows{
+                                              "#####.#####.#######.ooo...###......##...",
+                                              "#ooo#.#...#.#######.ooo..#ooo#.....oo#..",
+                                              "#ooo#.#...#.##ooo##.ooo.#ooooo#....ooo#.",
+                                              "#####.#####.#######.ooo.#ooooo#....ooo#.",
+                                              "............#######.....#ooooo#.........",
+                                              ".........................#ooo#..........",
+                                              "..........................###...........",
                                           }));
 }
 
@@ -112,31 +113,6 @@ TEST_F(Drawing, StepsSlopedLinesAndWidensThemToTheRightOrToBothSides) {
                                           }));
 }
 
-TEST_F(Drawing, MakesCirclesRoundAndPiesOfTheirSector) {
-    In(canvas.Real(), [](PegScreen& screen) {
-        screen.DrawCircle(3, 3, 3, PegBrush(kRed, kGreen, PegBrush::kFill, 1));
-        screen.DrawArc(11, 3, 0, 90, 3, 3, PegBrush(kRed, kGreen, PegBrush::kFill, 1));
-    });
-    EXPECT_EQ(Shape(RectOf(0, 0, 15, 6)), (Rows{
-                                              "..###......##...",
-                                              ".#ooo#.....oo#..",
-                                              "#ooooo#....ooo#.",
-                                              "#ooooo#....ooo#.",
-                                              "#ooooo#.........",
-                                              ".#ooo#..........",
-                                              "..###...........",
-                                          }));
-}
-
-/// A font of one page with two glyphs two rows high: 16 pixels without ink, and 4 of which the outer ones have it.
-struct TwoGlyphs {
-    std::array<std::uint16_t, 3> offsets{0, 16, 20};
-    std::array<std::uint8_t, 20 + kPackingReadsBeyond> glyphs{0, 0, 0, 0, 0, 0, 0, 0, 0xF0, 0x0F,
-                                                              0, 0, 0, 0, 0, 0, 0, 0, 0xF0, 0x0F};
-    PackedGlyphs packed = PackGlyphs(glyphs.data(), 2, 10, offsets);
-    PegFont font{PegFont::kFourBits, 2, 0, 2, {}, 0x40, 10, u'A', u'B', offsets.data(), nullptr, nullptr, &packed};
-};
-
 TEST_F(Drawing, RampsFourBitGlyphsFromBackgroundToForeground) {
     EXPECT_EQ(RampBetween(0x0000, 0xFFFF)[15], 0xFFFF) << "coverage 15 is the foreground itself";
     EXPECT_EQ(RampBetween(0x0000, 0xFFFF)[8], 15 << 11 | 31 << 5 | 15) << "half of each channel, rounded down";
@@ -144,11 +120,17 @@ TEST_F(Drawing, RampsFourBitGlyphsFromBackgroundToForeground) {
 }
 
 TEST_F(Drawing, SkipsCharactersWithoutAGlyphAndUnderlinesTheRest) {
-    const TwoGlyphs glyphs;
-    EXPECT_EQ(PegScreen::TextWidth(u"A?B", &glyphs.font), 20);
-    EXPECT_EQ(PegScreen::TextWidth(u"AB", &glyphs.font, 1), 16);
-    In(canvas.Real(),
-       [&](PegScreen& screen) { screen.DrawText({}, u"?B", PegBrush(kRed, 0, PegBrush::kUnderline), &glyphs.font); });
+    // Two glyphs of two rows: 16 pixels without ink, and 4 of which the outer ones have it.
+    const std::array<std::uint16_t, 3> offsets{0, 16, 20};
+    const std::array<std::uint8_t, 20 + kPackingReadsBeyond> rows{0, 0, 0, 0, 0, 0, 0, 0, 0xF0, 0x0F,
+                                                                  0, 0, 0, 0, 0, 0, 0, 0, 0xF0, 0x0F};
+    const PackedGlyphs packed = PackGlyphs(rows.data(), 2, 10, offsets);
+    const PegFont font{PegFont::kFourBits, 2,       0,       2,      {}, 0x40, 10, u'A', u'B',
+                       offsets.data(),     nullptr, nullptr, &packed};
+    EXPECT_EQ(PegScreen::TextWidth(u"A?B", &font), 20);
+    EXPECT_EQ(PegScreen::TextWidth(u"AB", &font, 1), 16);
+    const PegBrush brush(kRed, 0, PegBrush::kUnderline);
+    In(canvas.Real(), [&](PegScreen& screen) { screen.DrawText({}, u"?B", brush, &font); });
     EXPECT_EQ(Shape(RectOf(0, 0, 4, 5)), (Rows{"#..#.", "#..#.", "####.", "####.", "####.", "....."}))
         << "1 + (0x40 >> 5) lines under the base line";
 }
@@ -169,15 +151,12 @@ protected:
     static constexpr std::uint8_t kGreenIndex = 7 << 2;
 };
 
-TEST_F(Bitmaps, OfSixteenBitsAreCopiedAndTheirTransparentValueIsSkipped) {
+TEST_F(Bitmaps, OfColoursAndOfIndicesAreCopiedAndTheirTransparentValueIsSkipped) {
     std::array<std::uint16_t, 8> pixels{kRed, kRed, kGreen, kGreen, kRed, 0x0001, 0x0001, kGreen};
     PegBitmap bitmap{PegBitmap::kTransparent, 16, 4, 2, 0x0001, pixels.data()};
     ExpectThePicture(bitmap);
     bitmap.flags = 0;
     EXPECT_EQ(Paint(bitmap)[2], ".#??o.");
-}
-
-TEST_F(Bitmaps, OfEightBitsGoThroughTheColourTable) {
     alignas(2) std::array<std::uint8_t, 8> indices{kRedIndex, kRedIndex, kGreenIndex, kGreenIndex,
                                                    kRedIndex, 9,         9,           kGreenIndex};
     ExpectThePicture({PegBitmap::kTransparent, 8, 4, 2, 9, reinterpret_cast<std::uint16_t*>(indices.data())});

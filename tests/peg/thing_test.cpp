@@ -20,7 +20,7 @@ std::vector<int> Order(const PegThing& thing) {
     return ids;
 }
 
-TEST_F(Things, StandInFrontOfOlderSiblingsUnlessThoseStayInFront) {
+TEST_F(Things, StandInFrontOfOlderSiblingsUnlessThoseStayInFrontAndAreFoundById) {
     Recorder window;
     for (std::uint16_t id = 1; id <= 3; ++id) AddNew<PegThing>(window, RectOf(0, 0, 9, 9), id);
     EXPECT_EQ(Order(window), (std::vector{3, 2, 1}));
@@ -34,6 +34,13 @@ TEST_F(Things, StandInFrontOfOlderSiblingsUnlessThoseStayInFront) {
     window.AddChildAtEnd(*window.FindById(3, false));
     window.AddChild(*window.FindById(1, false));
     EXPECT_EQ(Order(window), (std::vector{4, 1, 5, 2, 3}));
+
+    auto& deep = AddNew<PegThing>(*staying, std::uint16_t{9});
+    EXPECT_EQ(window.FindById(9, false), nullptr);
+    EXPECT_EQ(window.FindById(9, true), &deep);
+    EXPECT_EQ(window.RemoveChild(deep), &deep) << "the request goes on to the parent";
+    EXPECT_EQ(deep.Parent(), nullptr);
+    delete &deep;
 }
 
 TEST_F(Things, AreVisibleWhileTheirParentIsAndClippedToIt) {
@@ -88,31 +95,19 @@ TEST_F(Things, MoveBetweenParentsAndOnlyTheRightOneMayTakeThem) {
         EXPECT_EQ(child.Parent(), one.parentAfter) << one.type;
     }
     EXPECT_EQ(other.RemoveChild(child), nullptr) << "it stands nowhere";
-    other.AddChildAtEnd(child, false);
-    EXPECT_FALSE(child.IsVisible());
-    other.SetCanvas(5, true);
-    EXPECT_EQ(child.Canvas(), 5);
-    PegMessage canvas = MessageOf(MSG_SET_CANVAS);
-    canvas.data[0] = 7;
-    child.Message(canvas);
-    EXPECT_EQ(child.Canvas(), 7);
-    window.Destroy(other);
-}
 
-TEST_F(Things, AddedWithoutDrawingAreNotShownUntilTheyAreRemovedAndAddedAgain) {
-    auto& window = AddNew<Recorder>(Manager());
-    auto* child = new Recorder(RectOf(0, 0, 9, 9));
-    window.AddChild(*child, false);
+    other.AddChildAtEnd(child, false);
+    EXPECT_FALSE(child.IsVisible()) << "added without drawing";
+    window.AddChild(child, false);
     window.Message(MessageOf(MSG_SHOW));
     Pump();
-    EXPECT_FALSE(child->IsVisible());
-    EXPECT_TRUE(child->drawn.empty());
-
-    window.RemoveChild(*child);
-    window.AddChild(*child);
+    EXPECT_FALSE(child.IsVisible());
+    EXPECT_TRUE(child.drawn.empty());
+    window.RemoveChild(child);
+    window.AddChild(child);
     Pump();
-    EXPECT_TRUE(child->IsVisible());
-    EXPECT_FALSE(child->drawn.empty());
+    EXPECT_TRUE(child.IsVisible());
+    EXPECT_FALSE(child.drawn.empty());
 }
 
 TEST_F(Things, TakeTheCanvasOfTheirParentUnlessTheyHaveOne) {
@@ -125,17 +120,12 @@ TEST_F(Things, TakeTheCanvasOfTheirParentUnlessTheyHaveOne) {
         window.AddChildAtEnd(*things[1]);
         for (const PegThing* thing : things) EXPECT_EQ(thing->Canvas(), own == -1 ? 5 : own);
     }
-}
-
-TEST_F(Things, AreFoundByIdAmongChildrenOrDescendants) {
-    Recorder window;
-    auto& inner = AddNew<Recorder>(window, RectOf(0, 0, 9, 9), std::uint16_t{5});
-    auto& deep = AddNew<PegThing>(inner, std::uint16_t{9});
-    EXPECT_EQ(window.FindById(9, false), nullptr);
-    EXPECT_EQ(window.FindById(9, true), &deep);
-    EXPECT_EQ(window.RemoveChild(deep), &deep) << "the request goes on to the parent";
-    EXPECT_EQ(deep.Parent(), nullptr);
-    delete &deep;
+    window.SetCanvas(6, true);
+    EXPECT_EQ(window.FirstChild()->Canvas(), 6);
+    PegMessage canvas = MessageOf(MSG_SET_CANVAS);
+    canvas.data[0] = 7;
+    window.Message(canvas);
+    EXPECT_EQ(window.Canvas(), 7);
 }
 
 TEST_F(Things, PassUnknownMessagesUpToTheTopLevelWindowAndNoFurther) {
@@ -178,25 +168,6 @@ TEST_F(Things, SignalOnlyWithAnIdAnEnabledSignalAndAVisibleParent) {
     delete &window;
 }
 
-TEST_F(Things, HaveFourColoursAndNoOther) {
-    Recorder window;
-    window.SetColor(3, 42);
-    window.SetColor(4, 43);
-    EXPECT_EQ(window.GetColor(3), 42U);
-    EXPECT_EQ(window.GetColor(4), 0xFFU);
-}
-
-TEST_F(Things, AreDestroyedAfterTheMessageThatAsksForIt) {
-    auto& window = AddNew<Recorder>(Manager());
-    auto& control = AddNew<Recorder>(window, RectOf(0, 0, 9, 9), std::uint16_t{3});
-    SetTimer(control, 1, 1, 1);
-    window.Destroy(window);
-    EXPECT_EQ(Manager().FirstChild(), &window) << "not while a message may still be handled";
-    Pump();
-    EXPECT_EQ(Manager().FirstChild(), nullptr);
-    Ticks(2);  // the timers of everything inside went with it
-}
-
 TEST_F(Things, GetNoMessageOnceTheyAreDead) {
     auto& window = AddNew<Recorder>(Manager());
     auto* dying = new Recorder(RectOf(0, 0, 9, 9), 3);
@@ -213,6 +184,13 @@ TEST_F(Things, GetNoMessageOnceTheyAreDead) {
     EXPECT_EQ(window.Count(kUser), 2) << "messages of the living arrive, in their order";
     EXPECT_EQ(window.received.back().param, 0);
     EXPECT_EQ(window.Count(SIGNAL_TYPE(3, 4)), 0) << "no message from the dead either";
+
+    SetTimer(AddNew<Recorder>(window), 1, 1, 1);
+    window.Destroy(window);
+    EXPECT_EQ(Manager().FirstChild(), &window) << "not while a message may still be handled";
+    Pump();
+    EXPECT_EQ(Manager().FirstChild(), nullptr);
+    Ticks(2);  // the timers of everything inside went with it
 }
 
 class Focus : public TestOn<ToolkitBench> {
@@ -246,17 +224,12 @@ TEST_F(Focus, MovesByArrowsToTheNearestInLineAndElseToTheNearestAtAll) {
 }
 
 TEST_F(Focus, MovesByArrowsIntoTheGroupBesideItsOwn) {
-    Recorder& left = AddControl(0, 0, 1);
-    left.Resize(RectOf(0, 0, 59, 99));
-    Recorder& right = AddControl(100, 0, 2);
-    right.Resize(RectOf(100, 0, 159, 99));
-    const auto add = [](Recorder& group, int x, int y) -> PegThing& {
-        return AddNew<PegThing>(group, RectOf(x, y, x + 9, y + 9));
-    };
-    PegThing& upperLeft = add(left, 10, 10);
-    PegThing& lowerLeft = add(left, 20, 60);
-    PegThing& upperRight = add(right, 110, 12);
-    PegThing& lowerRight = add(right, 110, 62);
+    auto& left = AddNew<Recorder>(window, RectOf(0, 0, 59, 99));
+    auto& right = AddNew<Recorder>(window, RectOf(100, 0, 159, 99));
+    auto& upperLeft = AddNew<PegThing>(left, RectOf(10, 10, 19, 19));
+    auto& lowerLeft = AddNew<PegThing>(left, RectOf(20, 60, 29, 69));
+    auto& upperRight = AddNew<PegThing>(right, RectOf(110, 12, 119, 21));
+    auto& lowerRight = AddNew<PegThing>(right, RectOf(110, 62, 119, 71));
     Manager().SetFocus(upperLeft);
     Walk({{kKeyRight, lowerLeft},
           {kKeyRight, lowerRight},
@@ -336,22 +309,18 @@ TEST_F(Focus, GoesByDefaultIntoTheDeepestThingThatTakesItWhenNoneHadIt) {
     EXPECT_EQ(Manager().Focus(), &outer);
 }
 
-TEST_F(Focus, IsForgottenOfAThingThatDiesHidden) {
+TEST_F(Focus, IsRefusedToWhatIsHiddenOrDeafAndForgottenOfAThingThatDiesHidden) {
     Recorder& control = AddControl(0, 0, 1);
     Manager().SetFocus(control);
-    control.Message(MessageOf(MSG_HIDE));
-    delete &control;
-    EXPECT_EQ(Manager().Focus(), nullptr);
-}
-
-TEST_F(Focus, IsRefusedToThingsThatAreHiddenOrDoNotAcceptIt) {
-    Recorder& deaf = AddControl(0, 0, 1);
+    Recorder& deaf = AddControl(40, 0, 2);
     deaf.ClearStatusBits(STAT_ACCEPTS_FOCUS);
-    PegThing* before = Manager().Focus();
     Manager().SetFocus(deaf);
     Recorder hidden;
     Manager().SetFocus(hidden);
-    EXPECT_EQ(Manager().Focus(), before);
+    EXPECT_EQ(Manager().Focus(), &control);
+    control.Message(MessageOf(MSG_HIDE));
+    delete &control;
+    EXPECT_EQ(Manager().Focus(), nullptr);
 }
 
 }  // namespace

@@ -21,17 +21,10 @@ class Widgets : public TestOn<ToolkitBench> {
 protected:
     Recorder& window = AddNew<Recorder>(Manager(), RectOf(0, 0, 319, 239));
 
-    /// The columns of a text's pixels on the panel: first and last.
-    std::pair<int, int> Extent(const PegRect& rect, std::uint16_t color) const {
-        std::pair<int, int> extent{-1, -1};
-        for (int x = rect.left; x <= rect.right; ++x) {
-            for (int y = rect.top; y <= rect.bottom; ++y) {
-                if (Pixel(x, y) != color) continue;
-                if (extent.first < 0) extent.first = x;
-                extent.second = x;
-            }
-        }
-        return extent;
+    /// The pixels of a text on the panel, and whether there are any.
+    Rows Ink(const PegRect& rect, std::uint16_t color = 0x0000) const { return Picture(rect, {{color, '#'}}); }
+    static bool IsThere(const Rows& ink) {
+        return std::ranges::any_of(ink, [](const std::string& row) { return row.find('#') != std::string::npos; });
     }
 };
 
@@ -66,7 +59,9 @@ TEST_F(Widgets, TakeOtherColoursWhenHighlighted) {
     prompt.SetStyleBits(kStyleHighlighted);
     Pump();
     EXPECT_EQ(Pixel(10, 10), 0x0017);
-    EXPECT_NE(Extent(prompt.Real(), 0xFFFF).first, -1);
+    EXPECT_TRUE(IsThere(Ink(prompt.Real(), 0xFFFF)));
+    prompt.SetColor(4, 43);
+    EXPECT_EQ(prompt.GetColor(4), 0xFFU) << "there are four";
 }
 
 TEST_F(Widgets, FollowTheLanguageWhereTheirTextHasANumber) {
@@ -84,8 +79,8 @@ TEST_F(Widgets, FollowTheLanguageWhereTheirTextHasANumber) {
 
 TEST_F(Widgets, KeepACopyOfTheirTextWhenAskedTo) {
     char16_t text[] = u"42";
-    PegPrompt copy(RectOf(0, 0, 9, 9), text, 0, kStyleCopyText);
-    PegPrompt pointer(RectOf(0, 0, 9, 9), text, 0, 0);
+    PegPrompt copy({}, text, 0, kStyleCopyText);
+    PegPrompt pointer({}, text, 0, 0);
     text[0] = u'7';
     EXPECT_EQ(std::u16string_view(copy.Text()), u"42");
     EXPECT_EQ(std::u16string_view(pointer.Text()), u"72");
@@ -98,15 +93,16 @@ TEST_F(Widgets, OfManyWordsBreakBetweenThem) {
         AddNew<PegTextBox>(window, RectOf(10, 10, 109, 59), std::uint16_t{0}, kStyleBorderNone, std::size_t{128});
     box.SetText(u"No custom page has been defined");
     Pump();
-    EXPECT_NE(Extent(RectOf(10, 10, 109, 30), 0x0000).first, -1);
-    EXPECT_NE(Extent(RectOf(10, 40, 109, 59), 0x0000).first, -1);
-    EXPECT_EQ(Extent(RectOf(110, 0, 319, 239), 0x0000).first, -1) << "nothing beside it";
+    EXPECT_TRUE(IsThere(Ink(RectOf(10, 10, 109, 30))));
+    EXPECT_TRUE(IsThere(Ink(RectOf(10, 40, 109, 59))));
+    EXPECT_FALSE(IsThere(Ink(RectOf(110, 0, 319, 239)))) << "nothing beside it";
+    const int line = PegScreen::FontHeight(box.Font());
     for (const char16_t* twice : {u"Nnnnnnnnn Nnnnnnnnn", u"N\nN"}) {
         box.SetText(twice);
         Pump();
-        const auto above = Extent(RectOf(10, 10, 109, 34), 0x0000);
-        EXPECT_NE(above.first, -1);
-        EXPECT_EQ(above, Extent(RectOf(10, 35, 109, 59), 0x0000)) << "what it breaks at is on neither line";
+        const Rows above = Ink(RectOf(10, 35 - line, 109, 34));
+        EXPECT_TRUE(IsThere(above));
+        EXPECT_EQ(above, Ink(RectOf(10, 35, 109, 34 + line))) << "what it breaks at is on neither line";
     }
 }
 
@@ -155,38 +151,34 @@ TEST_F(Widgets, AsWindowsRunATimerOfTheirOwnAndCloseByAKey) {
 }
 
 TEST_F(Widgets, ReadTheirTextAsANumberWithinARange) {
-    struct Case {
-        const char16_t* text;
-        std::int32_t number;
-    };
-    for (const Case& one : {Case{nullptr, -5},
-                            {u"12", 12},
-                            {u"-3", -3},
-                            {u"-12", -5},
-                            {u"99999999999", 50},
-                            {u"x", 0},
-                            {u"7:", 7},
-                            {u"4 kW", 4}}) {
-        EXPECT_EQ(PegPrompt(RectOf(0, 0, 9, 9), one.text).NumberInRange(-5, 50), one.number) << one.number;
-    }
+    const auto read = [](const char16_t* text) { return PegPrompt({}, text).NumberInRange(-5, 50); };
+    EXPECT_EQ(read(nullptr), -5);
+    EXPECT_EQ(read(u"12"), 12);
+    EXPECT_EQ(read(u"-3"), -3);
+    EXPECT_EQ(read(u"-12"), -5);
+    EXPECT_EQ(read(u"99999999999"), 50);
+    EXPECT_EQ(read(u"x"), 0);
+    EXPECT_EQ(read(u"7:"), 7);
+    EXPECT_EQ(read(u"4 kW"), 4);
 }
 
 class Lists : public Widgets {
 protected:
     PegVertList& list = AddNew<PegVertList>(window, RectOf(10, 10, 109, 49), std::uint16_t{7}, kStyleBorderNone);
 
-    void Fill(int count) {
-        for (int i = 0; i < count; ++i) {
-            list.AddChildAtEnd(*new PegBitmapPrompt(RectOf(0, 0, 9, 14), u"item", static_cast<std::uint16_t>(i + 1),
-                                                    kStyleActive | kStyleBorderNone));
-        }
+    static void Fill(PegList& list, std::uint16_t count) {
+        for (std::uint16_t id = 1; id <= count; ++id)
+            list.AddChildAtEnd(*new PegBitmapPrompt(RectOf(0, 0, 14, 14), u"item", id, kStyleActive));
     }
-    void Key(int key) { list.Message(MessageOf(MSG_KEY_DOWN, static_cast<std::int16_t>(key))); }
+    int SelectedAfter(std::int16_t key) {
+        list.Message(MessageOf(MSG_KEY_DOWN, key));
+        return list.SelectedIndex();
+    }
 };
 
 TEST_F(Lists, PlaceTheirItemsAndScrollTheSelectedOneIntoView) {
     list.SetSpacing(1);
-    Fill(4);
+    Fill(list, 4);
     EXPECT_EQ(list.ItemAt(1)->Real(), RectOf(10, 26, 109, 40));
     list.SelectIndex(3);
     EXPECT_EQ(list.ItemAt(3)->Real().bottom, 49);
@@ -198,31 +190,25 @@ TEST_F(Lists, PlaceTheirItemsAndScrollTheSelectedOneIntoView) {
 }
 
 TEST_F(Lists, MoveTheSelectionByKeysAndStopAtTheEndsUnlessTheyWrap) {
-    Fill(3);
+    Fill(list, 3);
     list.ItemAt(1)->ClearStatusBits(STAT_SELECTABLE);
-    Key(kKeyDown);
-    EXPECT_EQ(list.Selected(), nullptr) << "keys need a selection";
+    EXPECT_EQ(SelectedAfter(kKeyDown), -1) << "keys need a selection";
     list.SelectIndex(0);
-    Key(kKeyDown);
-    EXPECT_EQ(list.SelectedIndex(), 2) << "the one between cannot be selected";
-    Key(kKeyDown);
-    EXPECT_EQ(list.SelectedIndex(), 2);
+    EXPECT_EQ(SelectedAfter(kKeyDown), 2) << "the one between cannot be selected";
+    EXPECT_EQ(SelectedAfter(kKeyDown), 2);
     EXPECT_TRUE(list.Selected()->HasStyle(kStyleHighlighted));
     list.SetStyleBits(0x2000);
-    Key(kKeyDown);
-    EXPECT_EQ(list.SelectedIndex(), 0);
+    EXPECT_EQ(SelectedAfter(kKeyDown), 0);
     EXPECT_FALSE(list.ItemAt(2)->HasStyle(kStyleHighlighted));
-    Key(kKeyEnd);
-    EXPECT_EQ(list.SelectedIndex(), 2);
-    Key(kKeyHome);
-    EXPECT_EQ(list.SelectedIndex(), 0);
+    EXPECT_EQ(SelectedAfter(kKeyEnd), 2);
+    EXPECT_EQ(SelectedAfter(kKeyHome), 0);
     const int before = window.Count(MSG_KEY_DOWN);
-    Key(kKeyLeft);
+    EXPECT_EQ(SelectedAfter(kKeyLeft), 0);
     EXPECT_EQ(window.Count(MSG_KEY_DOWN), before + 1) << "keys across are the parent's";
 }
 
 TEST_F(Lists, SelectTheItemThatTellsItWasChosenAndForgetARemovedOne) {
-    Fill(3);
+    Fill(list, 3);
     PegThing* item = list.ItemAt(2);
     EXPECT_TRUE(item->Signal(kSignalSelected));
     Pump();
@@ -236,13 +222,11 @@ TEST_F(Lists, SelectTheItemThatTellsItWasChosenAndForgetARemovedOne) {
 
 TEST_F(Lists, StandSideBySideAsWell) {
     auto& row = AddNew<PegHorzList>(window, RectOf(10, 100, 49, 119), std::uint16_t{8}, kStyleBorderNone);
-    for (std::uint16_t id = 1; id <= 3; ++id) {
-        row.AddChildAtEnd(*new PegBitmapPrompt(RectOf(0, 0, 14, 9), u"x", id, kStyleActive | kStyleBorderNone));
-    }
+    Fill(row, 3);
     EXPECT_EQ(row.ItemAt(1)->Real(), RectOf(25, 100, 39, 119));
     row.SelectIndex(0);
     struct Step {
-        int key;
+        std::int16_t key;
         int selected;
         int left;  // of the selected item: it is scrolled into view
     };
@@ -252,7 +236,7 @@ TEST_F(Lists, StandSideBySideAsWell) {
                              {kKeyDown, 2, 35},
                              {kKeyLeft, 1, 20},
                              {kKeyLeft, 0, 10}}) {
-        row.Message(MessageOf(MSG_KEY_DOWN, static_cast<std::int16_t>(step.key)));
+        row.Message(MessageOf(MSG_KEY_DOWN, step.key));
         EXPECT_EQ(row.SelectedIndex(), step.selected);
         EXPECT_EQ(row.Selected()->Real().left, step.left);
     }
@@ -265,36 +249,33 @@ protected:
         return AddNew<PegBitmapButton>(window, RectOf(0, 0, 19, 19), 1U, 2U, 0U, std::uint16_t{5},
                                        style | kStyleActive);
     }
-    int Signals() const { return window.Count(SIGNAL_TYPE(5, kSignalSelected)); }
+    /// The signals that came so far, when as many ticks more have passed.
+    int SignalsAfter(int ticks) {
+        Pump();
+        Ticks(ticks);
+        return window.Count(SIGNAL_TYPE(5, kSignalSelected));
+    }
 };
 
 TEST_F(Buttons, TellOnReleaseAndOnlyWhenPressed) {
     PegBitmapButton& button = Add(0);
     button.Release(MessageOf(MSG_SHOW));
-    Pump();
-    EXPECT_EQ(Signals(), 0);
     button.Press(MSG_BUTTON_DOWN);
     button.Press(MSG_BUTTON_DOWN);
-    Pump();
     EXPECT_TRUE(button.IsPressed());
-    EXPECT_EQ(Signals(), 0);
+    EXPECT_EQ(SignalsAfter(0), 0);
     button.Release(MessageOf(MSG_BUTTON_UP));
-    Pump();
-    EXPECT_EQ(Signals(), 1);
+    EXPECT_EQ(SignalsAfter(0), 1);
 }
 
 TEST_F(Buttons, TellOnPressAndAgainWhileHeld) {
     PegBitmapButton& button = Add(kStyleButtonOnPress | kStyleButtonRepeat);
     button.Press(MSG_BUTTON_DOWN);
-    Pump();
-    EXPECT_EQ(Signals(), 1);
-    Ticks(19);
-    EXPECT_EQ(Signals(), 1);
-    Ticks(6);
-    EXPECT_EQ(Signals(), 3);  // after 20 and 25 ticks
+    EXPECT_EQ(SignalsAfter(0), 1);
+    EXPECT_EQ(SignalsAfter(19), 1);
+    EXPECT_EQ(SignalsAfter(6), 3);  // after 20 and 25 ticks
     button.Release(MessageOf(MSG_BUTTON_UP));
-    Ticks(40);
-    EXPECT_EQ(Signals(), 3);
+    EXPECT_EQ(SignalsAfter(40), 3);
 }
 
 TEST_F(Buttons, ShowTheBitmapOfTheirLook) {

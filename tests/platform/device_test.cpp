@@ -104,70 +104,40 @@ TEST_F(Board, KeysWaitForAWriterAndComeThroughTheFifo) {
     ::close(board);
 }
 
-/// Plays a device behind a socket: answers as many requests as told, then only keeps the connection.
-class SocketDevice {
-public:
-    SocketDevice(const fs::path& path, int answers) : m_listener(::socket(AF_UNIX, SOCK_SEQPACKET, 0)) {
-        sockaddr_un address{};
-        address.sun_family = AF_UNIX;
-        const int here = ::open(path.parent_path().c_str(), O_PATH);
-        const std::string shortPath = "/proc/self/fd/" + std::to_string(here) + "/" + path.filename().string();
-        shortPath.copy(address.sun_path, sizeof address.sun_path - 1);
-        EXPECT_EQ(::bind(m_listener, reinterpret_cast<sockaddr*>(&address), sizeof address), 0);
-        EXPECT_EQ(::listen(m_listener, 1), 0);
-        ::close(here);
-        m_thread = std::thread([this, answers] { Play(answers); });
-    }
-    ~SocketDevice() {
-        m_thread.join();
-        ::close(m_listener);
-    }
-
-    std::array<std::int32_t, 2> lastPacket{};
-
-private:
-    void Play(int answers) {
-        const int display = ::accept(m_listener, nullptr, nullptr);
-        std::array<std::int32_t, 2> packet{};
-        while (::recv(display, packet.data(), sizeof packet, 0) == sizeof packet) {
-            lastPacket = packet;
-            const std::int32_t result = packet[1] + 1;
-            if (answers-- > 0) {
-                EXPECT_EQ(::send(display, &result, sizeof result, 0), 4);
-            }
-        }
-        ::close(display);
-    }
-
-    int m_listener;
-    std::thread m_thread;
-};
-
-TEST_F(Board, ControlsADeviceThatAnotherProcessPlays) {
+TEST_F(Board, ControlsADeviceThatAnotherProcessPlaysUntilThatIsGone) {
     const fs::path deep = m_root / std::string(90, 'd');  // longer than a socket address may be
     fs::create_directory(deep);
+    fs::current_path(deep);
     setenv("BOARD_ROOT", deep.c_str(), 1);
-    SocketDevice device(deep / "db9000_bl", 2);
+    const int listener = ::socket(AF_UNIX, SOCK_SEQPACKET, 0);
+    const sockaddr_un address{AF_UNIX, "db9000_bl"};
+    ASSERT_EQ(::bind(listener, reinterpret_cast<const sockaddr*>(&address), sizeof address), 0);
+    ASSERT_EQ(::listen(listener, 1), 0);
+    using Packet = std::array<std::int32_t, 2>;
+    Packet packet{};
+    std::thread player([&] {
+        const int display = ::accept(listener, nullptr, nullptr);
+        for (int answers = 2; ::recv(display, packet.data(), sizeof packet, 0) == sizeof packet; --answers) {
+            const std::int32_t result = packet[1] + 1;
+            if (answers > 0) ::send(display, &result, sizeof result, 0);
+        }
+        ::close(display);
+        ::close(listener);
+    });
     const int backlight = os::open("/db9000_bl", os::kReadWrite);
-    ASSERT_GE(backlight, 0);
     EXPECT_EQ(os::ioctl(backlight, 0x20047A2D, 63), 64);
-    EXPECT_EQ(device.lastPacket, (std::array<std::int32_t, 2>{0x20047A2D, 63}));
+    EXPECT_EQ(packet, (Packet{0x20047A2D, 63}));
     EXPECT_EQ(os::ioctl(backlight, 0x20047A36, -2), -1) << "results are signed";
     EXPECT_EQ(os::ioctl(backlight, 0x20047A36, 0), -1) << "a device that does not answer is given up";
+    EXPECT_EQ(::send(backlight, "?", 1, 0), 1) << "the player ends on what is no request";
+    player.join();
+    EXPECT_EQ(os::ioctl(backlight, 0x20047A20, 1), -1);
     os::close(backlight);
+    EXPECT_EQ(os::ioctl(backlight, 0x20047A20, 1), -1);
+    EXPECT_EQ(os::open("/db9000_bl", os::kReadWrite), -1) << "the socket file is there, its owner is gone";
 }
 
-TEST_F(Board, HasNoDeviceWhereASocketIsDeadOrAFileIsNoDevice) {
-    int orphan = -1;
-    {
-        SocketDevice device(m_root / "db9000_bl", 0);
-        orphan = os::open("/db9000_bl", os::kReadWrite);
-        EXPECT_EQ(::send(orphan, "?", 1, 0), 1) << "it ends on what is no request";
-    }
-    EXPECT_EQ(os::ioctl(orphan, 0x20047A20, 1), -1);
-    os::close(orphan);
-    EXPECT_EQ(os::ioctl(orphan, 0x20047A20, 1), -1);
-    EXPECT_EQ(os::open("/db9000_bl", os::kReadWrite), -1) << "the socket file is there, its owner is gone";
+TEST_F(Board, HasNoDeviceInAFileOrWhereAPathIsTooLong) {
     WriteFile("plain", "");
     const int plain = os::open("/plain", os::kReadWrite);
     EXPECT_EQ(os::ioctl(plain, 0x20047A20, 1), -1);

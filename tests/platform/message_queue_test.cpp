@@ -11,7 +11,6 @@
 #include <thread>
 
 #include "platform/semaphore.h"
-#include "platform/task.h"
 
 namespace {
 
@@ -85,21 +84,16 @@ TEST_F(Queue, TellsWhyItRefuses) {
     EXPECT_EQ(os::msgQDelete(nullptr), -1);
 }
 
-TEST_F(Queue, CutsALongMessageToTheReceiversRoomAndDropsTheRest) {
+TEST_F(Queue, CutsALongMessageToTheReceiversRoomAndCarriesOnesWithoutABody) {
     ASSERT_EQ(os::msgQSend(m_queue, "abcdef", 6, os::kNoWait, 0), 0);
+    ASSERT_EQ(os::msgQSend(m_queue, nullptr, 0, os::kNoWait, 0), 0);
     ASSERT_EQ(os::msgQSend(m_queue, "xy", 2, os::kNoWait, 0), 0);
     std::array<char, 4> text{};
     EXPECT_EQ(os::msgQReceive(m_queue, text.data(), text.size(), os::kNoWait), 4);
     EXPECT_EQ(std::memcmp(text.data(), "abcd", 4), 0);
+    EXPECT_EQ(os::msgQReceive(m_queue, nullptr, 0, os::kNoWait), 0);
     EXPECT_EQ(os::msgQReceive(m_queue, text.data(), text.size(), os::kNoWait), 2);
     EXPECT_EQ(std::memcmp(text.data(), "xy", 2), 0);
-}
-
-TEST_F(Queue, CarriesMessagesWithoutABody) {
-    ASSERT_EQ(os::msgQSend(m_queue, nullptr, 0, os::kNoWait, 0), 0);
-    ASSERT_EQ(Send(5), 0);
-    EXPECT_EQ(os::msgQReceive(m_queue, nullptr, 0, os::kNoWait), 0);
-    EXPECT_EQ(Receive(), 5);
 }
 
 TEST(Memory, ThatEndsGivesNoQueueAndNoMutexAndNothingIsHalfMade) {
@@ -114,34 +108,7 @@ TEST(Memory, ThatEndsGivesNoQueueAndNoMutexAndNothingIsHalfMade) {
     allocationsLeft = -1;
 }
 
-/// Echoes until it gets 0.
-int Echo(os::TaskArgument queues) {
-    auto* pair = reinterpret_cast<os::MessageQueueId*>(queues);
-    std::int64_t value = -1;
-    while (value != 0) {
-        if (os::msgQReceive(pair[0], &value, sizeof value, os::kWaitForever) != sizeof value) return -1;
-        if (os::msgQSend(pair[1], &value, sizeof value, os::kWaitForever, 0) != 0) return -1;
-    }
-    return 0;
-}
-
-TEST_F(Queue, WakesATaskThatWaitsForAMessageOrForRoom) {
-    static const os::MessageQueueId answers = os::msgQCreate(60, sizeof(std::int64_t), os::kQueueFifo);
-    ASSERT_NE(answers, nullptr);
-    static std::array<os::MessageQueueId, 2> pair{m_queue, answers};
-    ASSERT_NE(os::taskSpawn("tEcho", 100, 0, 4096, Echo, reinterpret_cast<os::TaskArgument>(pair.data())),
-              os::kTaskError);
-    for (std::int64_t value = 50; value >= 0; --value) {
-        ASSERT_EQ(os::msgQSend(m_queue, &value, sizeof value, os::kWaitForever, 0), 0);
-    }
-    std::int64_t answer = -1;
-    for (std::int64_t value = 50; value >= 0; --value) {
-        ASSERT_EQ(os::msgQReceive(answers, &answer, sizeof answer, os::kWaitForever), 8);
-        EXPECT_EQ(answer, value);
-    }
-}
-
-TEST_F(Queue, LosesNothingBetweenManySenders) {
+TEST_F(Queue, WakesWhoWaitsForAMessageOrForRoomAndLosesNothingBetweenManySenders) {
     constexpr int kSenders = 4;
     constexpr int kMessages = 500;
     std::array<std::thread, kSenders> senders;

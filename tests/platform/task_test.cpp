@@ -19,8 +19,6 @@
 
 namespace {
 
-using Clock = std::chrono::steady_clock;
-
 /// What a task tells of itself.
 struct Report {
     os::TaskId id;
@@ -29,7 +27,7 @@ struct Report {
     int detached;
 };
 
-os::MessageQueueId reports;  // stays: a task may just be leaving it
+const os::MessageQueueId reports = os::msgQCreate(4, sizeof(Report), os::kQueueFifo);
 
 int TellAboutSelf(os::TaskArgument argument) {
     Report report{os::taskIdSelf(), {}, 0, 0};
@@ -43,19 +41,13 @@ int TellAboutSelf(os::TaskArgument argument) {
     return os::msgQSend(reports, &report, sizeof report, os::kWaitForever, 0);
 }
 
-class Tasks : public testing::Test {
-protected:
-    void SetUp() override {
-        if (reports == nullptr) reports = os::msgQCreate(4, sizeof(Report), os::kQueueFifo);
-    }
-    static Report NextReport() {
-        Report report{};
-        EXPECT_EQ(os::msgQReceive(reports, &report, sizeof report, os::kWaitForever), int{sizeof report});
-        return report;
-    }
-};
+Report NextReport() {
+    Report report{};
+    EXPECT_EQ(os::msgQReceive(reports, &report, sizeof report, os::kWaitForever), int{sizeof report});
+    return report;
+}
 
-TEST_F(Tasks, WaitForTheirActivationAndThenRunUnderTheirNameOnAHostsStack) {
+TEST(Tasks, WaitForTheirActivationAndThenRunUnderTheirNameOnAHostsStack) {
     const os::TaskId task = os::taskCreate("tDispRdaServer", 194, os::kTaskFloatingPoint, 4096, TellAboutSelf, 42);
     ASSERT_NE(task, os::kTaskError);
     Report report{};
@@ -68,7 +60,7 @@ TEST_F(Tasks, WaitForTheirActivationAndThenRunUnderTheirNameOnAHostsStack) {
     EXPECT_EQ(report.detached, PTHREAD_CREATE_DETACHED) << "nobody waits for its end";
 }
 
-TEST_F(Tasks, HaveIdsOfTheirOwn) {
+TEST(Tasks, HaveIdsOfTheirOwn) {
     std::set<os::TaskId> ids{os::taskIdSelf()};
     EXPECT_EQ(os::taskIdSelf(), *ids.begin());
     for (int i = 0; i < 3; ++i) {
@@ -83,7 +75,7 @@ TEST_F(Tasks, HaveIdsOfTheirOwn) {
     EXPECT_EQ(os::taskActivate(os::taskIdSelf()), -1) << "the initial task was never created here";
 }
 
-TEST_F(Tasks, RunWithoutTheirPriorityWhereTheProcessMayHaveNone) {
+TEST(Tasks, RunWithoutTheirPriorityWhereTheProcessMayHaveNone) {
     constexpr uid_t kNobody = 65534;
     const uid_t user = geteuid();
     ASSERT_TRUE(user != 0 || seteuid(kNobody) == 0);
@@ -92,7 +84,7 @@ TEST_F(Tasks, RunWithoutTheirPriorityWhereTheProcessMayHaveNone) {
     ASSERT_EQ(seteuid(user), 0);
 }
 
-TEST_F(Tasks, AreNotMadeWithoutAnEntryOrWithAStackBeyondTheMachine) {
+TEST(Tasks, AreNotMadeWithoutAnEntryOrWithAStackBeyondTheMachine) {
     constexpr std::size_t kBeyond = ~std::size_t{0} / 16 * 15;
     EXPECT_EQ(os::taskCreate("tNone", 100, 0, 4096, nullptr, 0), os::kTaskError);
     EXPECT_EQ(os::taskCreate("tHuge", 100, 0, kBeyond, TellAboutSelf, 42), os::kTaskError);
@@ -102,20 +94,15 @@ TEST_F(Tasks, AreNotMadeWithoutAnEntryOrWithAStackBeyondTheMachine) {
     EXPECT_EQ(os::taskDelay(0), 0);
 }
 
-std::atomic<int> ticks{0};
-std::atomic<pid_t> tickThread{0};
-std::atomic<pid_t> timerTask{0};
-std::atomic<std::int64_t> sleptMilliseconds{0};
+thread_local int ticksHere = 0;  // that reached this thread
 
 void OnTick(int /*signal*/, siginfo_t* information, void* /*context*/) {
     EXPECT_EQ(information->si_value.sival_int, 0);
-    tickThread = gettid();
-    ++ticks;
+    ++ticksHere;
 }
 
 /// Starts a tick every 5 ms for itself and sleeps through it.
 int SleepThroughTicks(os::TaskArgument /*argument*/) {
-    timerTask = gettid();
     struct sigaction action {};
     action.sa_sigaction = OnTick;
     action.sa_flags = SA_SIGINFO;
@@ -127,15 +114,17 @@ int SleepThroughTicks(os::TaskArgument /*argument*/) {
     EXPECT_EQ(os::timer_create(CLOCK_MONOTONIC, &event, &timer), 0);
     const itimerspec period{{0, 5'000'000}, {0, 5'000'000}};
     EXPECT_EQ(os::timer_settime(timer, 0, &period, nullptr), 0);
-    const auto start = Clock::now();
+    const auto start = std::chrono::steady_clock::now();
     EXPECT_EQ(os::taskDelay(os::sysClkRateGet() / 5), 0);
-    sleptMilliseconds = std::chrono::duration_cast<std::chrono::milliseconds>(Clock::now() - start).count();
+    EXPECT_GE(std::chrono::steady_clock::now() - start, std::chrono::milliseconds(200))
+        << "signals cut the delay short";
+    EXPECT_GE(ticksHere, 10);
     EXPECT_EQ(timer_delete(timer), 0);
     const Report done{};
     return os::msgQSend(reports, &done, sizeof done, os::kWaitForever, 0);
 }
 
-TEST_F(Tasks, AreReachedByTheTickSignalOnlyWhereTheTimerWasMade) {
+TEST(Tasks, AreReachedByTheTickSignalOnlyWhereTheTimerWasMade) {
     std::array<int, 2> pipe{};
     ASSERT_EQ(::pipe(pipe.data()), 0);
     std::thread reader([&pipe] {
@@ -147,9 +136,6 @@ TEST_F(Tasks, AreReachedByTheTickSignalOnlyWhereTheTimerWasMade) {
     NextReport();
     ASSERT_EQ(::write(pipe[1], "x", 1), 1);
     reader.join();
-    EXPECT_GE(ticks, 10);
-    EXPECT_EQ(tickThread, timerTask);
-    EXPECT_GE(sleptMilliseconds, 200) << "signals cut the delay short";
     ::close(pipe[0]);
     ::close(pipe[1]);
 }
@@ -157,6 +143,8 @@ TEST_F(Tasks, AreReachedByTheTickSignalOnlyWhereTheTimerWasMade) {
 TEST(Mutex, LetsItsOwnerInAgainAndOthersOnlyWhenItIsGivenBackAsOften) {
     static const os::SemaphoreId plain = os::semMCreate(os::kSemPriorityQueue);
     EXPECT_EQ(os::semTake(plain), 0);
+    EXPECT_EQ(os::semGive(plain), 0);
+    EXPECT_EQ(os::semGive(plain), -1) << "nobody has it";
     static const os::SemaphoreId mutex = os::semMCreate(os::kSemPriorityQueue | os::kSemInversionSafe);
     ASSERT_NE(mutex, nullptr);
     ASSERT_EQ(os::semTake(mutex), 0);

@@ -100,13 +100,13 @@ protected:
         return reply;
     }
 
-    /// A command is answered and done, or not; and says what is wrong with it.
-    void Expect(const Case& command, const std::string& payload, std::uint32_t responseSize, const std::string& reply,
-                bool isDone, const std::string& complaint = "") {
+    /// A command of a wrong size is not done, is answered by zeros, and the display says what is wrong with it.
+    void ExpectRefused(const Case& command, const std::string& payload, std::uint32_t responseSize,
+                       const std::string& complaint) {
         testing::internal::CaptureStdout();
-        EXPECT_EQ(Command(command.name, payload, responseSize), reply) << command.name;
-        EXPECT_EQ(testing::internal::GetCapturedStdout(), complaint.empty() ? "" : command.name + complaint);
-        EXPECT_EQ(done, std::vector<std::string>(isDone ? 1 : 0, command.done)) << command.name;
+        EXPECT_EQ(Command(command.name, payload, responseSize), std::string(responseSize, '\0')) << command.name;
+        EXPECT_EQ(testing::internal::GetCapturedStdout(), command.name + complaint);
+        EXPECT_TRUE(done.empty()) << command.name;
     }
 
     RdaServer m_server;
@@ -115,32 +115,27 @@ protected:
 };
 
 TEST_F(CommandServer, DoesWhatTheMeterCommandsAndAnswersWhatItAsks) {
-    for (const Case& command : kCases)
-        Expect(command, command.payload, command.responseSize, command.reply, !command.done.empty());
-}
-
-TEST_F(CommandServer, IgnoresACommandWhosePayloadHasTheWrongSizeAndSaysSo) {
+    testing::internal::CaptureStdout();
     for (const Case& command : kCases) {
-        const std::string nothing(command.responseSize, '\0');
-        const std::string complaint = "Payload size does not match expected!\n";
-        Expect(command, command.payload + 'x', command.responseSize, nothing, false, complaint);
-        if (command.payload.empty()) continue;
-        Expect(command, command.payload.substr(1), command.responseSize, nothing, false, complaint);
+        EXPECT_EQ(Command(command.name, command.payload, command.responseSize), command.reply);
+        if (command.done.empty()) continue;
+        EXPECT_EQ(done, std::vector{command.done});
+        EXPECT_EQ(Command(command.name, command.payload, 5), std::string(5, '\0')) << "any size, as it is no query";
+        EXPECT_EQ(done, std::vector{command.done});
     }
+    EXPECT_EQ(testing::internal::GetCapturedStdout(), "");
 }
 
-TEST_F(CommandServer, AnswersAQueryForAWrongSizeWithZerosAndSaysSo) {
-    for (const Case& query : kCases) {
-        if (query.reply.empty()) continue;
-        for (const std::uint32_t wrong : {query.responseSize - 1, query.responseSize + 1, 0U})
-            Expect(query, query.payload, wrong, std::string(wrong, '\0'), false,
-                   "Response size does not match expected!\n");
+TEST_F(CommandServer, DoesNothingWhereASizeIsWrongAndSaysSo) {
+    for (const Case& command : kCases) {
+        const std::string wrongPayload = "Payload size does not match expected!\n";
+        ExpectRefused(command, command.payload + 'x', command.responseSize, wrongPayload);
+        if (!command.payload.empty())
+            ExpectRefused(command, command.payload.substr(1), command.responseSize, wrongPayload);
+        if (!command.done.empty()) continue;
+        for (const std::uint32_t wrong : {command.responseSize - 1, command.responseSize + 1, 0U})
+            ExpectRefused(command, command.payload, wrong, "Response size does not match expected!\n");
     }
-}
-
-TEST_F(CommandServer, TakesAnyResponseSizeForACommandThatIsNoQuery) {
-    for (const Case& command : kCases)
-        if (!command.done.empty()) Expect(command, command.payload, 5, std::string(5, '\0'), true);
 }
 
 TEST_F(CommandServer, AnswersForHardwareThatDoesNotKnow) {

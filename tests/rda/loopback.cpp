@@ -56,13 +56,8 @@ void Peer::Send(std::string_view bytes) {
 
 std::string Peer::Receive(std::size_t size) {
     std::string bytes(size, '\0');
-    std::size_t received = 0;
-    while (received < size) {
-        const ssize_t count = ::recv(m_socket, &bytes[received], size - received, 0);
-        if (count < 1) break;
-        received += static_cast<std::size_t>(count);
-    }
-    bytes.resize(received);
+    const ssize_t count = size != 0 ? ::recv(m_socket, bytes.data(), size, MSG_WAITALL) : 0;
+    bytes.resize(count < 0 ? 0 : static_cast<std::size_t>(count));
     return bytes;
 }
 
@@ -73,8 +68,7 @@ std::string Peer::ReceiveRequest() {
     const std::string payloadSize = Receive(4);
     request += payloadSize;
     request += Receive(WordIn(payloadSize));
-    request += Receive(4);
-    return request;
+    return request + Receive(4);
 }
 
 bool Peer::IsClosedByOther() {
@@ -108,16 +102,7 @@ Listener::~Listener() { ::close(m_socket); }
 
 Peer Listener::Accept() { return Peer(::accept(m_socket, nullptr, nullptr)); }
 
-void Listener::Stop() { ::shutdown(m_socket, SHUT_RDWR); }
-
-CountingMeter::CountingMeter() : m_thread([this] { Play(); }) {}
-
-CountingMeter::~CountingMeter() {
-    if (m_thread.joinable()) Stop();
-}
-
-const std::vector<std::string>& CountingMeter::Stop() {
-    m_listener.Stop();
+const std::vector<std::string>& CountingMeter::Requests() {
     m_thread.join();
     return m_requests;
 }

@@ -42,28 +42,24 @@ public:
     ~Listener();
     std::uint16_t port() const { return m_port; }
     Peer Accept();
-    void Stop();
 
 private:
     int m_socket;
     std::uint16_t m_port = 0;
 };
 
-/// A meter that answers every request with as many bytes as were asked for, counting 0, 1, 2..., and keeps the
-/// requests.
+/// A meter that answers every request of its one client with as many bytes as were asked for, counting 0, 1, 2...
 class CountingMeter {
 public:
-    CountingMeter();
-    ~CountingMeter();
     std::uint16_t port() const { return m_listener.port(); }
-    const std::vector<std::string>& Stop();  // the requests, once the client has hung up
+    const std::vector<std::string>& Requests();  // all of them, once the client has hung up
 
 private:
     void Play();
 
     Listener m_listener;
     std::vector<std::string> m_requests;
-    std::thread m_thread;
+    std::jthread m_thread{[this] { Play(); }};
 };
 
 /// A port that nobody listens on.

@@ -5,27 +5,6 @@
 
 namespace {
 
-constexpr const char* kPalette = R"({"colours": [
-    {"number": 85, "name": "accent", "value": "#0000ff"}, {"number": 150, "name": "far", "value": "#ff0000"},
-    {"number": 7, "name": "pale", "value": "#808080"}]})";
-
-constexpr const char* kFonts = R"({
-    "faces": {"thin": "/usr/share/fonts/truetype/dejavu/DejaVuSansCondensed.ttf",
-              "wide": "/usr/share/fonts/truetype/dejavu/DejaVuSans.ttf"},
-    "fallback": "wide", "ranges": {"all": ["0030-0039", "0416", "E000"], "figures": ["0030-0039"]},
-    "fonts": [{"number": 32, "size": 10, "face": "thin", "ranges": "all"},
-              {"number": 33, "size": 20, "face": "wide", "ranges": "figures"}]})";
-
-constexpr const char* kBitmaps = R"({"folder": "drawings",
-    "bitmaps": [{"numbers": [81, 82], "size": [6, 2], "drawing": "solid.svg"},
-                {"numbers": [90], "size": [4, 1], "drawing": "hole.svg"},
-                {"numbers": [91], "size": [4, 1], "drawing": "glass.svg"}],
-    "softKeys": {"size": [9, 5], "accents": [85, 150], "held": 85, "outOfUse": 7,
-                 "keys": [{"symbol": "dot.svg", "normal": [236, 0], "held": 201, "outOfUse": 78}]}})";
-
-constexpr const char* kSubstitutions = R"({"phaseLabels": {"sets": ["1", "A"], "columns": [[100, 102]]},
-    "measurementSymbols": {"sets": ["IEC"], "columns": []}})";
-
 std::string Svg(int width, int height, const std::string& content) {
     return "<svg xmlns=\"http://www.w3.org/2000/svg\" width=\"" + std::to_string(width) + "\" height=\"" +
            std::to_string(height) + "\">" + content + "</svg>";
@@ -37,16 +16,29 @@ constexpr const char* kAll =
 class Compilers : public Workshop {
 protected:
     Compilers() {
-        Write("palette.json", kPalette);
-        Write("fonts.json", kFonts);
-        Write("bitmaps.json", kBitmaps);
+        Write("palette.json", R"({"colours": [
+            {"number": 85, "name": "accent", "value": "#0000ff"}, {"number": 150, "name": "far", "value": "#ff0000"},
+            {"number": 7, "name": "pale", "value": "#808080"}]})");
+        Write("fonts.json", R"({
+            "faces": {"thin": "/usr/share/fonts/truetype/dejavu/DejaVuSansCondensed.ttf",
+                      "wide": "/usr/share/fonts/truetype/dejavu/DejaVuSans.ttf"},
+            "fallback": "wide", "ranges": {"all": ["0030-0039", "0416", "E000"], "figures": ["0030-0039"]},
+            "fonts": [{"number": 32, "size": 10, "face": "thin", "ranges": "all"},
+                      {"number": 33, "size": 20, "face": "wide", "ranges": "figures"}]})");
+        Write("bitmaps.json", R"({"folder": "drawings",
+            "bitmaps": [{"numbers": [81, 82], "size": [6, 2], "drawing": "solid.svg"},
+                        {"numbers": [90], "size": [4, 1], "drawing": "hole.svg"},
+                        {"numbers": [91], "size": [4, 1], "drawing": "glass.svg"}],
+            "softKeys": {"size": [9, 5], "accents": [85, 150], "held": 85, "outOfUse": 7,
+                         "keys": [{"symbol": "dot.svg", "normal": [236, 0], "held": 201, "outOfUse": 78}]}})");
         Write("drawings/solid.svg", Svg(6, 2, R"(<rect class="fill-far" width="6" height="2"/>)"));
         Write("drawings/hole.svg", Svg(4, 1, R"(<rect x="1" class="fill-accent" width="3" height="1"/>)"));
         Write("drawings/glass.svg", Svg(4, 1, R"(<rect x="1" fill="#0f0" fill-opacity=".5" width="3" height="1"/>)"));
-        Write("drawings/dot.svg", Svg(1, 1, R"(<rect fill="currentColor" width="1" height="1"/>)"));
+        Write("drawings/dot.svg", Svg(1, 5, R"(<rect fill="currentColor" width="1" height="5"/>)"));
         Write("en.po", PoFile("en", m_texts));
         Write("de.po", PoFile("de", m_german));
-        Write("substitutions.json", kSubstitutions);
+        Write("substitutions.json", R"({"phaseLabels": {"sets": ["1", "A"], "columns": [[100, 102]]},
+            "measurementSymbols": {"sets": ["IEC"], "columns": []}})");
     }
 
     const std::string m_texts =
@@ -81,52 +73,34 @@ TEST_F(Compilers, MakeWhatTheDisplayReadsInEitherOrderPackedOrNot) {
     }
 }
 
-TEST_F(Compilers, GiveEveryPictureTheSmallestFormatThatShowsIt) {
+TEST_F(Compilers, GiveEveryPictureTheSmallestFormatThatShowsItAndComposeSoftKeysFromOneSymbol) {
     ASSERT_EQ(Call("resource-compiler", kAll).status, 0);
     ASSERT_EQ(Load(At("out.pbr")), 1);
+    for (const std::uint32_t number : {82U, 90U, 91U, 236U, 201U, 78U})
+        ASSERT_NE(PegResources::GetBitmap(number), nullptr) << number;
+    const auto bitmaps = Inspect("resource-inspector", "out.pbr").at("sets").at(0).at("bitmaps");
+    EXPECT_EQ(bitmaps.size(), 7U) << "with 81, and none for a scheme without this key";
 
     const PegBitmap* solid = PegResources::GetBitmap(82);
-    ASSERT_NE(solid, nullptr);
     EXPECT_EQ(solid->flags, PegBitmap::kRunLength);
     EXPECT_EQ(solid->data[0], 5);  // one run of six
     EXPECT_EQ(solid->data[1], 0xF800);
-
     const PegBitmap* hole = PegResources::GetBitmap(90);
-    ASSERT_NE(hole, nullptr);
     EXPECT_EQ(hole->flags & ~PegBitmap::kRunLength, PegBitmap::kTransparent);
     EXPECT_EQ(hole->transparent, kTransparentPixel);
-
     const PegBitmap* glass = PegResources::GetBitmap(91);
-    ASSERT_NE(glass, nullptr);
     EXPECT_EQ(glass->bitsPerPixel, 32);
     EXPECT_TRUE(glass->Has(PegBitmap::kAlpha));
-}
-
-TEST_F(Compilers, ComposeTheLooksOfASoftKeyFromOneSymbol) {
-    Write("drawings/dot.svg", Svg(1, 5, R"(<rect fill="currentColor" width="1" height="5"/>)"));
-    ASSERT_EQ(Call("resource-compiler", kAll).status, 0);
-    const auto bitmaps = Inspect("resource-inspector", "out.pbr").at("sets").at(0).at("bitmaps");
-    const auto has = [&](int number) {
-        return std::any_of(bitmaps.begin(), bitmaps.end(), [&](const auto& b) { return b.at("number") == number; });
-    };
-    EXPECT_TRUE(has(236) && has(201) && has(78));
-    EXPECT_FALSE(has(0)) << "a scheme without this key has no picture";
-    ASSERT_EQ(Load(At("out.pbr")), 1);
-    const PegBitmap* normal = PegResources::GetBitmap(236);
-    ASSERT_NE(normal, nullptr);
-    // Each row: four white, the accent, four white.
-    const std::vector<std::uint16_t> row(normal->data, normal->data + 6);
-    EXPECT_EQ(row, (std::vector<std::uint16_t>{3, 0xFFFF, 0x8000, 0x001F, 3, 0xFFFF}));
+    // Each row of the soft key: four white, the accent, four white.
+    const std::uint16_t* row = PegResources::GetBitmap(236)->data;
+    EXPECT_EQ(std::vector(row, row + 6), (std::vector<std::uint16_t>{3, 0xFFFF, 0x8000, 0x001F, 3, 0xFFFF}));
 }
 
 TEST_F(Compilers, PutTextsAndSubstitutionsIntoTheLocalisationFile) {
+    const std::string both = "en.po de.po --substitutions substitutions.json -o l.dat --byte-order ";
     for (const char* order : {"little", "big"}) {
         SCOPED_TRACE(order);
-        ASSERT_EQ(Call("localization-compiler", std::string("en.po de.po --substitutions substitutions.json -o l.dat "
-                                                            "--byte-order ") +
-                                                    order)
-                      .status,
-                  0);
+        ASSERT_EQ(Call("localization-compiler", both + order).status, 0);
         const auto file = Inspect("localization-inspector", "l.dat");
         const auto& languages = file.at("strings").at("languages");
         ASSERT_EQ(languages.size(), 2U);
@@ -138,15 +112,13 @@ TEST_F(Compilers, PutTextsAndSubstitutionsIntoTheLocalisationFile) {
     }
 }
 
-/// One change of a good file, and what is said of it.
-struct Mistake {
-    const char* file;
-    std::string there;
-    std::string written;
-    const char* complaint;
-};
-
 TEST_F(Compilers, NameFileAndPlaceOfEveryMistake) {
+    struct Mistake {
+        const char* file;
+        std::string there;
+        std::string written;
+        const char* complaint;
+    };
     const std::vector<Mistake> mistakes{
         {"palette.json", "\"far\",", "\"far\"", "palette.json:2: this is no JSON"},
         {"palette.json", "colours", "colors", "palette.json: \"colours\" is missing"},
@@ -185,22 +157,19 @@ TEST_F(Compilers, NameFileAndPlaceOfEveryMistake) {
 }
 
 TEST_F(Compilers, RefuseTranslationsOfOtherTexts) {
-    const auto complaint = [this](const std::string& german) {
+    const auto expect = [this](const std::string& german, const char* complaint) {
         Write("de.po", PoFile("de", german));
-        return Call("localization-compiler", "en.po de.po --substitutions substitutions.json -o l.dat").talk;
+        const Outcome run = Call("localization-compiler", "en.po de.po --substitutions substitutions.json -o l.dat");
+        EXPECT_NE(run.talk.find(complaint), std::string::npos) << run.talk;
     };
-    const std::string unknown = complaint(m_german + Entry(7, "New", "Neu"));
-    EXPECT_NE(unknown.find("de.po: string 7 has no base text"), std::string::npos) << unknown;
-    const std::string other = complaint(m_german + Entry(102, "Old power", "Leistung"));
-    EXPECT_NE(other.find("de.po: string 102 translates another text"), std::string::npos) << other;
+    expect(m_german + Entry(7, "New", "Neu"), "de.po: string 7 has no base text");
+    expect(m_german + Entry(102, "Old power", "Leistung"), "de.po: string 102 translates another text");
     Write("substitutions.json", R"({"phaseLabels": {"sets": ["1", "A"], "columns": [[100, 101]]},
         "measurementSymbols": {"sets": [], "columns": []}})");
-    const std::string missing = complaint(m_german);
-    EXPECT_NE(missing.find("/phaseLabels/columns/0/1: string 101 is not in the catalogue"), std::string::npos)
-        << missing;
+    expect(m_german, "/phaseLabels/columns/0/1: string 101 is not in the catalogue");
 }
 
-TEST_F(Compilers, SayWhatIsWrongWithACommandLineOrABinaryFile) {
+TEST_F(Compilers, SayWhatIsWrongWithACommandLine) {
     for (const char* program :
          {"resource-compiler", "localization-compiler", "resource-inspector", "localization-inspector"}) {
         SCOPED_TRACE(program);
@@ -209,11 +178,16 @@ TEST_F(Compilers, SayWhatIsWrongWithACommandLineOrABinaryFile) {
         EXPECT_EQ(Call(program, "--nonsense").status, 2);
     }
     EXPECT_EQ(Call("resource-compiler", std::string(kAll) + "--byte-order middle").status, 2);
-    ASSERT_EQ(Call("resource-compiler", kAll).status, 0);
-    ASSERT_EQ(Call("localization-compiler", "en.po -o out.dat").status, 0);
+}
 
-    for (const auto& [program, file] :
-         {std::pair{"resource-inspector", "out.pbr"}, {"localization-inspector", "out.dat"}}) {
+TEST_F(Compilers, MakeFilesOfWhichTheInspectorsTakeNoCutOrDamagedByteForMoreThanItIs) {
+    ASSERT_EQ(Call("resource-compiler", kAll).status, 0);
+    Write("packed.pbr", Read("out.pbr"));
+    ASSERT_EQ(Call("resource-compiler", std::string(kAll) + "--uncompressed").status, 0);
+    ASSERT_EQ(Call("localization-compiler", "en.po -o out.dat").status, 0);
+    for (const auto& [program, file, all] : {std::tuple{"resource-inspector", "packed.pbr", " --fonts f --bitmaps b"},
+                                             {"resource-inspector", "out.pbr", " --fonts f --bitmaps b"},
+                                             {"localization-inspector", "out.dat", ""}}) {
         const std::string whole = Read(file);
         for (std::size_t size = 0; size < whole.size(); size += 1 + whole.size() / 40) {
             Write("cut", whole.substr(0, size));
@@ -221,24 +195,14 @@ TEST_F(Compilers, SayWhatIsWrongWithACommandLineOrABinaryFile) {
             EXPECT_EQ(run.status, 1) << program << " takes " << size << " bytes of " << whole.size();
             EXPECT_NE(run.talk.find("cut: at byte "), std::string::npos) << run.talk;
         }
-        EXPECT_NE(Call(program, "missing").talk.find("missing: cannot be read"), std::string::npos);
-    }
-}
-
-TEST_F(Compilers, TakeNoDamagedByteForMoreThanItIs) {
-    ASSERT_EQ(Call("resource-compiler", std::string(kAll) + "--uncompressed").status, 0);
-    ASSERT_EQ(Call("localization-compiler", "en.po -o out.dat").status, 0);
-    for (const auto& [program, file] :
-         {std::pair{"resource-inspector", "out.pbr"}, {"localization-inspector", "out.dat"}}) {
-        const std::string whole = Read(file);
         for (std::size_t at = 0; at < whole.size(); at += 1 + whole.size() / 150) {
             std::string damaged = whole;
             damaged[at] = static_cast<char>(~damaged[at]);
             Write("damaged", damaged);
-            const bool isResource = std::string(file) == "out.pbr";
-            const Outcome run = Call(program, isResource ? "damaged --fonts f --bitmaps b" : "damaged");
+            const Outcome run = Call(program, std::string("damaged") + all);
             EXPECT_TRUE(run.status == 0 || run.status == 1) << program << " ends by a signal over byte " << at;
         }
+        EXPECT_NE(Call(program, "missing").talk.find("missing: cannot be read"), std::string::npos);
     }
 }
 
