@@ -55,37 +55,27 @@ TEST_F(Menu, IsShownInTheSelectedLanguage) {
     EXPECT_TRUE(PanelShows("menus/russian"));
 }
 
-/// Goes to every item by the keys alone, through its group when it stands in one.
-class MenuItems : public MenuBench {
-protected:
-    void LeadToTheirScreens(bool offersPowerQuality) {
-        for (const MenuTree& tree : kMenuTrees) {
-            int group = -1;
-            int inGroup = -1;
-            for (std::size_t i = 0; i < tree.items.size(); ++i) {
-                const MenuItem& item = tree.items[i];
-                if (item.label == kPowerQualityLabel && !offersPowerQuality) continue;
-                group += item.level == 1 ? 1 : 0;
-                inGroup = item.level == 1 ? -1 : inGroup + 1;
-                const bool isGroup = i + 1 < tree.items.size() && item.level < tree.items[i + 1].level;
-                if (isGroup || !IsScreen(item)) continue;
-                ShowMenu(tree.menuId);
-                static_cast<menuScrnClass*>(Navigation().getCurrentScreen())->reset();
-                Press(KEY_SOFT_3, group);
-                if (inGroup >= 0) Press(KEY_SOFT_4);
-                Press(KEY_SOFT_3, std::max(inGroup, 0));
-                Press(KEY_SOFT_4);
-                EXPECT_EQ(Shown(), item.target) << "menu " << tree.menuId << ", item " << i;
-            }
+using MenuItems = MenuBench;
+
+TEST_F(MenuItems, LeadToTheirScreensWithoutPowerQualityWhereTheMeterDoesNotOfferIt) {
+    meter().Answer("DISPLAYFEATURES_getEn50160DisplayEnabled", std::uint32_t{0});
+    for (const MenuTree& tree : kMenuTrees) {
+        int group = -1;
+        int inGroup = -1;  // the item's place in its group
+        for (const MenuItem& item : tree.items) {
+            if (item.label == kPowerQualityLabel) continue;
+            group += item.level == 1 ? 1 : 0;
+            inGroup = item.level == 1 ? -1 : inGroup + 1;
+            if (!IsScreen(item)) continue;
+            ShowMenu(tree.menuId);
+            static_cast<menuScrnClass*>(Navigation().getCurrentScreen())->reset();
+            Press(KEY_SOFT_3, group);
+            if (inGroup >= 0) Press(KEY_SOFT_4);
+            Press(KEY_SOFT_3, std::max(inGroup, 0));
+            Press(KEY_SOFT_4);
+            EXPECT_EQ(Shown(), item.target) << "menu " << tree.menuId;
         }
     }
-};
-
-TEST_F(MenuItems, LeadToTheirScreens) { LeadToTheirScreens(true); }
-
-TEST_F(MenuItems, WithoutThePowerQualityScreenWhenTheMeterDoesNotOfferIt) {
-    meter().Answer("DISPLAYFEATURES_getEn50160DisplayEnabled", std::uint32_t{0});
-    LeadToTheirScreens(false);
 }
 
 TEST_F(Menu, ChangesTheModeOnItsWayToAnotherMenu) {
