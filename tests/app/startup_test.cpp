@@ -89,12 +89,4 @@ TEST_F(Startup, GivesUpAfterSixtyTwoAttempts) {
     EXPECT_TRUE(IsSplashShown());
 }
 
-TEST_F(Startup, BuildsTheApplicationWithASilentMeter) {
-    Start();
-    meter().FallSilent();
-    Ticks(60);
-    EXPECT_FALSE(IsSplashShown());
-    EXPECT_EQ(Navigation().getCurrentScreenId(), 200);
-}
-
 }  // namespace
