@@ -59,15 +59,16 @@ TEST_F(Nameplate, LeavesOutTheModelOnTheOtherVariant) {
     EXPECT_TRUE(PanelShows("nameplate/page_1"));
 }
 
-/// The texts of prompts below a thing that are wider than their prompt.
-void CollectTextsThatDoNotFit(const PegThing& thing, std::vector<std::u16string>& found) {
+/// Texts of prompts below a thing that are wider than their prompt.
+int TextsThatDoNotFit(const PegThing& thing) {
+    int found = 0;
     for (PegThing* child = thing.FirstChild(); child != nullptr; child = child->Next()) {
-        CollectTextsThatDoNotFit(*child, found);
+        found += TextsThatDoNotFit(*child);
         if (child->Type() != TYPE_PROMPT) continue;
         const auto& prompt = static_cast<const PegPrompt&>(*child);
-        const int width = PegScreen::TextWidth(prompt.Text(), prompt.Font());
-        if (width > prompt.ClientRect().Width()) found.emplace_back(prompt.Text());
+        found += PegScreen::TextWidth(prompt.Text(), prompt.Font()) > prompt.ClientRect().Width() ? 1 : 0;
     }
+    return found;
 }
 
 TEST_F(Nameplate, FitsInEveryLanguage) {
@@ -76,12 +77,10 @@ TEST_F(Nameplate, FitsInEveryLanguage) {
         DISPCFG_setLanguage(language);
         for (int page = 0; page < kPages; ++page) {
             Ticks(41);
-            std::vector<std::u16string> found;
-            CollectTextsThatDoNotFit(*Navigation().getCurrentScreen(), found);
-            EXPECT_TRUE(found.empty()) << "language " << language << ", page " << page;
+            EXPECT_EQ(TextsThatDoNotFit(*Navigation().getCurrentScreen()), 0) << language << ", page " << page;
             Press(KEY_SOFT_3);
         }
-        for (int page = 1; page < kPages; ++page) Press(KEY_SOFT_2);
+        Press(KEY_SOFT_2, kPages - 1);
     }
     Press(KEY_SOFT_3);
     EXPECT_TRUE(PanelShows("nameplate/russian"));
