@@ -85,13 +85,4 @@ TEST_F(Tour, MayLeadToScreensOfEveryKind) {
                                                   {SCREEN_KIND_FACTORY_TEST, 1}}));
 }
 
-TEST_F(Tour, EndsNowhereWithASilentMeter) {
-    PanelBench::meter().FallSilent();
-    for (const ScreenInfoRow& row : kScreenInfoRows) {
-        Visit(row.screen);
-        PressEveryKey(row.screen);
-    }
-    EXPECT_EQ(seen.size(), kDataScreens);
-}
-
 }  // namespace

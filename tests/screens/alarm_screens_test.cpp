@@ -134,31 +134,24 @@ TEST_F(AlarmScreens, ShowOneAlarmInFullAndReturn) {
     Show(8);
     EXPECT_TRUE(PanelShows("alarms/detail_of_none"));
     Fill(10);
-    Show(7);
-    Press(KEY_SOFT_2_3);
-    Press(KEY_SOFT_4);
-    EXPECT_EQ(Shown(), 8);
-    EXPECT_TRUE(PanelShows("alarms/detail_active"));
-    meter().FallSilent();
-    Ticks(41);
-    alarms.clear();
-    EXPECT_EQ(meter().Calls("ALARMSINTERFACE_getActiveAlarms"), 1) << "a detail screen asks for nothing";
-    Press(KEY_SOFT_1);
-    EXPECT_EQ(Shown(), 7);
-    meter().Recover();
-
-    Fill(10);
     Show(9);
     EXPECT_TRUE(PanelShows("alarms/past_ten"));
-    Press(KEY_SOFT_2_3);
-    EXPECT_EQ(meter().Calls("ALARMSINTERFACE_ackActiveAlarms"), 1);
-    EXPECT_EQ(meter().Calls("ALARMSINTERFACE_ackHistoricalAlarms"), 1) << "each list acknowledges its own";
-    Press(KEY_SOFT_3, 3);
-    Press(KEY_SOFT_4);
-    EXPECT_EQ(Shown(), 10);
-    EXPECT_TRUE(PanelShows("alarms/detail_past"));
-    Press(KEY_SOFT_1);
-    EXPECT_EQ(Shown(), 9);
+    for (const auto& [list, steps, acknowledge, name] : {std::tuple{7, 0, "ALARMSINTERFACE_ackActiveAlarms", "active"},
+                                                         {9, 3, "ALARMSINTERFACE_ackHistoricalAlarms", "past"}}) {
+        Show(list);
+        meter().ForgetCalls();
+        Press(KEY_SOFT_2_3);
+        EXPECT_EQ(meter().Calls(acknowledge), 1);
+        Press(KEY_SOFT_3, steps);
+        Press(KEY_SOFT_4);
+        EXPECT_EQ(Shown(), list + 1);
+        meter().ForgetCalls();
+        Ticks(41);
+        EXPECT_EQ(meter().Calls("ALARMSINTERFACE_getActiveAlarms"), 0) << "a detail screen asks for nothing";
+        EXPECT_TRUE(PanelShows(std::string("alarms/detail_") + name));
+        Press(KEY_SOFT_1);
+        EXPECT_EQ(Shown(), list);
+    }
 }
 
 TEST_F(AlarmScreens, CountDurationsInDaysAndWrapAround) {
