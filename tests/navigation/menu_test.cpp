@@ -24,7 +24,7 @@ TEST_F(Menu, OfEveryModeLooksAsItShould) {
     EXPECT_EQ(Shown(), 201) << "also when it is shown as the current menu";
 }
 
-TEST_F(Menu, OpensAGroupAndClosesItAgain) {
+TEST_F(Menu, OpensAGroupClosesItAndRemembersItOnTheWayBack) {
     ShowMenu(kAlternate);
     Press(KEY_SOFT_3);
     Press(KEY_SOFT_4);
@@ -32,6 +32,15 @@ TEST_F(Menu, OpensAGroupAndClosesItAgain) {
     Press(KEY_SOFT_2);
     Press(KEY_SOFT_4);
     EXPECT_TRUE(PanelShows("menus/closed_group"));
+    Press(KEY_SOFT_4, 2);
+    EXPECT_EQ(Shown(), 7);
+    Navigation().goBack(7);
+    Pump();
+    EXPECT_TRUE(PanelShows("menus/open_group"));
+    Press(KEY_SOFT_3, 2);
+    Press(KEY_SOFT_1);
+    ShowMenu(kAlternate);
+    EXPECT_TRUE(PanelShows("menus/back_at_the_same_item")) << "leaving by soft key 1 forgets the moves";
 }
 
 TEST_F(Menu, ScrollsToItsEndsAndStops) {
@@ -96,21 +105,6 @@ TEST_F(Menu, ChangesTheModeOnItsWayToAnotherMenu) {
     Press(KEY_SOFT_4);
     EXPECT_EQ(Shown(), kAlternate) << "even when the meter refuses its mode";
     EXPECT_EQ(Navigation().getDisplayMode(), DISPLAY_MODE_NORMAL);
-}
-
-TEST_F(Menu, RemembersItsItemAndItsOpenGroupOnTheWayBack) {
-    ShowMenu(kAlternate);
-    Press(KEY_SOFT_3);
-    Press(KEY_SOFT_4);
-    Press(KEY_SOFT_4);
-    EXPECT_EQ(Shown(), 7);
-    Navigation().goBack(7);
-    Pump();
-    EXPECT_TRUE(PanelShows("menus/open_group"));
-    Press(KEY_SOFT_3, 2);
-    Press(KEY_SOFT_1);
-    ShowMenu(kAlternate);
-    EXPECT_TRUE(PanelShows("menus/back_at_the_same_item")) << "leaving by soft key 1 forgets the moves";
 }
 
 TEST_F(Menu, GoesHomeAfterTenSecondsWithoutAKey) {

@@ -7,7 +7,6 @@ namespace {
 constexpr std::string_view kItems = "PDMINTERFACE_getEnumerationData";
 constexpr std::string_view kCurrent = "PDMINTERFACE_getEnumerationValue";
 constexpr std::int32_t kWiring = 101;
-constexpr std::int32_t kScreenOfDecimals = 176;
 
 class ChoiceScreen : public SetupEditBench {
 protected:
@@ -53,24 +52,34 @@ TEST_F(ChoiceScreen, WritesEveryRegisterInTheMetersOwnWordsAndReadsItBack) {
 
 TEST_F(ChoiceScreen, ReadsTheTextsOnceAndTheChoiceInForceOnEveryShow) {
     meter().Fail(kItems);
-    Open(kScreenOfDecimals);
+    Open(kWiring);
     EXPECT_EQ(List().visibleCount(), 0);
     for (const KeyCode key : {KEY_SOFT_2, KEY_SOFT_3, KEY_SOFT_2_3, KEY_SOFT_4}) Press(key);
     EXPECT_EQ(Shown(), kView) << "nothing can be chosen";
 
     meter().Recover();
-    meter().Answer(kItems, Items(5, 2));
-    Open(kScreenOfDecimals);
-    EXPECT_EQ(List().visibleCount(), 5) << "asked again after the failure";
-    EXPECT_EQ(List().selectedIndex(), 2);
-
-    EnumerationValue value{};
-    value.current.Set(4);
-    meter().Answer(kCurrent, value);
-    meter().Answer(kItems, Items(3, 0));
-    Open(kScreenOfDecimals);
-    EXPECT_EQ(List().visibleCount(), 5);
-    EXPECT_EQ(List().selectedIndex(), 4);
+    Open(kWiring);
+    const int count = List().visibleCount();
+    EXPECT_GT(count, 1) << "asked again after the failure";
+    meter().Answer(kItems, Items(40, 0));
+    for (const auto& [current, selected] : {std::pair{1U, 1}, {99U, 0}}) {
+        EnumerationValue value{};
+        value.current.Set(current);
+        meter().Answer(kCurrent, value);
+        Open(kWiring);
+        EXPECT_EQ(List().visibleCount(), count);
+        EXPECT_EQ(List().selectedIndex(), selected);
+    }
+    Press(KEY_SOFT_4);
+    EXPECT_EQ(Shown(), kWiring) << "the choice shown may be another than the one in force: it asks";
+    EXPECT_TRUE(PanelShows("setup/edit_choice_unknown_old_value"));
+    Show(102);
+    EXPECT_EQ(List().Parent(), Manager().FirstChild()) << "straight from one choice to another";
+    meter().Fail(kCurrent);
+    Open(kWiring);
+    EXPECT_EQ(List().visibleCount(), count) << "the texts are still there";
+    Press(KEY_SOFT_4);
+    EXPECT_EQ(Shown(), kWiring);
 }
 
 TEST_F(ChoiceScreen, HoldsWhatTheMeterCountsAgainstWhatThereIs) {
@@ -91,26 +100,6 @@ TEST_F(ChoiceScreen, HoldsWhatTheMeterCountsAgainstWhatThereIs) {
     Press(KEY_SOFT_3);
     Press(KEY_SOFT_4, 2);
     EXPECT_EQ(Written().size(), 40U) << "a text without terminator ends with its field";
-}
-
-TEST_F(ChoiceScreen, TakesAChoiceThatIsNotKnownForNone) {
-    EnumerationValue value{};
-    value.current.Set(99);
-    Open(kWiring);
-    Show(kView);
-    meter().Answer(kCurrent, value);
-    Open(kWiring);
-    EXPECT_EQ(List().selectedIndex(), 0);
-    Press(KEY_SOFT_4);
-    EXPECT_EQ(Shown(), kWiring) << "the choice shown may be another than the one in force: it asks";
-    EXPECT_TRUE(PanelShows("setup/edit_choice_unknown_old_value"));
-    Show(102);
-    EXPECT_EQ(List().Parent(), Manager().FirstChild()) << "straight from one choice to another";
-    meter().Fail(kCurrent);
-    Open(kWiring);
-    EXPECT_GT(List().visibleCount(), 1) << "the texts are still there";
-    Press(KEY_SOFT_4);
-    EXPECT_EQ(Shown(), kWiring);
 }
 
 TEST_F(ChoiceScreen, ShowsItsChoicesInEveryStateAndLanguage) {
