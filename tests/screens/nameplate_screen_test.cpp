@@ -1,7 +1,5 @@
 #include "screens/nameplate/nameplate_screen.h"
 
-#include "localization/display_config.h"
-#include "peg/core/screen.h"
 #include "rda/records.h"
 #include "screens/parameters/custom_screen.h"
 #include "tests/bench/panel_bench.h"
@@ -57,33 +55,6 @@ TEST_F(Nameplate, LeavesOutTheModelOnTheOtherVariant) {
     EXPECT_TRUE(PanelShows("nameplate/mid_page_0"));
     Press(KEY_SOFT_3);
     EXPECT_TRUE(PanelShows("nameplate/page_1"));
-}
-
-/// Texts of prompts below a thing that are wider than their prompt.
-int TextsThatDoNotFit(const PegThing& thing) {
-    int found = 0;
-    for (PegThing* child = thing.FirstChild(); child != nullptr; child = child->Next()) {
-        found += TextsThatDoNotFit(*child);
-        if (child->Type() != TYPE_PROMPT) continue;
-        const auto& prompt = static_cast<const PegPrompt&>(*child);
-        found += PegScreen::TextWidth(prompt.Text(), prompt.Font()) > prompt.ClientRect().Width() ? 1 : 0;
-    }
-    return found;
-}
-
-TEST_F(Nameplate, FitsInEveryLanguage) {
-    Show(kNameplate);
-    for (std::uint32_t language = 0; language < 6; ++language) {
-        DISPCFG_setLanguage(language);
-        for (int page = 0; page < kPages; ++page) {
-            Ticks(41);
-            EXPECT_EQ(TextsThatDoNotFit(*Navigation().getCurrentScreen()), 0) << language << ", page " << page;
-            Press(KEY_SOFT_3);
-        }
-        Press(KEY_SOFT_2, kPages - 1);
-    }
-    Press(KEY_SOFT_3);
-    EXPECT_TRUE(PanelShows("nameplate/russian"));
 }
 
 }  // namespace

@@ -1,5 +1,4 @@
 #include "localization/display_config.h"
-#include "peg/resources/resources.h"
 #include "tests/setup/setup_edit_bench.h"
 
 namespace {
@@ -118,21 +117,6 @@ TEST_F(ChoiceScreen, ShowsItsChoicesInEveryStateAndLanguage) {
     meter().Answer(kItems, Items(40, 33));
     Open(189);
     EXPECT_TRUE(PanelShows("setup/edit_choice_forty"));
-}
-
-TEST_F(ChoiceScreen, HasRoomForEveryChoiceInEveryLanguage) {
-    constexpr int kHalfOfDialog = 140;
-    constexpr std::uint32_t kSmallestFont = 32;
-    for (std::uint32_t language = 0; language < 6; ++language) {
-        DISPCFG_setLanguage(language);
-        for (const ChoiceRow& row : kChoiceRows) {
-            Open(row.screen);
-            for (int i = 0; i < List().visibleCount(); ++i) {
-                const char16_t* text = List().text(static_cast<std::size_t>(i)).data();
-                EXPECT_LE(WidthOf(text, PegResources::GetFont(kSmallestFont)), kHalfOfDialog) << row.screen << ' ' << i;
-            }
-        }
-    }
 }
 
 }  // namespace
