@@ -58,6 +58,14 @@ TEST_F(EventScreens, ListTheLogAsTheyShould) {
     Log(8);
     Ticks(20);
     EXPECT_TRUE(PanelShows("events/ten"));
+    for (const char* failing : {"EVLIF_getEventLogEntryCount", "EVLIF_getEventLogData"}) {
+        meter().Fail(failing);
+        Ticks(20);
+        EXPECT_TRUE(PanelShows("events/empty")) << failing;
+        meter().Recover();
+        Ticks(20);
+        EXPECT_TRUE(PanelShows("events/ten")) << failing;
+    }
     Press(KEY_SOFT_3, 9);
     EXPECT_EQ(asked, (Range{6, 4}));
     EXPECT_TRUE(PanelShows("events/at_the_bottom"));
@@ -125,19 +133,6 @@ TEST_F(EventScreens, LeaveOutAnInstantWithoutEndAndCutOtherTexts) {
     log.assign(500, endless);
     Press(KEY_SOFT_4);
     EXPECT_TRUE(PanelShows("events/endless_texts_detail"));
-}
-
-TEST_F(EventScreens, AreEmptyAfterAFailedCallAndRecover) {
-    Log(10);
-    Show(69);
-    for (const char* operation : {"EVLIF_getEventLogEntryCount", "EVLIF_getEventLogData"}) {
-        meter().Fail(operation);
-        Ticks(21);
-        EXPECT_TRUE(PanelShows("events/empty")) << operation;
-        meter().Recover();
-        Ticks(20);
-        EXPECT_TRUE(PanelShows("events/ten")) << operation;
-    }
 }
 
 TEST_F(EventScreens, StepThroughTheLogAndReturnToTheEventOnView) {
