@@ -17,7 +17,10 @@ protected:
     void WorkOn(std::int32_t id) {
         Show(id);
         PressAllKeys();
-        LogInWhenAsked();
+        if (IsKeyboardShown()) {
+            Enter("");
+            Enter("0");
+        }
         EverythingChanges(static_cast<std::uint32_t>(id) % 6);
         Ticks(2 * kTicksPerSecond);
         PressAllKeys();
@@ -36,11 +39,6 @@ private:
         const AllocationPause theMetersOwn;
         meter().Model().Advance(10'000);
         DISPCFG_setLanguage(language);
-    }
-    void LogInWhenAsked() {
-        if (!IsKeyboardShown()) return;
-        Enter("");
-        Enter("0");
     }
 };
 

@@ -17,13 +17,7 @@ constexpr int kMinutesPerHour = 60;
 constexpr int kSilentMinute = 30;  // of each hour
 constexpr std::uint32_t kJustBeforeTheWrap = 0xFFFFFFFF - 20;
 constexpr std::int64_t kMillisecondsPerSecond = 1000;
-constexpr std::uint64_t kSeed = 1;
 constexpr std::int32_t kEventLog = 69;
-
-long Hours() {
-    const char* asked = std::getenv("LONG_RUN_HOURS");
-    return asked != nullptr ? std::strtol(asked, nullptr, 10) : kHours;
-}
 
 /// The display for a long time, from a second before its tick counter wraps: it comes up, and then shows a screen for a
 /// minute each and sees its keys pressed. For a minute of each hour the meter is silent. Time is ticks.
@@ -60,6 +54,8 @@ protected:
         }
     }
 
+    const char* const asked = std::getenv("LONG_RUN_HOURS");
+    const long hours = asked != nullptr ? std::strtol(asked, nullptr, 10) : kHours;
     long missed = 0;   // seconds in which a screen did not refresh itself
     long tooMany = 0;  // or more than once
 
@@ -92,19 +88,19 @@ TEST_F(LongRun, NeitherGrowsNorDriftsNorMissesARefresh) {
     EXPECT_EQ(missed, 0);
     missed = tooMany = 0;
     const long before = AllocationCount::taken;
-    for (long hour = 0; hour < Hours() && !HasFailure(); ++hour) {
+    for (long hour = 0; hour < hours && !HasFailure(); ++hour) {
         PassAnHour();
         EXPECT_EQ(missed, 0) << "in hour " << hour;
         EXPECT_EQ(tooMany, 0) << "in hour " << hour;
         EXPECT_EQ(AllocationCount::taken, before) << "in hour " << hour;
     }
-    std::printf("%ld hours, %.0f days\n", Hours(), static_cast<double>(Hours()) / 24.0);
+    std::printf("%ld hours, %.0f days\n", hours, static_cast<double>(hours) / 24.0);
 }
 
 TEST_F(LongRun, KnowsTheYears2038And2106) {
     ComeUp();
     for (const auto& [year, lastSecond] : {std::pair{"2038", 0x7FFFFFFFLL}, {"2106", 0xFFFFFFFFLL}}) {
-        meter().Model() = meter::Meter(kSeed, (lastSecond - 5) * kMillisecondsPerSecond);
+        meter().Model() = meter::Meter(1, (lastSecond - 5) * kMillisecondsPerSecond);
         for (int second = 0; second < 10; ++second) meter().Model().Advance(kMillisecondsPerSecond);
         Show(kEventLog);
         Ticks(kTicksPerSecond);

@@ -20,6 +20,8 @@ protected:
         DISPCFG_setLanguage(language);
         VisitEverything();
         VisitEverySet();
+        TurnEveryPage();
+        AskAboutEveryChoice();
         meter().FallSilent();
         VisitEveryScreen();
         meter().Recover();

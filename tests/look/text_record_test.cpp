@@ -15,13 +15,6 @@ protected:
     void Add(const PegRect& rect, const char16_t* text, std::uint32_t more = 0) {
         AddNew<PegPrompt>(m_window, rect, text, std::uint16_t{0}, kStyleTextLeft | kStyleBorderNone | more);
     }
-    const std::vector<RecordedText>& Draw() {
-        Pump();
-        m_record.Clear();
-        Manager().Invalidate(m_window.Real());
-        Pump();
-        return m_record.Texts();
-    }
 
     TextRecord m_record{Screen()};
     PegWindow m_window{RectOf(0, 0, 319, 239), 0, kStyleBorderNone};
@@ -36,7 +29,8 @@ TEST_F(Record, TellsWhatIsWrongWithAText) {
     Add(RectOf(10, 100, 100, 120), u"covered");
     Add(RectOf(30, 100, 100, 120), nullptr);
     Add(RectOf(10, 130, 100, 150), u"\u2603");
-    const std::vector<RecordedText>& texts = Draw();
+    Pump();
+    const std::vector<RecordedText>& texts = m_record.Texts();
     EXPECT_FALSE(texts[kWhole].IsClipped() || texts[kWhole].LeavesItsRoom() || texts[kWhole].lacksGlyph);
     EXPECT_TRUE(texts[kTooLong].IsClipped() && texts[kTooLong].LeavesItsRoom());
     EXPECT_EQ(texts[kAbove].hits, std::vector<std::size_t>{kBelow});

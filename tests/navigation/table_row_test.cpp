@@ -35,50 +35,15 @@ TEST_F(TableRow, LeavesOutWhatHasNoSizeAndTakesAnyOtherNumberForOne) {
     }
 }
 
-TEST_F(TableRow, DrawsRowsLinesAndFrames) {
-    table.setGridColour(kBlue);
-    table.setRowColour(2, kRed);
-    EXPECT_EQ(Corner(11, 12), (Rows{
-                                  "...........",
-                                  ".#########.",
-                                  ".#...#...#.",
-                                  ".#...#...#.",
-                                  ".#########.",
-                                  ".#rrr#rrr#.",
-                                  ".#rrr#rrr#.",
-                                  ".#rrr#rrr#.",
-                                  ".#########.",
-                                  ".#...#...#.",
-                                  ".#########.",
-                                  "...........",
-                              }));
-    table.setOuterFrame(false);
-    table.setColumnLines(false);
-    table.setHeaderFrame(true);
-    table.setHeaderFrameColour(kGreen);
-    EXPECT_EQ(Corner(11, 12), (Rows{
-                                  "...........",
-                                  ".ggggggggg.",
-                                  ".g.......g.",
-                                  ".ggggggggg.",
-                                  ".#########.",
-                                  ".rrrrrrrrr.",
-                                  ".rrrrrrrrr.",
-                                  ".rrrrrrrrr.",
-                                  ".#########.",
-                                  "...........",
-                                  "...........",
-                                  "...........",
-                              }));
-    table.setRowLines(false);
-    EXPECT_EQ(Corner(11, 5)[4], ".rrrrrrrrr.");
-}
-
-TEST_F(TableRow, ClosesUpOverHiddenRowsAndPutsThemBack) {
+TEST_F(TableRow, DrawsRowsLinesAndFramesAndClosesUpOverHiddenRows) {
     table.setGridColour(kBlue);
     table.setRowColour(1, kGreen);
     table.setRowColour(2, kRed);
-    const Rows whole = Corner(11, 12);
+    const Rows whole = {
+        "...........", ".#########.", ".#ggg#ggg#.", ".#ggg#ggg#.", ".#########.", ".#rrr#rrr#.",
+        ".#rrr#rrr#.", ".#rrr#rrr#.", ".#########.", ".#...#...#.", ".#########.", "...........",
+    };
+    EXPECT_EQ(Corner(11, 12), whole);
     table.hideRow(2);
     table.hideRow(2);
     EXPECT_EQ(Corner(11, 8), (Rows{
@@ -98,6 +63,23 @@ TEST_F(TableRow, ClosesUpOverHiddenRowsAndPutsThemBack) {
     table.cell(1, 1).SetText(nullptr);
     for (const int row : {3, 1, 2}) table.showRow(row);
     EXPECT_EQ(Corner(11, 12), whole);
+    table.setOuterFrame(false);
+    table.setColumnLines(false);
+    table.setHeaderFrame(true);
+    table.setHeaderFrameColour(kRed);
+    EXPECT_EQ(Corner(11, 9), (Rows{
+                                 "...........",
+                                 ".rrrrrrrrr.",
+                                 ".rgggggggr.",
+                                 ".rrrrrrrrr.",
+                                 ".#########.",
+                                 ".rrrrrrrrr.",
+                                 ".rrrrrrrrr.",
+                                 ".rrrrrrrrr.",
+                                 ".#########.",
+                             }));
+    table.setRowLines(false);
+    EXPECT_EQ(Corner(11, 5)[4], ".rrrrrrrrr.");
 }
 
 TEST_F(TableRow, KeepsToTheMiddleWhileRowsComeAndGo) {

@@ -59,7 +59,7 @@ protected:
 
 using Range = std::array<std::uint32_t, 2>;
 
-TEST_F(AlarmScreens, ListActiveAlarmsAsTheyShould) {
+TEST_F(AlarmScreens, ListActiveAlarmsAndScrollWhenTheSelectionIsAtTheEndOfThePage) {
     Show(7);
     EXPECT_TRUE(PanelShows("alarms/active_empty"));
     Fill(2);
@@ -71,15 +71,9 @@ TEST_F(AlarmScreens, ListActiveAlarmsAsTheyShould) {
     EXPECT_TRUE(PanelShows("alarms/active_ten"));
     Press(KEY_SOFT_3);
     EXPECT_TRUE(PanelShows("alarms/active_second_selected"));
-    Press(KEY_SOFT_2);
-    EXPECT_TRUE(PanelShows("alarms/active_ten"));
-}
-
-TEST_F(AlarmScreens, ScrollWhenTheSelectionIsAtTheEndOfThePage) {
-    Fill(10);
-    Show(7);
-    Press(KEY_SOFT_3, 3);
+    Press(KEY_SOFT_3, 2);
     EXPECT_EQ(asked, (Range{0, 4})) << "the selection moves first";
+    unacknowledged = 0;
     Press(KEY_SOFT_3, 6);
     EXPECT_EQ(asked, (Range{6, 4}));
     EXPECT_TRUE(PanelShows("alarms/active_at_the_bottom"));
@@ -94,9 +88,22 @@ TEST_F(AlarmScreens, ScrollWhenTheSelectionIsAtTheEndOfThePage) {
     EXPECT_EQ(asked, (Range{0, 4}));
 }
 
-TEST_F(AlarmScreens, KeepTheirPlaceAndThePageFull) {
+TEST_F(AlarmScreens, KeepTheirPlaceAndThePageFullAndRecoverFromAFailedCall) {
     Fill(10);
     Show(7);
+    Press(KEY_SOFT_3, 5);
+    // Without entries the position stays; without their count it is lost.
+    for (const auto& [operation, first] :
+         {std::pair{"ALARMSINTERFACE_getActiveAlarms", 2U}, {"ALARMSINTERFACE_getActiveAlarmStats", 0U}}) {
+        meter().Fail(operation);
+        Ticks(21);
+        EXPECT_TRUE(PanelShows("alarms/active_empty")) << operation;
+        Press(KEY_SOFT_4);
+        EXPECT_EQ(Shown(), 7) << "nothing is selected";
+        meter().Recover();
+        Ticks(20);
+        EXPECT_EQ(asked, (Range{first, 4})) << "the next refresh recovers";
+    }
     Press(KEY_SOFT_3, 9);
     Show(9);
     EXPECT_EQ(asked, (Range{0, 4})) << "each list has a position of its own";
@@ -119,53 +126,28 @@ TEST_F(AlarmScreens, KeepTheirPlaceAndThePageFull) {
     EXPECT_EQ(asked, (Range{2, 4})) << "whatever is counted";
 }
 
-TEST_F(AlarmScreens, AreEmptyAfterAFailedCallAndRecover) {
-    Fill(10);
-    Show(7);
-    Press(KEY_SOFT_3, 5);
-    // Without entries the position stays; without their count it is lost.
-    for (const auto& [operation, first] :
-         {std::pair{"ALARMSINTERFACE_getActiveAlarms", 2U}, {"ALARMSINTERFACE_getActiveAlarmStats", 0U}}) {
-        meter().Fail(operation);
-        Ticks(21);
-        EXPECT_TRUE(PanelShows("alarms/active_empty")) << operation;
-        Press(KEY_SOFT_4);
-        EXPECT_EQ(Shown(), 7) << "nothing is selected";
-        meter().Recover();
-        Ticks(20);
-        EXPECT_EQ(asked, (Range{first, 4})) << "the next refresh recovers";
-    }
-}
-
 TEST_F(AlarmScreens, ShowOneAlarmInFullAndReturn) {
     Show(8);
     EXPECT_TRUE(PanelShows("alarms/detail_of_none"));
     Fill(10);
-    Show(7);
-    Press(KEY_SOFT_2_3);
-    Press(KEY_SOFT_4);
-    EXPECT_EQ(Shown(), 8);
-    EXPECT_TRUE(PanelShows("alarms/detail_active"));
-    meter().FallSilent();
-    Ticks(41);
-    alarms.clear();
-    EXPECT_EQ(meter().Calls("ALARMSINTERFACE_getActiveAlarms"), 1) << "a detail screen asks for nothing";
-    Press(KEY_SOFT_1);
-    EXPECT_EQ(Shown(), 7);
-    meter().Recover();
-
-    Fill(10);
     Show(9);
     EXPECT_TRUE(PanelShows("alarms/past_ten"));
-    Press(KEY_SOFT_2_3);
-    EXPECT_EQ(meter().Calls("ALARMSINTERFACE_ackActiveAlarms"), 1);
-    EXPECT_EQ(meter().Calls("ALARMSINTERFACE_ackHistoricalAlarms"), 1) << "each list acknowledges its own";
-    Press(KEY_SOFT_3, 3);
-    Press(KEY_SOFT_4);
-    EXPECT_EQ(Shown(), 10);
-    EXPECT_TRUE(PanelShows("alarms/detail_past"));
-    Press(KEY_SOFT_1);
-    EXPECT_EQ(Shown(), 9);
+    for (const auto& [list, steps, acknowledge, name] : {std::tuple{7, 0, "ALARMSINTERFACE_ackActiveAlarms", "active"},
+                                                         {9, 3, "ALARMSINTERFACE_ackHistoricalAlarms", "past"}}) {
+        Show(list);
+        meter().ForgetCalls();
+        Press(KEY_SOFT_2_3);
+        EXPECT_EQ(meter().Calls(acknowledge), 1);
+        Press(KEY_SOFT_3, steps);
+        Press(KEY_SOFT_4);
+        EXPECT_EQ(Shown(), list + 1);
+        meter().ForgetCalls();
+        Ticks(41);
+        EXPECT_EQ(meter().Calls("ALARMSINTERFACE_getActiveAlarms"), 0) << "a detail screen asks for nothing";
+        EXPECT_TRUE(PanelShows(std::string("alarms/detail_") + name));
+        Press(KEY_SOFT_1);
+        EXPECT_EQ(Shown(), list);
+    }
 }
 
 TEST_F(AlarmScreens, CountDurationsInDaysAndWrapAround) {
@@ -200,17 +182,14 @@ TEST_F(AlarmScreens, CutTextsWithoutEndInTheDetails) {
 TEST_F(AlarmScreens, AreOnlyCreatedForTheirOwnNumbers) {
     testing::internal::CaptureStdout();
     EXPECT_EQ(CreateActiveAlarmList(100), nullptr);
-    EXPECT_EQ(CreateHistoricalAlarmList(100), nullptr);
     EXPECT_EQ(CreateAlarmDetail(100), nullptr);
     EXPECT_EQ(CreateAlarmDetail(7), nullptr);
-    almActiveListScrnClass* list = CreateActiveAlarmList(7);
-    ASSERT_NE(list, nullptr);
+    ASSERT_NE(CreateActiveAlarmList(7), nullptr);
     Fill(1);
     Show(7);
     Press(KEY_SOFT_4);
     EXPECT_EQ(Shown(), 7);
     EXPECT_EQ(testing::internal::GetCapturedStdout(),
-              "\nFailed to add active alarm list screen\n"
               "\nFailed to add active alarm list screen\n"
               "\nFailed to add alarm detail screen\n"
               "\nInvalid detail screen ID\n"

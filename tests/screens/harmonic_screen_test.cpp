@@ -2,7 +2,6 @@
 
 #include <cstring>
 
-#include "peg/resources/resources.h"
 #include "screens/parameters/custom_screen.h"
 #include "simulator/bench/panel_bench.h"
 #include "tests/bench/test_on.h"
@@ -28,12 +27,6 @@ protected:
     void Create() {
         CreateCustomScreens();
         CreateHarmonicScreens();
-    }
-    /// Lines of colour above the foot of a bar, in its first column.
-    int HeightOfBar(int x) const {
-        int height = 0;
-        while (Pixel(x, 195 - height) == Pixel(x, 195)) ++height;
-        return height - 1;
     }
     /// What the last call asked for: channel and harmonic.
     static std::pair<std::uint32_t, std::uint32_t> Asked() {
@@ -84,29 +77,6 @@ TEST_F(HarmonicScreens, AskForTheirChannelAndRememberTheSelectionOfEach) {
     Press(KEY_SOFT_1);
     Press(KEY_SOFT_4);
     EXPECT_EQ(Shown(), 61) << "its parent is not there; nothing to the right";
-}
-
-TEST_F(HarmonicScreens, DrawBarsAsHighAsTheirShareOfTheFullScale) {
-    Create();
-    HarmonicData data{};
-    data.fullScale.Set(1000);
-    const std::array<std::uint32_t, 6> magnitudes = {5000, 0, 500, 1000, 11, 1100};
-    for (std::size_t i = 0; i < magnitudes.size(); ++i) data.magnitudes[i].Set(magnitudes[i]);
-    meter().Answer(kSpectrum, data);
-    Show(61);
-    EXPECT_EQ(HeightOfBar(46 + 8 * 1), 0);
-    EXPECT_EQ(HeightOfBar(46 + 8 * 2), 44);
-    EXPECT_EQ(HeightOfBar(46 + 8 * 3), 88);
-    EXPECT_EQ(HeightOfBar(46 + 8 * 4), 0) << "cut, not rounded";
-    EXPECT_EQ(HeightOfBar(46 + 8 * 5), 96) << "above the scale";
-    EXPECT_EQ(Pixel(46, 195), 0xFFFF) << "the fundamental has no bar";
-    EXPECT_EQ(Pixel(46 + 8 * 2 + 6, 195), PegResources::GetColor(0x56));
-    EXPECT_EQ(Pixel(46 + 8 * 2 + 7, 195), 0xFFFF) << "a gap of one pixel";
-    EXPECT_EQ(Pixel(46 + 8 * 3, 195), PegResources::GetColor(0x55));
-    EXPECT_EQ(Pixel(46 + 8 * 31, 195), 0xFFFF) << "no bar behind the last";
-    for (int i = 0; i < 3; ++i) Press(KEY_SOFT_3);
-    EXPECT_EQ(Pixel(46 + 8 * 3, 195), PegResources::GetColor(11));
-    EXPECT_EQ(Pixel(46 + 8 * 4, 195), PegResources::GetColor(0x56)) << "the selected bar takes its turn";
 }
 
 TEST_F(HarmonicScreens, HaveRoomFor63HarmonicsOfAnyMagnitude) {

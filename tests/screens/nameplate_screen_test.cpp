@@ -1,7 +1,5 @@
 #include "screens/nameplate/nameplate_screen.h"
 
-#include "localization/display_config.h"
-#include "peg/core/screen.h"
 #include "rda/records.h"
 #include "screens/parameters/custom_screen.h"
 #include "simulator/bench/panel_bench.h"
@@ -58,34 +56,6 @@ TEST_F(Nameplate, LeavesOutTheModelOnTheOtherVariant) {
     EXPECT_TRUE(PanelShows("nameplate/mid_page_0"));
     Press(KEY_SOFT_3);
     EXPECT_TRUE(PanelShows("nameplate/page_1"));
-}
-
-/// The texts of prompts below a thing that are wider than their prompt.
-void CollectTextsThatDoNotFit(const PegThing& thing, std::vector<std::u16string>& found) {
-    for (PegThing* child = thing.FirstChild(); child != nullptr; child = child->Next()) {
-        CollectTextsThatDoNotFit(*child, found);
-        if (child->Type() != TYPE_PROMPT) continue;
-        const auto& prompt = static_cast<const PegPrompt&>(*child);
-        const int width = PegScreen::TextWidth(prompt.Text(), prompt.Font());
-        if (width > prompt.ClientRect().Width()) found.emplace_back(prompt.Text());
-    }
-}
-
-TEST_F(Nameplate, FitsInEveryLanguage) {
-    Show(kNameplate);
-    for (std::uint32_t language = 0; language < 6; ++language) {
-        DISPCFG_setLanguage(language);
-        for (int page = 0; page < kPages; ++page) {
-            Ticks(41);
-            std::vector<std::u16string> found;
-            CollectTextsThatDoNotFit(*Navigation().getCurrentScreen(), found);
-            EXPECT_TRUE(found.empty()) << "language " << language << ", page " << page;
-            Press(KEY_SOFT_3);
-        }
-        for (int page = 1; page < kPages; ++page) Press(KEY_SOFT_2);
-    }
-    Press(KEY_SOFT_3);
-    EXPECT_TRUE(PanelShows("nameplate/russian"));
 }
 
 }  // namespace

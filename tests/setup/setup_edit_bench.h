@@ -61,11 +61,7 @@ protected:
 
     /// What was written last, after the register's four bytes.
     static std::string Written() {
-        std::string text;
         const auto payload = meter().LastPayload(kWrite);
-        for (std::size_t i = 4; i < payload.size() && payload[i] != std::byte{0}; ++i) {
-            text += static_cast<char>(payload[i]);
-        }
-        return text;
+        return payload.empty() ? "" : reinterpret_cast<const char*>(payload.data()) + sizeof(WireU32);
     }
 };

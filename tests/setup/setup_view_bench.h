@@ -50,12 +50,5 @@ protected:
         Enter("1");
     }
 
-    /// Frames that reach the panel during a number of ticks.
-    int FramesIn(int ticks) {
-        const int before = Screen().flushes;
-        Ticks(ticks);
-        return Screen().flushes - before;
-    }
-
     const std::int32_t home = Navigation().getCurrentScreenId();
 };

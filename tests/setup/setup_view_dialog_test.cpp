@@ -42,14 +42,14 @@ TEST_F(SetupViewDialogs, SayWhyNot) {
         EXPECT_TRUE(IsScreenAsBefore());
     }
     Access(0);
-    for (const bool isSilent : {false, true}) {
-        if (isSilent) meter().FallSilent();
-        Press(KEY_SOFT_4);
-        EXPECT_TRUE(PanelShows("setup/view_no_access")) << "a meter that cannot be asked allows nothing";
-        Press(KEY_SOFT_1);
-        Press(KEY_SOFT_4);
-        EXPECT_TRUE(IsScreenAsBefore()) << "and the selection is left alone";
+    for (const std::int32_t screen : {103, 198, kScreen}) {
+        Open(screen);
+        for (const KeyCode key : {KEY_SOFT_4, KEY_SOFT_1, KEY_SOFT_3, KEY_SOFT_4}) Press(key);
+        EXPECT_TRUE(PanelShows("setup/view_" + std::to_string(screen))) << "the selection is left alone";
     }
+    meter().FallSilent();
+    Press(KEY_SOFT_4);
+    EXPECT_TRUE(PanelShows("setup/view_no_access")) << "a meter that cannot be asked allows nothing";
 }
 
 TEST_F(SetupViewDialogs, CloseByThemselvesAndEndTheLogin) {
@@ -74,12 +74,7 @@ TEST_F(SetupViewDialogs, GiveWayWhenTheScreenIsLeft) {
     for (const bool byHomeKey : {false, true}) {
         Press(KEY_SOFT_4);
         EXPECT_TRUE(IsKeyboardShown());
-        if (byHomeKey) {
-            Press(KEY_HOME);
-        } else {
-            navigationHandlerClass::postNavigateTo(kCurrentMenu);
-            Pump();
-        }
+        byHomeKey ? Press(KEY_HOME) : Show(kCurrentMenu);
         EXPECT_EQ(Navigation().getScreenKind(Shown()), SCREEN_KIND_MENU);
         EXPECT_FALSE(IsKeyboardShown());
         Open(kScreen);
@@ -88,18 +83,6 @@ TEST_F(SetupViewDialogs, GiveWayWhenTheScreenIsLeft) {
     Open(136);
     Press(KEY_SOFT_4);
     EXPECT_FALSE(IsKeyboardShown()) << "there is nothing to change";
-}
-
-TEST_F(SetupViewDialogs, LeaveTheSelectionAlone) {
-    Access(0);
-    for (const std::int32_t list : {103, 198}) {
-        Open(list);
-        Press(KEY_SOFT_4);
-        Press(KEY_SOFT_1);
-        if (list == 198) Press(KEY_SOFT_3);
-        Press(KEY_SOFT_4);
-        EXPECT_TRUE(PanelShows("setup/view_" + std::to_string(list)));
-    }
 }
 
 TEST_F(SetupViewDialogs, LeadHomeAndEndTheLoginAfterThirtySecondsWithoutAKey) {

@@ -17,7 +17,6 @@ TEST_F(ValueScreen, WritesEveryRegisterAndReadsItBack) {
     for (const ValueRow& row : kValueRows) {
         const std::string before = HeldText(row.registerId);
         Open(row.screen);
-        ASSERT_EQ(Shown(), row.screen);
         Press(KEY_SOFT_4);
         EXPECT_EQ(Shown(), kView) << "unchanged: no question";
 

@@ -8,6 +8,9 @@
 #include "navigation/menu_trees.h"
 #include "rda/records/register.h"
 #include "screens/base/options_menu_table.h"
+#include "screens/nameplate/nameplate_pages.h"
+#include "setup/edit/choice_list.h"
+#include "setup/edit/choice_screen.h"
 
 namespace {
 
@@ -17,6 +20,7 @@ constexpr std::uint32_t kUnlocked = 0;
 constexpr int kTicksToValues = 2;  // a screen of settings reads its values at its first tick
 constexpr std::uint32_t kLocked = 2;
 constexpr std::int32_t kAnyData = 11;  // a data screen
+constexpr std::int32_t kNameplate = 98;
 constexpr std::uint32_t kLastAlarmStatus = 12;
 constexpr int kLongestPassword = 16;
 
@@ -175,6 +179,29 @@ void PanelTour::ChangeEverySetting() {
         Press(KEY_SOFT_4);
         LookAt(NameOf(id) + " refused");
         Press(KEY_SOFT_4);
+    }
+}
+
+void PanelTour::TurnEveryPage() {
+    GoTo(kNameplate);
+    Press(KEY_SOFT_2, kNameplatePages);
+    for (std::size_t page = 0; page < kNameplatePages; ++page) {
+        LookAt(NameOf(kNameplate));
+        Press(KEY_SOFT_3);
+    }
+}
+
+void PanelTour::AskAboutEveryChoice() {
+    ChoiceList& list = ChoiceList::getInstance();
+    for (const ChoiceRow& row : kChoiceRows) {
+        for (int choice = 0; choice == 0 || choice < list.visibleCount(); ++choice) {
+            GoTo(row.screen);
+            Press(KEY_SOFT_2, list.visibleCount());
+            Press(KEY_SOFT_3, choice);
+            LookAt(NameOf(row.screen));
+            Press(KEY_SOFT_4);
+            if (Navigation().getCurrentScreenId() == row.screen) LookAt(NameOf(row.screen) + " confirmation");
+        }
     }
 }
 

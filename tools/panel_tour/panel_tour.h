@@ -22,6 +22,8 @@ protected:
     void OpenEveryDialog();
     void ChangeEverySetting();
     void ShowEveryHeader();
+    void TurnEveryPage();        // of the nameplate
+    void AskAboutEveryChoice();  // of the settings that are chosen
 
     /// All of that in turn, but the headers.
     void VisitEverything();
