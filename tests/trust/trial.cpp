@@ -1,31 +1,25 @@
 #include "tests/trust/trial.h"
 
-#include <fcntl.h>
 #include <sys/mman.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
-#include <array>
+#include <algorithm>
 #include <cstdio>
 #include <cstring>
 #include <stdexcept>
-#include <string_view>
+
+#include "tests/bench/shell.h"
 
 extern "C" void __gcov_dump() __attribute__((weak));  // there in a build that counts branches
 
 namespace {
 
-constexpr std::size_t kLastWords = 500;  // of the console, in a verdict on a trial that died
+constexpr std::size_t kLastWords = 500;  // of the console, when a trial died
 
 int console = -1;
 
-std::string ContentOf(int file) {
-    std::string content;
-    std::array<char, 4096> buffer;
-    for (ssize_t count; (count = ::pread(file, buffer.data(), buffer.size(), static_cast<off_t>(content.size()))) > 0;)
-        content.append(buffer.data(), static_cast<std::size_t>(count));
-    return content;
-}
+std::string PathOf(int file) { return "/proc/self/fd/" + std::to_string(file); }
 
 [[noreturn]] void RunTrial(const std::function<std::string()>& trial, unsigned seconds, int report) {
     ::dup2(console, STDOUT_FILENO);
@@ -35,29 +29,17 @@ std::string ContentOf(int file) {
     try {
         words = trial();
     } catch (const std::exception& error) {
-        words = error.what();
+        words = std::string("; ") + error.what();
     }
+    std::ofstream(PathOf(report)) << words;
     std::fflush(stdout);
-    for (std::string_view left = words; !left.empty();) {
-        const ssize_t count = ::write(report, left.data(), left.size());
-        if (count <= 0) break;
-        left.remove_prefix(static_cast<std::size_t>(count));
-    }
     if (__gcov_dump != nullptr) __gcov_dump();
     ::_exit(0);  // the display's tasks are still there
 }
 
-std::string HowItDied(int status) {
-    if (WIFEXITED(status) && WEXITSTATUS(status) == 0) return {};
-    const std::string words = ContentOf(console);
-    const std::string tail = words.size() > kLastWords ? words.substr(words.size() - kLastWords) : words;
-    if (WIFSIGNALED(status)) return std::string(::strsignal(WTERMSIG(status))) + "; its last words: " + tail;
-    return "status " + std::to_string(WEXITSTATUS(status)) + "; its last words: " + tail;
-}
-
 }  // namespace
 
-Verdict Try(const std::function<std::string()>& trial, unsigned seconds) {
+std::string Try(const std::function<std::string()>& trial, unsigned seconds) {
     const int report = ::memfd_create("report", MFD_CLOEXEC);
     console = ::memfd_create("console", MFD_CLOEXEC);
     std::fflush(stdout);
@@ -66,13 +48,18 @@ Verdict Try(const std::function<std::string()>& trial, unsigned seconds) {
     if (process == 0) RunTrial(trial, seconds, report);
     int status = 0;
     ::waitpid(process, &status, 0);
-    Verdict verdict{HowItDied(status), ContentOf(report)};
+    std::string words = ContentOf(PathOf(report));
+    if (status != 0) {
+        const std::string said = Console();
+        words = WIFSIGNALED(status) ? ::strsignal(WTERMSIG(status)) : "status " + std::to_string(WEXITSTATUS(status));
+        words = "; " + words + "; its last words: " + said.substr(said.size() - std::min(said.size(), kLastWords));
+    }
     ::close(report);
     ::close(console);
-    return verdict;
+    return words;
 }
 
 std::string Console() {
     std::fflush(stdout);
-    return ContentOf(console);
+    return ContentOf(PathOf(console));
 }
