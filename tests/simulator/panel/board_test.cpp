@@ -39,15 +39,6 @@ int Request(const char* device, int request, int argument) {
     return result;
 }
 
-/// Reads one record with an opening of its own, as the display does.
-std::array<std::uint8_t, 8> ReadKey() {
-    std::array<std::uint8_t, 8> record{};
-    const int keys = os::open("/buttons", os::kReadOnly);
-    EXPECT_EQ(os::read(keys, record.data(), record.size()), 8);
-    os::close(keys);
-    return record;
-}
-
 TEST_F(EmulatedBoard, CountsEveryFrameAndShowsTheNewest) {
     constexpr unsigned kBursts = 50;
     constexpr unsigned kFrames = 5;
@@ -95,7 +86,11 @@ TEST_F(EmulatedBoard, LosesNoKeyBetweenTwoOpenings) {
         const auto low = static_cast<std::uint8_t>(i);
         const auto high = static_cast<std::uint8_t>(i >> 8);
         const auto state = static_cast<std::uint8_t>(i % 2);
-        ASSERT_EQ(ReadKey(), (std::array<std::uint8_t, 8>{low, high, 0, 0, state, 0, 0, 0}));
+        std::array<std::uint8_t, 8> record{};
+        const int keys = os::open("/buttons", os::kReadOnly);  // for each record, as the display does
+        ASSERT_EQ(os::read(keys, record.data(), record.size()), 8);
+        os::close(keys);
+        ASSERT_EQ(record, (std::array<std::uint8_t, 8>{low, high, 0, 0, state, 0, 0, 0}));
     }
     fingers.join();
 }

@@ -8,6 +8,7 @@
 
 #include <algorithm>
 #include <cstdlib>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -22,11 +23,6 @@ public:
         std::string body;
     };
 
-    struct Message {
-        int opcode = -1;  // 1 text, 2 binary, 8 close, -1 when the connection ended
-        std::string payload;
-    };
-
     explicit HttpClient(int port) : m_port(port), m_socket(::socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC, 0)) {
         constexpr timeval kPatience{10, 0};
         const sockaddr_in address{AF_INET, htons(static_cast<std::uint16_t>(port)), {htonl(INADDR_LOOPBACK)}, {}};
@@ -34,12 +30,8 @@ public:
         EXPECT_EQ(::connect(m_socket.Get(), reinterpret_cast<const sockaddr*>(&address), sizeof address), 0);
     }
 
-    void Send(std::string_view bytes) { EXPECT_TRUE(Offer(bytes)); }
-
-    /// Sends to a server that may have hung up. @return whether it took the bytes
-    bool Offer(std::string_view bytes) {
-        return ::send(m_socket.Get(), bytes.data(), bytes.size(), MSG_NOSIGNAL) == static_cast<ssize_t>(bytes.size());
-    }
+    /// The server may have hung up.
+    void Send(std::string_view bytes) { ::send(m_socket.Get(), bytes.data(), bytes.size(), MSG_NOSIGNAL); }
 
     /// Leaves the server as little room as there can be for what is not read.
     void Stall() {
@@ -86,22 +78,20 @@ public:
                        extra);
     }
 
-    Message ReadMessage() {
-        Message message;
-        for (bool complete = false; !complete;) {
+    /// The next message of a kind: 1 text, 2 binary, 8 the last. Nothing when the connection ended.
+    std::optional<std::string> ReadMessage(char kind) {
+        for (;;) {
             const std::string start = ReadBytes(2);
-            if (start.size() < 2) return {};
-            complete = (start[0] & 0x80) != 0;
-            if ((start[0] & 0x0F) != 0) message.opcode = start[0] & 0x0F;
+            if (start.size() < 2) return std::nullopt;
             std::size_t length = start[1] & 0x7F;
             if (length >= 126) {
                 const std::string bytes = ReadBytes(length == 126 ? 2 : 8);
                 length = 0;
                 for (const char byte : bytes) length = length << 8 | static_cast<unsigned char>(byte);
             }
-            message.payload += ReadBytes(length);
+            std::string message = ReadBytes(length);
+            if ((start[0] & 0x0F) == kind) return message;
         }
-        return message;
     }
 
     void SendMessage(std::string_view text) {

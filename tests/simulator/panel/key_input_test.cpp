@@ -4,6 +4,8 @@
 
 #include <sstream>
 #include <string>
+#include <utility>
+#include <vector>
 
 namespace {
 
@@ -11,13 +13,8 @@ using std::chrono::milliseconds;
 
 /// What fingers do, word by word, and the records that come out: "2+" presses key 2, "2-" releases it, "79" waits so
 /// many milliseconds; "=6+" expects that record next, and none before it. Nothing else may come.
-struct Case {
-    const char* what;
-    const char* story;
-};
-
 // clang-format off
-const Case kCases[] = {
+constexpr std::pair<const char*, const char*> kStories[] = {
     {"the other keys are reported at once, each change once",
      "1+ =1+ 1+ 1- =1- 1- 4+ =4+ 4- =4- 5+ =5+ 5- =5- 6+ =6+ 6- =6-"},
     {"2 and 3 are one key",                         "2+ 79 3+ =6+ 500 2- =6- 3-"},
@@ -30,7 +27,7 @@ const Case kCases[] = {
 // clang-format on
 
 TEST(KeyInput, TellsWhatTheFingersMean) {
-    for (const auto& [what, story] : kCases) {
+    for (const auto& [what, story] : kStories) {
         SCOPED_TRACE(what);
         std::vector<std::string> records;
         panel::KeyInput input([&records](panel::KeyRecord record) {

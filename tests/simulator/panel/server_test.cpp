@@ -1,14 +1,58 @@
 #include "simulator/panel/server.h"
 
+#include <fcntl.h>
+#include <unistd.h>
+
+#include <fstream>
+#include <memory>
+#include <nlohmann/json.hpp>
 #include <thread>
+#include <vector>
 
 #include "simulator/meter/link/control_socket.h"
-#include "tests/simulator/panel/panel_server.h"
+#include "tests/simulator/panel/emulated_board.h"
+#include "tests/simulator/panel/http_client.h"
 
 namespace {
 
-using panel::KeyRecord;
-using Records = std::vector<KeyRecord>;
+using Records = std::vector<panel::KeyRecord>;
+
+/// A board with its server on a free port.
+class PanelServer : public EmulatedBoard {
+protected:
+    ~PanelServer() override { m_server.reset(); }
+
+    HttpClient Client() { return HttpClient(m_server->Port()); }
+    HttpClient Viewer() {
+        HttpClient viewer = Client();
+        EXPECT_EQ(viewer.Upgrade("/live").status, 101);
+        return viewer;
+    }
+    HttpClient::Reply Ask(const std::string& method, const std::string& target, const std::string& body = {},
+                          const std::string& extra = {}) {
+        return Client().Ask(method, target, body, extra);
+    }
+    std::string Host() const { return "Host: 127.0.0.1:" + std::to_string(m_server->Port()) + "\r\n"; }
+
+    void WriteFrame(char value) {
+        std::fstream frame(m_root / "db9000_fb", std::ios::in | std::ios::out | std::ios::binary);
+        frame << std::string(panel::kFrameBytes, value);
+    }
+
+    /// The key records that come, as many as expected, and then what else there is.
+    Records Keys(std::size_t count) {
+        Records records;
+        panel::KeyRecord record{};
+        Eventually([&] {
+            while (::read(m_keys.Get(), &record, sizeof record) == sizeof record) records.push_back(record);
+            return records.size() >= count;
+        });
+        return records;
+    }
+
+    std::unique_ptr<panel::Server> m_server = std::make_unique<panel::Server>(board(), 0, "");
+    const Descriptor m_keys{::open((m_root / "buttons").c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC)};
+};
 
 TEST_F(PanelServer, ServesThePageWithItsTypesAndItsPolicy) {
     const auto page = Ask("GET", "/");
@@ -98,16 +142,13 @@ TEST_F(PanelServer, AViewerSeesStateAndFramesAndHoldsKeys) {
     WriteFrame(7);
     ASSERT_TRUE(Eventually([this] { return board().NewestFrame()->front() == 7; }));
     {
-        HttpClient viewer = Client();
-        ASSERT_EQ(viewer.Upgrade("/live").status, 101);
-        const auto state = nlohmann::json::parse(viewer.ReadMessage().payload);
+        HttpClient viewer = Viewer();
+        const auto state = nlohmann::json::parse(viewer.ReadMessage(1).value());
         EXPECT_EQ(state["frames"], 1);
         EXPECT_EQ(state["backlight"], (nlohmann::json{{"level", 255}, {"on", true}}));
         EXPECT_EQ(state["lines"], (nlohmann::json{0, 0, 1}));
         EXPECT_EQ(state["meter"], nullptr);
-        HttpClient::Message frame = viewer.ReadMessage();
-        while (frame.opcode == 1) frame = viewer.ReadMessage();
-        EXPECT_EQ(frame.payload, std::string(panel::kFrameBytes, 7));
+        EXPECT_EQ(viewer.ReadMessage(2), std::string(panel::kFrameBytes, 7));
         viewer.SendMessage("soft2 down");
         viewer.SendMessage("soft3 down");
         EXPECT_EQ(Keys(1), (Records{{6, 0}}));
@@ -129,10 +170,7 @@ TEST_F(PanelServer, TellsWhenThereAreTooMany) {
     idle.clear();
     EXPECT_TRUE(Eventually([this] { return Ask("GET", "/state").status == 200; })) << "when they are gone";
     std::vector<HttpClient> viewers;
-    for (std::size_t i = 0; i < kViewers; ++i) {
-        viewers.push_back(Client());
-        EXPECT_EQ(viewers.back().Upgrade("/live").status, 101);
-    }
+    for (std::size_t i = 0; i < kViewers; ++i) viewers.push_back(Viewer());
     EXPECT_EQ(Client().Upgrade("/live").status, 503);
 }
 
@@ -143,8 +181,7 @@ TEST_F(PanelServer, WaitsForNobodyForever) {
         slow.push_back(Client());
         slow.back().Send(start);
     }
-    HttpClient viewer = Client();
-    viewer.Upgrade("/live");
+    HttpClient viewer = Viewer();
     viewer.Send(std::string{static_cast<char>(0x81)});
     EXPECT_EQ(Ask("GET", "/state").status, 200) << "meanwhile";
     for (HttpClient& client : slow) {
@@ -167,12 +204,9 @@ TEST_F(PanelServer, HangsUpOnAViewerThatTalksNonsense) {
           Frame(0x81, 0x80 | 13, "home sideways"), Frame(0x81, 0x80, ""), Frame(0x81, 0x80 | 60, std::string(60, 'x')),
           Frame(0x82, 0x80 | 33, std::string(40, 'x')), std::string("\x81\xFF\x7F") + std::string(100, '\xFF'),
           std::string("\x81\xFE\xFF\xFF") + std::string(70'000, 'x')}) {
-        HttpClient viewer = Client();
-        ASSERT_EQ(viewer.Upgrade("/live").status, 101);
-        viewer.Offer(bytes);
-        HttpClient::Message message = viewer.ReadMessage();
-        while (message.opcode == 1 || message.opcode == 2) message = viewer.ReadMessage();
-        EXPECT_TRUE(message.opcode == 8 || viewer.IsEnded()) << testing::PrintToString(bytes.substr(0, 20));
+        HttpClient viewer = Viewer();
+        viewer.Send(bytes);
+        EXPECT_TRUE(viewer.ReadMessage(8) || viewer.IsEnded()) << testing::PrintToString(bytes.substr(0, 20));
     }
     EXPECT_EQ(Client().Upgrade("/other").status, 404);
     EXPECT_EQ(Keys(0), Records{});
@@ -180,9 +214,8 @@ TEST_F(PanelServer, HangsUpOnAViewerThatTalksNonsense) {
 
 TEST_F(PanelServer, PutsLinesToTheMeter) {
     const std::string path = (m_root / "meter").string();
-    m_server.reset();
-    Serve(path);
-    EXPECT_EQ(State()["meter"], false);
+    m_server = std::make_unique<panel::Server>(board(), 0, path);
+    EXPECT_EQ(nlohmann::json::parse(Ask("GET", "/state").body)["meter"], false);
     EXPECT_EQ(Ask("POST", "/meter", "state").status, 502);
     meter::ControlSocket meter(path, [](std::string_view line) { return "ok " + std::string(line); });
     HttpClient client = Client();
@@ -197,6 +230,54 @@ TEST_F(PanelServer, PutsLinesToTheMeter) {
     for (const std::string body : {"", "\n", "scenario sag\nnavigate 7", "a\rb"})
         EXPECT_EQ(Ask("POST", "/meter", body).status, 400);
     EXPECT_EQ(Ask("GET", "/meter").status, 405);
+}
+
+/// Several looking on, as browsers do.
+class Viewers : public PanelServer {};
+
+TEST_F(Viewers, WhoStallLeaveTheOthersTheirFramesAndGetTheNewest) {
+    constexpr char kFrames = 50;
+    HttpClient stalled = Viewer();
+    stalled.Stall();
+    HttpClient reader = Viewer();
+    for (char value = 1; value <= kFrames; ++value) {
+        WriteFrame(value);
+        auto frame = reader.ReadMessage(2);
+        while (frame && frame->front() != value) frame = reader.ReadMessage(2);
+        EXPECT_TRUE(frame) << "each frame comes before the next is written";
+    }
+    int seen = 0;
+    auto frame = stalled.ReadMessage(2);
+    for (; frame && frame->front() != kFrames; frame = stalled.ReadMessage(2)) ++seen;
+    EXPECT_TRUE(frame);
+    EXPECT_LT(seen, kFrames - 1) << "it did stall";
+}
+
+TEST_F(Viewers, SeeWhatTheProgramsPrintAndWhatWasRefused) {
+    std::ofstream(m_root / "display.log") << "first\n\n\tsecond \"quoted\" \xFF\nhalf";
+    std::ofstream(m_root / "notes.txt") << "no console\n";
+    HttpClient viewer = Viewer();
+    viewer.SendMessage("console on");
+    const auto linesUntil = [&viewer](const char* text) {
+        std::string lines;
+        while (lines.find(text) == std::string::npos) {
+            const auto message = viewer.ReadMessage(1);
+            if (!message) return "ended: " + lines;
+            if (message->starts_with("{\"console\"")) lines += *message;
+        }
+        return lines;
+    };
+    const std::string lines = linesUntil("second");
+    EXPECT_NE(lines.find("\"source\":\"display\""), std::string::npos) << lines;
+    EXPECT_NE(lines.find("\\tsecond \\\"quoted\\\" \xEF\xBF\xBD"), std::string::npos) << lines;
+    EXPECT_EQ(lines.find("half"), std::string::npos);
+    EXPECT_EQ(lines.find("no console"), std::string::npos);
+    std::ofstream(m_root / "display.log", std::ios::app) << " and whole\n";
+    EXPECT_NE(linesUntil("whole").find("half and whole"), std::string::npos);
+    std::ofstream(m_root / "display.log") << "anew\n";
+    EXPECT_NE(linesUntil("anew").find("\"text\":\"anew\""), std::string::npos);
+    Ask("GET", "/nothing");
+    EXPECT_NE(linesUntil("nothing").find("404"), std::string::npos);
 }
 
 }  // namespace
