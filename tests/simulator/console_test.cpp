@@ -101,8 +101,7 @@ TEST_F(ConsoleLines, SetEveryFaultThatTheStateNames) {
 TEST(ConsoleCommands, SendEachOfTheFifteen) {
     std::string sent;
     Bytes payload;
-    const DisplayLink display([&](std::string_view operation, std::span<const std::byte> bytes,
-                                  std::uint32_t responseSize) -> std::optional<Bytes> {
+    const DisplayLink display([&](auto operation, auto bytes, std::uint32_t responseSize) {
         sent = std::string(operation) + " for " + std::to_string(responseSize);
         payload.assign(bytes.begin(), bytes.end());
         Bytes reply(responseSize);
