@@ -1,21 +1,14 @@
 #pragma once
 
-#include <arpa/inet.h>
-#include <gtest/gtest.h>
-#include <netinet/in.h>
-#include <sys/socket.h>
 #include <sys/time.h>
 
-#include <algorithm>
 #include <cstdlib>
 #include <optional>
-#include <string>
-#include <string_view>
 
-#include "simulator/descriptor.h"
+#include "tests/simulator/link_bench.h"
 
 /// A connection to a server on 127.0.0.1 that says exactly what the test wants it to.
-class HttpClient {
+class HttpClient : public bench::Connection {
 public:
     struct Reply {
         int status = 0;  // 0 when the connection ended without an answer
@@ -23,15 +16,11 @@ public:
         std::string body;
     };
 
-    explicit HttpClient(int port) : m_port(port), m_socket(::socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC, 0)) {
+    explicit HttpClient(int port) : Connection(static_cast<std::uint16_t>(port)), m_port(port) {
         constexpr timeval kPatience{10, 0};
-        const sockaddr_in address{AF_INET, htons(static_cast<std::uint16_t>(port)), {htonl(INADDR_LOOPBACK)}, {}};
         ::setsockopt(m_socket.Get(), SOL_SOCKET, SO_RCVTIMEO, &kPatience, sizeof kPatience);
-        EXPECT_EQ(::connect(m_socket.Get(), reinterpret_cast<const sockaddr*>(&address), sizeof address), 0);
+        EXPECT_TRUE(IsOpen());
     }
-
-    /// The server may have hung up.
-    void Send(std::string_view bytes) { ::send(m_socket.Get(), bytes.data(), bytes.size(), MSG_NOSIGNAL); }
 
     /// Leaves the server as little room as there can be for what is not read.
     void Stall() {
@@ -65,7 +54,7 @@ public:
     }
 
     /// Whether the server ends the connection, instead of saying more or nothing.
-    bool IsEnded() {
+    bool HangsUp() {
         char byte = 0;
         return ::recv(m_socket.Get(), &byte, 1, 0) == 0;
     }
@@ -110,5 +99,4 @@ private:
     }
 
     int m_port;
-    Descriptor m_socket;
 };

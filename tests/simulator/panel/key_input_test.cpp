@@ -5,14 +5,13 @@
 #include <sstream>
 #include <string>
 #include <utility>
-#include <vector>
 
 namespace {
 
 using std::chrono::milliseconds;
 
 /// What fingers do, word by word, and the records that come out: "2+" presses key 2, "2-" releases it, "79" waits so
-/// many milliseconds; "=6+" expects that record next, and none before it. Nothing else may come.
+/// many milliseconds; "=6+" is a record that comes then.
 // clang-format off
 constexpr std::pair<const char*, const char*> kStories[] = {
     {"the other keys are reported at once, each change once",
@@ -28,21 +27,15 @@ constexpr std::pair<const char*, const char*> kStories[] = {
 
 TEST(KeyInput, TellsWhatTheFingersMean) {
     for (const auto& [what, story] : kStories) {
-        SCOPED_TRACE(what);
-        std::vector<std::string> records;
-        panel::KeyInput input([&records](panel::KeyRecord record) {
-            records.push_back("=" + std::to_string(record.code) + (record.state == 0 ? "+" : "-"));
+        std::string told;
+        panel::KeyInput input([&told](panel::KeyRecord record) {
+            told += " =" + std::to_string(record.code) + (record.state == 0 ? "+" : "-");
         });
         panel::KeyInput::Time now{};
-        std::size_t taken = 0;
         std::istringstream words(story);
         for (std::string word; words >> word;) {
-            if (word.front() == '=') {
-                ASSERT_LT(taken, records.size()) << word;
-                EXPECT_EQ(records[taken++], word);
-                continue;
-            }
-            EXPECT_EQ(taken, records.size()) << "before " << word;
+            if (word.front() == '=') continue;
+            told += " " + word;
             const auto key = static_cast<panel::Key>(word.front() - '0');
             if (word.back() == '+') {
                 input.Press(key, now);
@@ -53,7 +46,7 @@ TEST(KeyInput, TellsWhatTheFingersMean) {
                 input.Tick(now);
             }
         }
-        EXPECT_EQ(taken, records.size()) << "at the end";
+        EXPECT_EQ(told, std::string(" ") + story) << what;
     }
 }
 

@@ -85,7 +85,7 @@ TEST_F(PanelServer, AnswersOneRequestOnAConnection) {
     }
     HttpClient client = Client();
     EXPECT_EQ(client.Ask("GET", "/state", {}, "Content-Length: 0\r\n").status, 200) << "an empty body is none";
-    EXPECT_TRUE(client.IsEnded());
+    EXPECT_TRUE(client.HangsUp());
 }
 
 TEST_F(PanelServer, RefusesWhatItDoesNotKnow) {
@@ -186,7 +186,7 @@ TEST_F(PanelServer, WaitsForNobodyForever) {
     EXPECT_EQ(Ask("GET", "/state").status, 200) << "meanwhile";
     for (HttpClient& client : slow) {
         EXPECT_EQ(client.Read().status, 408);
-        EXPECT_TRUE(client.IsEnded());
+        EXPECT_TRUE(client.HangsUp());
     }
 }
 
@@ -206,7 +206,7 @@ TEST_F(PanelServer, HangsUpOnAViewerThatTalksNonsense) {
           std::string("\x81\xFE\xFF\xFF") + std::string(70'000, 'x')}) {
         HttpClient viewer = Viewer();
         viewer.Send(bytes);
-        EXPECT_TRUE(viewer.ReadMessage(8) || viewer.IsEnded()) << testing::PrintToString(bytes.substr(0, 20));
+        EXPECT_TRUE(viewer.ReadMessage(8) || viewer.HangsUp()) << testing::PrintToString(bytes.substr(0, 20));
     }
     EXPECT_EQ(Client().Upgrade("/other").status, 404);
     EXPECT_EQ(Keys(0), Records{});
