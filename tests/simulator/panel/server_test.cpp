@@ -28,10 +28,6 @@ protected:
         EXPECT_EQ(viewer.Upgrade("/live").status, 101);
         return viewer;
     }
-    HttpClient::Reply Ask(const std::string& method, const std::string& target, const std::string& body = {},
-                          const std::string& extra = {}) {
-        return Client().Ask(method, target, body, extra);
-    }
     std::string Host() const { return "Host: 127.0.0.1:" + std::to_string(m_server->Port()) + "\r\n"; }
 
     void WriteFrame(char value) {
@@ -55,22 +51,22 @@ protected:
 };
 
 TEST_F(PanelServer, ServesThePageWithItsTypesAndItsPolicy) {
-    const auto page = Ask("GET", "/");
+    const auto page = Client().Ask("GET", "/");
     EXPECT_EQ(page.status, 200);
     EXPECT_NE(page.headers.find("content-type: text/html"), std::string::npos);
     EXPECT_NE(page.headers.find("content-security-policy: default-src 'none'"), std::string::npos);
     EXPECT_THROW(panel::Server(board(), m_server->Port(), ""), std::runtime_error) << "its port is taken";
-    EXPECT_NE(Ask("GET", "/panel.js").headers.find("text/javascript"), std::string::npos);
+    EXPECT_NE(Client().Ask("GET", "/panel.js").headers.find("text/javascript"), std::string::npos);
 }
 
 TEST_F(PanelServer, PutsKeysIntoTheBoard) {
-    EXPECT_EQ(Ask("POST", "/keys/soft1").status, 204);
-    EXPECT_EQ(Ask("POST", "/keys/home?state=down").status, 204);
-    EXPECT_EQ(Ask("POST", "/keys/home?state=up").status, 204);
-    EXPECT_EQ(Ask("POST", "/keys/soft23", "any body").status, 204);
-    EXPECT_EQ(Ask("POST", "/keys/soft3").status, 204);
+    EXPECT_EQ(Client().Ask("POST", "/keys/soft1").status, 204);
+    EXPECT_EQ(Client().Ask("POST", "/keys/home?state=down").status, 204);
+    EXPECT_EQ(Client().Ask("POST", "/keys/home?state=up").status, 204);
+    EXPECT_EQ(Client().Ask("POST", "/keys/soft23", "any body").status, 204);
+    EXPECT_EQ(Client().Ask("POST", "/keys/soft3").status, 204);
     EXPECT_EQ(Keys(8), (Records{{1, 0}, {1, 1}, {5, 0}, {5, 1}, {6, 0}, {6, 1}, {3, 0}, {3, 1}}));
-    Ask("POST", "/keys/soft2?state=down");
+    Client().Ask("POST", "/keys/soft2?state=down");
     EXPECT_EQ(Keys(1), (Records{{2, 0}})) << "held alone, it comes when its time is over";
 }
 
@@ -99,24 +95,24 @@ TEST_F(PanelServer, RefusesWhatItDoesNotKnow) {
                                                  {"POST", "/state", 405},
                                                  {"DELETE", "/", 405},
                                                  {"PUT", "/frame.png", 405}}) {
-        EXPECT_EQ(Ask(method, target).status, status) << method << " " << target;
+        EXPECT_EQ(Client().Ask(method, target).status, status) << method << " " << target;
     }
-    EXPECT_NE(Ask("POST", "/state").headers.find("allow: GET"), std::string::npos);
-    EXPECT_NE(Ask("GET", "/keys/home").headers.find("allow: POST"), std::string::npos);
+    EXPECT_NE(Client().Ask("POST", "/state").headers.find("allow: GET"), std::string::npos);
+    EXPECT_NE(Client().Ask("GET", "/keys/home").headers.find("allow: POST"), std::string::npos);
     EXPECT_EQ(Keys(0), Records{});
 }
 
 TEST_F(PanelServer, BoundsWhatItReads) {
-    EXPECT_EQ(Ask("POST", "/keys/home", std::string(512, 'x')).status, 204);
+    EXPECT_EQ(Client().Ask("POST", "/keys/home", std::string(512, 'x')).status, 204);
     EXPECT_EQ(Keys(2), (Records{{5, 0}, {5, 1}}));
     for (const std::size_t size : {513U, 100'000U})
-        EXPECT_EQ(Ask("POST", "/keys/home", std::string(size, 'x')).status, 413);
+        EXPECT_EQ(Client().Ask("POST", "/keys/home", std::string(size, 'x')).status, 413);
     HttpClient huge = Client();
     huge.Send("POST /keys/home HTTP/1.1\r\n" + Host() + "Content-Length: 99999999999999999999\r\n\r\n");
     EXPECT_EQ(huge.Read().status, 413);
     Client().Send("GET / HTTP/1.1\r\nX: " + std::string(100'000, 'x'));
     Client().Send("no HTTP at all\r\n\r\n");
-    EXPECT_EQ(Ask("GET", "/state").status, 200) << "it goes on";
+    EXPECT_EQ(Client().Ask("GET", "/state").status, 200) << "it goes on";
     EXPECT_EQ(Keys(0), Records{});
 }
 
@@ -125,8 +121,8 @@ TEST_F(PanelServer, RefusesOtherPagesAndOtherHosts) {
     for (const std::string& origin : {std::string("http://evil.example"), "http://127.0.0.1:1" + port,
                                       "https://localhost:" + port, std::string("null")}) {
         const std::string header = "Origin: " + origin + "\r\n";
-        EXPECT_EQ(Ask("POST", "/keys/home", {}, header).status, 403) << origin;
-        EXPECT_EQ(Ask("GET", "/frame.png", {}, header).status, 403) << origin;
+        EXPECT_EQ(Client().Ask("POST", "/keys/home", {}, header).status, 403) << origin;
+        EXPECT_EQ(Client().Ask("GET", "/frame.png", {}, header).status, 403) << origin;
         EXPECT_EQ(Client().Upgrade("/live", header).status, 403) << origin;
     }
     for (const std::string& host : {"Host: evil.example:" + port, std::string("Host: 127.0.0.1")}) {
@@ -134,7 +130,7 @@ TEST_F(PanelServer, RefusesOtherPagesAndOtherHosts) {
         client.Send("GET /state HTTP/1.1\r\n" + host + "\r\n\r\n");
         EXPECT_EQ(client.Read().status, 403) << host;
     }
-    EXPECT_EQ(Ask("POST", "/keys/home", {}, "Origin: http://localhost:" + port + "\r\n").status, 204);
+    EXPECT_EQ(Client().Ask("POST", "/keys/home", {}, "Origin: http://localhost:" + port + "\r\n").status, 204);
     EXPECT_EQ(Keys(2), (Records{{5, 0}, {5, 1}}));
 }
 
@@ -168,7 +164,7 @@ TEST_F(PanelServer, TellsWhenThereAreTooMany) {
     for (std::size_t i = 0; i < kConnections; ++i) idle.push_back(Client());
     ASSERT_TRUE(Eventually([this] { return Client().Read().status == 503; }));
     idle.clear();
-    EXPECT_TRUE(Eventually([this] { return Ask("GET", "/state").status == 200; })) << "when they are gone";
+    EXPECT_TRUE(Eventually([this] { return Client().Ask("GET", "/state").status == 200; })) << "when they are gone";
     std::vector<HttpClient> viewers;
     for (std::size_t i = 0; i < kViewers; ++i) viewers.push_back(Viewer());
     EXPECT_EQ(Client().Upgrade("/live").status, 503);
@@ -183,7 +179,7 @@ TEST_F(PanelServer, WaitsForNobodyForever) {
     }
     HttpClient viewer = Viewer();
     viewer.Send(std::string{static_cast<char>(0x81)});
-    EXPECT_EQ(Ask("GET", "/state").status, 200) << "meanwhile";
+    EXPECT_EQ(Client().Ask("GET", "/state").status, 200) << "meanwhile";
     for (HttpClient& client : slow) {
         EXPECT_EQ(client.Read().status, 408);
         EXPECT_TRUE(client.HangsUp());
@@ -215,12 +211,12 @@ TEST_F(PanelServer, HangsUpOnAViewerThatTalksNonsense) {
 TEST_F(PanelServer, PutsLinesToTheMeter) {
     const std::string path = (m_root / "meter").string();
     m_server = std::make_unique<panel::Server>(board(), 0, path);
-    EXPECT_EQ(nlohmann::json::parse(Ask("GET", "/state").body)["meter"], false);
-    EXPECT_EQ(Ask("POST", "/meter", "state").status, 502);
+    EXPECT_EQ(nlohmann::json::parse(Client().Ask("GET", "/state").body)["meter"], false);
+    EXPECT_EQ(Client().Ask("POST", "/meter", "state").status, 502);
     meter::ControlSocket meter(path, [](std::string_view line) { return "ok " + std::string(line); });
     HttpClient client = Client();
     client.Send("POST /meter HTTP/1.1\r\n" + Host() + "Content-Length: 10\r\n\r\nnavigate 7");
-    EXPECT_EQ(Ask("GET", "/state").status, 200) << "a waiting line holds up nobody";
+    EXPECT_EQ(Client().Ask("GET", "/state").status, 200) << "a waiting line holds up nobody";
     const std::jthread serving([&meter](const std::stop_token& stop) {
         while (!stop.stop_requested()) meter.Serve();
     });
@@ -228,8 +224,8 @@ TEST_F(PanelServer, PutsLinesToTheMeter) {
     EXPECT_EQ(reply.status, 200);
     EXPECT_EQ(reply.body, "ok navigate 7\n");
     for (const std::string body : {"", "\n", "scenario sag\nnavigate 7", "a\rb"})
-        EXPECT_EQ(Ask("POST", "/meter", body).status, 400);
-    EXPECT_EQ(Ask("GET", "/meter").status, 405);
+        EXPECT_EQ(Client().Ask("POST", "/meter", body).status, 400);
+    EXPECT_EQ(Client().Ask("GET", "/meter").status, 405);
 }
 
 /// Several looking on, as browsers do.
@@ -276,7 +272,7 @@ TEST_F(Viewers, SeeWhatTheProgramsPrintAndWhatWasRefused) {
     EXPECT_NE(linesUntil("whole").find("half and whole"), std::string::npos);
     std::ofstream(m_root / "display.log") << "anew\n";
     EXPECT_NE(linesUntil("anew").find("\"text\":\"anew\""), std::string::npos);
-    Ask("GET", "/nothing");
+    Client().Ask("GET", "/nothing");
     EXPECT_NE(linesUntil("nothing").find("404"), std::string::npos);
 }
 
