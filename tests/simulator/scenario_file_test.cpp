@@ -86,7 +86,7 @@ TEST_F(PlayedFile, ChangesTheNetworkAndDoesWhatIsDue) {
         Live(seconds);
         EXPECT_NEAR(m_meter.Value(VoltageL1) / before, part, 0.02) << seconds << " seconds later";
     }
-    EXPECT_EQ(TextIn(bench::Get(m_meter, 111).value), "600.00");
+    EXPECT_EQ(TextIn(Get(111).value), "600.00");
     Live(2);
     EXPECT_EQ(m_server.GetFault(), Fault::Slow);
     Live(2);

@@ -13,7 +13,7 @@ protected:
         m_meter.Play(*FindScenario(name));
         m_meter.Advance(30'000);
     }
-    std::uint32_t Status() { return bench::AskWord(m_meter, "ALARMSINTERFACE_getGlobalAlarmStatus"); }
+    std::uint32_t Status() { return AskWord("ALARMSINTERFACE_getGlobalAlarmStatus"); }
 };
 
 TEST_F(Scenes, ASagRaisesAlarmsThatEndWithIt) {
@@ -32,7 +32,7 @@ TEST_F(Scenes, ASagRaisesAlarmsThatEndWithIt) {
     Play("normal");
     EXPECT_FALSE(IsActive("Voltage sag L2"));
     EXPECT_EQ(Status(), 12U);
-    const auto newest = bench::Ask<AlarmEntry>(m_meter, "ALARMSINTERFACE_getHistoricalAlarms", bench::Words({0, 1}));
+    const auto newest = Ask<AlarmEntry>("ALARMSINTERFACE_getHistoricalAlarms", bench::Words({0, 1}));
     EXPECT_EQ(newest.hasEnded.Get(), 1);
     EXPECT_GE(newest.endSeconds.Get(), newest.startSeconds.Get() + 20);
     EXPECT_FALSE(TextIn(newest.endTime).empty());
@@ -79,14 +79,13 @@ TEST_F(Scenes, EachSituationShowsInWhatIsMeasured) {
 TEST_F(Scenes, ADeltaSystemHasNoPhaseVoltagesButLineVoltages) {
     Play("delta");
     EXPECT_TRUE(std::isnan(m_meter.Value(VoltageL1)));
-    EXPECT_EQ(TextIn(bench::Get(m_meter, 3705).value), "---");
-    EXPECT_EQ(TextIn(bench::Get(m_meter, reg::kWiring).value), "DELTA");
+    EXPECT_EQ(TextIn(Get(3705).value), "---");
+    EXPECT_EQ(TextIn(Get(reg::kWiring).value), "DELTA");
     EXPECT_NEAR(m_meter.Value(VoltageL12), 400.0, 25.0);
     EXPECT_GT(m_meter.Value(ApparentTotal), 0.0);
-    const auto bar =
-        bench::Ask<MinMaxBarData>(m_meter, "PQINTERFACE_getMinMaxBarData", bench::Words({3706, 3707, 3705}));
+    const auto bar = Ask<MinMaxBarData>("PQINTERFACE_getMinMaxBarData", bench::Words({3706, 3707, 3705}));
     EXPECT_EQ(bar.present.valid.Get(), 0U);
-    const auto phasor = bench::Ask<PhasorEntry>(m_meter, "PQINTERFACE_getPhasorData", bench::Words({1}));
+    const auto phasor = Ask<PhasorEntry>("PQINTERFACE_getPhasorData", bench::Words({1}));
     EXPECT_EQ(TextIn(phasor.magnitudeLabel), "U12");
 }
 
