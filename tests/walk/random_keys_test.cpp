@@ -26,11 +26,44 @@ constexpr int kMillisecondsPerSecond = 1000;
 /// All is drawn, but the pixels are left out. The meter lives a second in a second of ticks.
 class WalkBench : public PanelBench {
 protected:
-    WalkBench();
+    WalkBench() {
+        Screen().blind = true;
+        BuildApplication(Manager());
+        Pump();
+        for (std::int32_t id = SCREEN_ID_FACTORY_TEST; id <= kLastCommandedScreen; ++id) {
+            const bool isMenu = id >= MenuOfMode(DISPLAY_MODE_NORMAL) && id <= MenuOfMode(DISPLAY_MODE_TEST);
+            // A number that no screen has counts as a menu's.
+            if (isMenu || Navigation().getScreenKind(id) != SCREEN_KIND_MENU) unseen.insert(id);
+        }
+        meter().TakeEveryCall([this](auto operation, auto payload, auto response) {
+            const bool answered = Answer(operation, payload, response);
+            watch.OnCall(operation, answered ? response : response.first(0), m_done);
+            return answered;
+        });
+        Pump();
+    }
 
     /// Invents strokes until so many keys were pressed, or something goes wrong. A display that hangs is ended by a
     /// signal. What the display prints is left out: megabytes.
-    void Walk(unsigned seed, long most, bool withFaults);
+    void Walk(unsigned seed, long most, bool withFaults) {
+        std::fflush(stdout);
+        const int output = dup(STDOUT_FILENO);
+        const int nothing = open("/dev/null", O_WRONLY | O_CLOEXEC);
+        dup2(nothing, STDOUT_FILENO);
+        StrokeGenerator generator(seed, withFaults);
+        while (keys < most && fault.empty()) {
+            if (strokes++ % kStrokesBetweenLooks == 0) alarm(kHangSeconds);
+            const Stroke stroke = generator.Next(Shown(), unseen);
+            Do(stroke);
+            AfterStroke(stroke);
+            if (fault.empty()) fault = watch.fault;
+        }
+        alarm(0);
+        std::fflush(stdout);
+        dup2(output, STDOUT_FILENO);
+        close(output);
+        close(nothing);
+    }
 
     virtual void AfterStroke(const Stroke&) {}
 
@@ -41,147 +74,92 @@ protected:
     std::set<std::int32_t> unseen;  // screens
 
 private:
-    void Do(const Stroke& stroke);
-    void Move(std::uint8_t key, bool down);
-    void Deliver();
-    void Pass(int ticks);
-    bool Answer(std::string_view operation, std::span<const std::byte> payload, std::span<std::byte> response);
-    void Look();
+    void Do(const Stroke& stroke) {
+        switch (stroke.kind) {
+            case Stroke::Kind::Press:
+                for (int i = 0; i < stroke.times; ++i) {
+                    Move(stroke.key, true);
+                    Pass(stroke.held);
+                    Move(stroke.key, false);
+                }
+                break;
+            case Stroke::Kind::Chord:
+                Move(stroke.key, true);
+                Move(stroke.other, true);
+                Pass(stroke.held);
+                Move(stroke.key, false);
+                Move(stroke.other, false);
+                break;
+            case Stroke::Kind::Command: stroke.command(stroke.argument); break;
+            case Stroke::Kind::Link:
+                m_link = stroke.link;
+                meter().Model().Play(*meter::FindScenario(m_link == LinkState::Refusing ? "refused-writes" : "normal"));
+                break;
+        }
+        Deliver();
+        Pass(stroke.then);
+        meter().ForgetCalls();
+    }
+
+    /// A record of the keys device; the toolkit does not look yet.
+    void Move(std::uint8_t key, bool down) {
+        keys += down ? 1 : 0;
+        handleButtonEvent({.kind = kPanelKey, .pressed = down ? 1U : 0U, .value = key, .extra = 0});
+    }
+
+    void Deliver() {
+        PegMessage message;
+        while (toolkit.queue->Poll(message)) {
+            if (Manager().RouteToTaskQueue(message) != 0) continue;
+            watch.Before(message);
+            Manager().DispatchMessage(message);
+            watch.After(message);
+            Look();
+        }
+    }
+
+    void Pass(int ticks) {
+        for (int i = 0; i < ticks; ++i) {
+            postToolkitTick();
+            Deliver();
+            if (++m_ticks % kTicksPerSecond == 0) meter().Model().Advance(kMillisecondsPerSecond);
+        }
+    }
+
+    /// What holds at any time.
+    void Look() {
+        const PegThing* shown = Manager().FirstChild();
+        unseen.erase(Shown() == kCurrentMenu ? MenuOfMode(Navigation().getDisplayMode()) : Shown());
+        if (!fault.empty()) return;
+        if (shown == nullptr || shown->Next() != nullptr) {
+            fault = "not one screen is on the panel";
+        } else if (shown != Navigation().getCurrentScreen()) {
+            fault = "another screen is on the panel than the keys go to";
+        }
+    }
+
+    bool Answer(std::string_view operation, std::span<const std::byte> payload, std::span<std::byte> response) {
+        m_done = false;
+        if (m_link == LinkState::Silent) return false;
+        if (m_link == LinkState::Garbage) {
+            for (std::byte& one : response) {
+                m_noise = m_noise * 1'664'525U + 1'013'904'223U;
+                one = static_cast<std::byte>(m_noise >> 24);
+            }
+            return true;
+        }
+        const bool answered = meter().Model().Answer(operation, payload, response);
+        m_done = answered && (response.empty() || WriteWatch::IsAccepted(response));
+        if (response.empty() || (m_link != LinkState::ReplyLost && m_link != LinkState::ReplyCut)) return answered;
+        std::ranges::fill(response.subspan(m_link == LinkState::ReplyLost ? 0 : response.size() / 2), std::byte{0});
+        return false;
+    }
 
     LinkState m_link = LinkState::Whole;
     bool m_done = false;  // whether the meter did what it was asked last
     std::uint32_t m_noise = 1;
     int m_ticks = 0;
 };
-
-WalkBench::WalkBench() {
-    Screen().blind = true;
-    BuildApplication(Manager());
-    Pump();
-    for (std::int32_t id = SCREEN_ID_FACTORY_TEST; id <= kLastCommandedScreen; ++id) {
-        const bool isMenu = id >= MenuOfMode(DISPLAY_MODE_NORMAL) && id <= MenuOfMode(DISPLAY_MODE_TEST);
-        // A number that no screen has counts as a menu's.
-        if (isMenu || Navigation().getScreenKind(id) != SCREEN_KIND_MENU) unseen.insert(id);
-    }
-    meter().TakeEveryCall([this](auto operation, auto payload, auto response) {
-        const bool answered = Answer(operation, payload, response);
-        watch.OnCall(operation, answered ? response : response.first(0), m_done);
-        return answered;
-    });
-    Pump();
-}
-
-void WalkBench::Walk(unsigned seed, long most, bool withFaults) {
-    std::fflush(stdout);
-    const int output = dup(STDOUT_FILENO);
-    const int nothing = open("/dev/null", O_WRONLY | O_CLOEXEC);
-    dup2(nothing, STDOUT_FILENO);
-    StrokeGenerator generator(seed, withFaults);
-    while (keys < most && fault.empty()) {
-        if (strokes++ % kStrokesBetweenLooks == 0) alarm(kHangSeconds);
-        const Stroke stroke = generator.Next(Shown(), unseen);
-        Do(stroke);
-        AfterStroke(stroke);
-        if (fault.empty()) fault = watch.fault;
-    }
-    alarm(0);
-    std::fflush(stdout);
-    dup2(output, STDOUT_FILENO);
-    close(output);
-    close(nothing);
-}
-
-void WalkBench::Do(const Stroke& stroke) {
-    switch (stroke.kind) {
-        case Stroke::Kind::Press:
-            for (int i = 0; i < stroke.times; ++i) {
-                Move(stroke.key, true);
-                Pass(stroke.held);
-                Move(stroke.key, false);
-            }
-            break;
-        case Stroke::Kind::Chord:
-            Move(stroke.key, true);
-            Move(stroke.other, true);
-            Pass(stroke.held);
-            Move(stroke.key, false);
-            Move(stroke.other, false);
-            break;
-        case Stroke::Kind::Go:
-            if (stroke.target < 0)
-                navigationHandlerClass::postDispTest();
-            else
-                navigationHandlerClass::postNavigateTo(static_cast<std::uint32_t>(stroke.target));
-            break;
-        case Stroke::Kind::Mode:
-            if (stroke.target < 2)
-                navigationHandlerClass::postAltModeState(static_cast<std::uint32_t>(stroke.target));
-            else
-                navigationHandlerClass::postTestModeState(static_cast<std::uint32_t>(stroke.target - 2));
-            break;
-        case Stroke::Kind::Link:
-            m_link = static_cast<LinkState>(stroke.target);
-            meter().Model().Play(*meter::FindScenario(m_link == LinkState::Refusing ? "refused-writes" : "normal"));
-            break;
-    }
-    Deliver();
-    Pass(stroke.then);
-    meter().ForgetCalls();
-}
-
-/// A record of the keys device; the toolkit does not look yet.
-void WalkBench::Move(std::uint8_t key, bool down) {
-    keys += down ? 1 : 0;
-    handleButtonEvent({.kind = kPanelKey, .pressed = down ? 1U : 0U, .value = key, .extra = 0});
-}
-
-void WalkBench::Deliver() {
-    PegMessage message;
-    while (toolkit.queue->Poll(message)) {
-        if (Manager().RouteToTaskQueue(message) != 0) continue;
-        watch.Before(message);
-        Manager().DispatchMessage(message);
-        watch.After(message);
-        Look();
-    }
-}
-
-void WalkBench::Pass(int ticks) {
-    for (int i = 0; i < ticks; ++i) {
-        postToolkitTick();
-        Deliver();
-        if (++m_ticks % kTicksPerSecond == 0) meter().Model().Advance(kMillisecondsPerSecond);
-    }
-}
-
-/// What holds at any time.
-void WalkBench::Look() {
-    const PegThing* shown = Manager().FirstChild();
-    unseen.erase(Shown() == kCurrentMenu ? MenuOfMode(Navigation().getDisplayMode()) : Shown());
-    if (!fault.empty()) return;
-    if (shown == nullptr || shown->Next() != nullptr) {
-        fault = "not one screen is on the panel";
-    } else if (shown != Navigation().getCurrentScreen()) {
-        fault = "another screen is on the panel than the keys go to";
-    }
-}
-
-bool WalkBench::Answer(std::string_view operation, std::span<const std::byte> payload, std::span<std::byte> response) {
-    m_done = false;
-    if (m_link == LinkState::Silent) return false;
-    if (m_link == LinkState::Garbage) {
-        for (std::byte& one : response) {
-            m_noise = m_noise * 1'664'525U + 1'013'904'223U;
-            one = static_cast<std::byte>(m_noise >> 24);
-        }
-        return true;
-    }
-    const bool answered = meter().Model().Answer(operation, payload, response);
-    m_done = answered && (response.empty() || WriteWatch::IsAccepted(response));
-    if (response.empty() || (m_link != LinkState::ReplyLost && m_link != LinkState::ReplyCut)) return answered;
-    std::ranges::fill(response.subspan(m_link == LinkState::ReplyLost ? 0 : response.size() / 2), std::byte{0});
-    return false;
-}
 
 /// Somebody who presses keys at random for a long time, and knows the password.
 class RandomKeys : public WalkBench {

@@ -4,6 +4,7 @@
 #include <string_view>
 
 #include "navigation/entry/keyboard_window.h"
+#include "navigation/navigation_handler.h"
 #include "tests/navigation/keyboard_keys.h"
 
 namespace {
@@ -42,11 +43,16 @@ Stroke StrokeGenerator::Next(std::int32_t shown, const std::set<std::int32_t>& u
     if (m_withFaults && Once(m_linkBroken ? kRepair : kFault)) {
         m_linkBroken = !m_linkBroken;
         const int state = m_linkBroken ? Any(1, kLinkStates - 1) : 0;
-        return {.kind = Stroke::Kind::Link, .target = static_cast<std::int16_t>(state)};
+        return {.kind = Stroke::Kind::Link, .link = static_cast<LinkState>(state)};
     }
     // The picture of the display test is left by a command as well as by its key.
     if (Once(shown == SCREEN_ID_FACTORY_TEST ? 4 : kJump)) return Jump(unseen);
-    if (Once(kModeCommand)) return {.kind = Stroke::Kind::Mode, .target = static_cast<std::int16_t>(Any(0, 3))};
+    if (Once(kModeCommand)) {
+        const auto mode = static_cast<std::uint32_t>(Any(0, 3));
+        const auto command =
+            mode < 2 ? navigationHandlerClass::postAltModeState : navigationHandlerClass::postTestModeState;
+        return {.kind = Stroke::Kind::Command, .command = command, .argument = mode % 2};
+    }
 
     Stroke stroke{.key = AnyKey(), .then = AnyWait()};
     if (keyboardWin::getInstance().IsVisible() && !Once(kSlip)) {
@@ -68,7 +74,11 @@ Stroke StrokeGenerator::Next(std::int32_t shown, const std::set<std::int32_t>& u
 Stroke StrokeGenerator::Jump(const std::set<std::int32_t>& unseen) {
     std::int32_t target = Any(0, kLastCommandedScreen);
     if (!unseen.empty() && Once(2)) target = *std::next(unseen.begin(), Any(0, static_cast<int>(unseen.size()) - 1));
-    return {.kind = Stroke::Kind::Go, .target = static_cast<std::int16_t>(target)};
+    const auto displayTest = [](std::uint32_t) { navigationHandlerClass::postDispTest(); };
+    if (target < 0) return {.kind = Stroke::Kind::Command, .command = displayTest};
+    return {.kind = Stroke::Kind::Command,
+            .command = navigationHandlerClass::postNavigateTo,
+            .argument = static_cast<std::uint32_t>(target)};
 }
 
 std::uint8_t StrokeGenerator::AnyKey() {

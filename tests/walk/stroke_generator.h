@@ -6,27 +6,8 @@
 
 #include "navigation/screen_ids.h"
 
-/// One thing that happens to the display: somebody moves keys, time passes, the meter commands, or the link breaks.
-struct Stroke {
-    enum class Kind : std::uint8_t {
-        Press,  // key down, held, up; `times` times before the display looks
-        Chord,  // two keys down, held, both up in the order in which they went down
-        Go,     // the meter sends the display to screen `target`
-        Mode,   // the meter sends it to display mode `target`
-        Link,   // the link is in state `target` from now on
-    };
-
-    Kind kind = Kind::Press;
-    std::uint8_t key = 0;  // index of a key of the panel
-    std::uint8_t other = 0;
-    std::uint8_t times = 1;
-    std::int16_t target = 0;
-    std::uint16_t held = 0;  // ticks while keys are down
-    std::uint16_t then = 0;  // ticks until the next stroke
-};
-
-/// States of the link, for Kind::Link.
-enum class LinkState : std::int16_t {
+/// States of the link.
+enum class LinkState {
     Whole,
     Silent,     // nothing reaches the meter
     ReplyLost,  // the meter does it, but no reply comes back
@@ -35,6 +16,26 @@ enum class LinkState : std::int16_t {
     Refusing,   // the meter refuses every write
 };
 inline constexpr int kLinkStates = 6;
+
+/// One thing that happens to the display: somebody moves keys, time passes, the meter commands, or the link breaks.
+struct Stroke {
+    enum class Kind : std::uint8_t {
+        Press,    // key down, held, up; `times` times before the display looks
+        Chord,    // two keys down, held, both up in the order in which they went down
+        Command,  // of the meter
+        Link,     // is in that state from now on
+    };
+
+    Kind kind = Kind::Press;
+    std::uint8_t key = 0;  // index of a key of the panel
+    std::uint8_t other = 0;
+    std::uint8_t times = 1;
+    LinkState link = LinkState::Whole;
+    void (*command)(std::uint32_t argument) = nullptr;
+    std::uint32_t argument = 0;
+    std::uint16_t held = 0;  // ticks while keys are down
+    std::uint16_t then = 0;  // ticks until the next stroke
+};
 
 /// Keys of the panel, by their index in a ButtonEvent.
 inline constexpr std::uint8_t kHomeKey = 0;
