@@ -10,21 +10,19 @@ using bench::Connection;
 
 class Control : public testing::Test {
 protected:
-    Connection Connect() const { return Connection(m_path.string()); }
     void Say(const Connection& connection, std::string_view lines) {
         connection.Send(lines);
         for (int i = 0; i < 3; ++i) m_control.Serve();
     }
 
-    const std::filesystem::path m_path =
-        std::filesystem::temp_directory_path() / ("meter-control-" + std::to_string(::getpid()));
+    const std::string m_path = std::filesystem::temp_directory_path() / ("meter-control-" + std::to_string(::getpid()));
     meter::ControlSocket m_control{m_path, [](std::string_view line) { return "heard " + std::string(line); }};
 };
 
 TEST_F(Control, AnswersEachLineWithOneAndTracesToWhomAskedUntilHeHasEnough) {
-    Connection endless = Connect();
-    Connection watcher = Connect();
-    Connection client = Connect();
+    Connection endless(m_path);
+    Connection watcher(m_path);
+    Connection client(m_path);
     Say(endless, std::string(5000, 'x'));
     EXPECT_EQ(endless.Take(), "");
     EXPECT_TRUE(endless.IsEnded());
@@ -41,7 +39,7 @@ TEST_F(Control, AnswersEachLineWithOneAndTracesToWhomAskedUntilHeHasEnough) {
 }
 
 TEST_F(Control, TellsAReaderThatDoesNotReadHowManyLinesHeLost) {
-    Connection watcher = Connect();
+    Connection watcher(m_path);
     Say(watcher, "trace on\n");
     constexpr int kLines = 2000;
     for (int i = 0; i < kLines; ++i) {

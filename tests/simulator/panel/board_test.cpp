@@ -46,10 +46,10 @@ TEST_F(EmulatedBoard, CountsEveryFrameAndShowsTheNewest) {
         for (unsigned frame = 1; frame <= kFrames; ++frame)
             WriteFrame(static_cast<std::uint8_t>(burst * kFrames + frame));
         const auto newest = static_cast<std::uint8_t>(burst * kFrames + kFrames);
-        ASSERT_TRUE(Eventually([&] { return board().NewestFrame()->front() == newest; })) << burst;
-        ASSERT_EQ(board().State().frames, burst * kFrames);
+        ASSERT_TRUE(Eventually([&] { return m_board->NewestFrame()->front() == newest; })) << burst;
+        ASSERT_EQ(m_board->State().frames, burst * kFrames);
     }
-    EXPECT_TRUE(board().State().displayUp);
+    EXPECT_TRUE(m_board->State().displayUp);
 }
 
 TEST_F(EmulatedBoard, NeverShowsHalfAFrame) {
@@ -65,7 +65,7 @@ TEST_F(EmulatedBoard, NeverShowsHalfAFrame) {
     std::shared_ptr<const panel::Frame> last;
     int seen = 0;
     EXPECT_TRUE(Eventually([&] {
-        const auto frame = board().NewestFrame();
+        const auto frame = m_board->NewestFrame();
         if (frame != last) ++seen;
         last = frame;
         if (std::ranges::adjacent_find(*frame, std::ranges::not_equal_to()) == frame->end()) return seen >= 250;
@@ -80,7 +80,7 @@ TEST_F(EmulatedBoard, LosesNoKeyBetweenTwoOpenings) {
     constexpr int kCount = 2000;
     std::thread fingers([this] {
         for (int i = 0; i < kCount; ++i)
-            while (!board().Send({i, i % 2})) std::this_thread::yield();
+            while (!m_board->Send({i, i % 2})) std::this_thread::yield();
     });
     for (int i = 0; i < kCount; ++i) {
         const auto low = static_cast<std::uint8_t>(i);
@@ -97,7 +97,7 @@ TEST_F(EmulatedBoard, LosesNoKeyBetweenTwoOpenings) {
 
 TEST_F(EmulatedBoard, SaysWhenNobodyReadsTheKeys) {
     int sent = 0;
-    while (sent < 100'000 && board().Send({1, 0})) ++sent;
+    while (sent < 100'000 && m_board->Send({1, 0})) ++sent;
     EXPECT_EQ(sent, 512);
 }
 
@@ -120,9 +120,9 @@ TEST_F(EmulatedBoard, RefusesRequestsThatItsDevicesDoNotHaveAndEndsNoOtherConnec
 
 TEST_F(EmulatedBoard, SeesThatTheDisplayWaitsForKeysAndThatItLeft) {
     const int keys = os::open("/buttons", os::kReadOnly);
-    EXPECT_TRUE(Eventually([this] { return board().State().displayUp; }));
+    EXPECT_TRUE(Eventually([this] { return m_board->State().displayUp; }));
     os::close(keys);
-    EXPECT_TRUE(Eventually([this] { return !board().State().displayUp; }));
+    EXPECT_TRUE(Eventually([this] { return !m_board->State().displayUp; }));
 }
 
 TEST_F(EmulatedBoard, TakesOverWhatAnEarlierRunLeftAndRefusesWhatIsNoBoard) {
@@ -132,7 +132,7 @@ TEST_F(EmulatedBoard, TakesOverWhatAnEarlierRunLeftAndRefusesWhatIsNoBoard) {
     const fs::path stale = m_root / "db9000_bl";
     ASSERT_EQ(::mknod(stale.c_str(), S_IFSOCK | 0600, 0), 0);
     m_board.emplace(m_root);
-    EXPECT_EQ(board().NewestFrame()->back(), 9) << "the picture stays on the glass";
+    EXPECT_EQ(m_board->NewestFrame()->back(), 9) << "the picture stays on the glass";
     EXPECT_EQ(Request("/db9000_bl", 0x20047A36, 0), 255);
     EXPECT_THROW(panel::Board{m_root}, std::system_error) << "a board is played by one";
     m_board.reset();

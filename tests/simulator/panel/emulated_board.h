@@ -31,8 +31,6 @@ protected:
         std::filesystem::remove_all(m_root);
     }
 
-    panel::Board& board() { return *m_board; }
-
     const std::filesystem::path m_root = [] {
         std::string pattern = (std::filesystem::temp_directory_path() / "panel-XXXXXX").string();
         return std::filesystem::path(mkdtemp(pattern.data()));

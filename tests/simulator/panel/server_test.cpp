@@ -46,7 +46,7 @@ protected:
         return records;
     }
 
-    std::unique_ptr<panel::Server> m_server = std::make_unique<panel::Server>(board(), 0, "");
+    std::unique_ptr<panel::Server> m_server = std::make_unique<panel::Server>(*m_board, 0, "");
     const Descriptor m_keys{::open((m_root / "buttons").c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC)};
 };
 
@@ -55,7 +55,7 @@ TEST_F(PanelServer, ServesThePageWithItsTypesAndItsPolicy) {
     EXPECT_EQ(page.status, 200);
     EXPECT_NE(page.headers.find("content-type: text/html"), std::string::npos);
     EXPECT_NE(page.headers.find("content-security-policy: default-src 'none'"), std::string::npos);
-    EXPECT_THROW(panel::Server(board(), m_server->Port(), ""), std::runtime_error) << "its port is taken";
+    EXPECT_THROW(panel::Server(*m_board, m_server->Port(), ""), std::runtime_error) << "its port is taken";
     EXPECT_NE(Client().Ask("GET", "/panel.js").headers.find("text/javascript"), std::string::npos);
 }
 
@@ -136,7 +136,7 @@ TEST_F(PanelServer, RefusesOtherPagesAndOtherHosts) {
 
 TEST_F(PanelServer, AViewerSeesStateAndFramesAndHoldsKeys) {
     WriteFrame(7);
-    ASSERT_TRUE(Eventually([this] { return board().NewestFrame()->front() == 7; }));
+    ASSERT_TRUE(Eventually([this] { return m_board->NewestFrame()->front() == 7; }));
     {
         HttpClient viewer = Viewer();
         const auto state = nlohmann::json::parse(viewer.ReadMessage(1).value());
@@ -210,7 +210,7 @@ TEST_F(PanelServer, HangsUpOnAViewerThatTalksNonsense) {
 
 TEST_F(PanelServer, PutsLinesToTheMeter) {
     const std::string path = (m_root / "meter").string();
-    m_server = std::make_unique<panel::Server>(board(), 0, path);
+    m_server = std::make_unique<panel::Server>(*m_board, 0, path);
     EXPECT_EQ(nlohmann::json::parse(Client().Ask("GET", "/state").body)["meter"], false);
     EXPECT_EQ(Client().Ask("POST", "/meter", "state").status, 502);
     meter::ControlSocket meter(path, [](std::string_view line) { return "ok " + std::string(line); });
