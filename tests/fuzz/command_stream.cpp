@@ -17,6 +17,7 @@ Bytes toCome;               // what the client has yet to send
 Bytes pieces;               // how long each of its pieces is; the last brings the rest
 std::size_t pieceLeft = 0;  // of the piece that is read
 std::uint32_t sum = 0;      // of what was commanded, so that every argument is read
+RdaServer* server = nullptr;
 
 void Note(std::uint32_t word) { sum += word; }
 
@@ -73,10 +74,6 @@ void vxTCPAcceptor::init(std::uint16_t, const char*) {}
 std::int32_t vxTCPAcceptor::start() { return 0; }
 void vxTCPAcceptor::stop() {}
 vxTCPStream* vxTCPAcceptor::accept(std::uint32_t) { return &m_stream; }
-
-namespace {
-RdaServer* server = nullptr;
-}
 
 /// The server works in buffers of its own; the console takes one with its first line.
 const MemoryBound kMemoryBound = {.bytes = 4096, .perByte = 0};

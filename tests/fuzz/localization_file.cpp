@@ -4,16 +4,13 @@
 #include "tests/fuzz/memory_board.h"
 #include "tests/fuzz/target.h"
 
-namespace {
-constexpr std::uint32_t kSelections = 4;  // of languages, labels and symbols, one too many for most files
-}
-
 const MemoryBound kMemoryBound = {.bytes = 256 * 1024, .perByte = 16};
 
 void Prepare() {}
 
 /// Reads a localisation file and looks texts up in all that it offers.
 void Take(std::span<const std::uint8_t> input) {
+    constexpr std::uint32_t kSelections = 4;  // of languages, labels and symbols, one too many for most files
     PutOnBoard("/romfs/localization.dat", input);
     localizationClass& texts = kernelDispClass::getInstance();
     localizationClass::load();

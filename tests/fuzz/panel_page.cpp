@@ -24,9 +24,6 @@ constexpr char kFinalText = static_cast<char>(0x81);
 constexpr char kMasked = static_cast<char>(0x80);
 constexpr std::size_t kLongestMessage = 125;  // that has its length in one byte
 
-/// How the bytes of an input reach the server.
-enum class Way : std::uint8_t { Http, Frames, Messages };
-
 constexpr std::string_view kUpgrade =
     "GET /live HTTP/1.1\r\nHost: \x01\r\nUpgrade: websocket\r\nConnection: Upgrade\r\n"
     "Sec-WebSocket-Key: dGhlIHNhbXBsZSBub25jZQ==\r\nSec-WebSocket-Version: 13\r\n\r\n\x02";
@@ -61,13 +58,8 @@ public:
     }
 
 private:
-    static std::filesystem::path MakeFolder() {
-        std::string pattern = (std::filesystem::temp_directory_path() / "fuzz-page-XXXXXX").string();
-        if (mkdtemp(pattern.data()) == nullptr) std::abort();
-        return pattern;
-    }
-    [[noreturn]] static void Abort(const char* step) {
-        std::perror(step);
+    [[noreturn]] static void Abort() {
+        std::perror("panel_page");
         std::abort();
     }
     /// Each time from another address, as an ended connection keeps its port for a minute.
@@ -76,23 +68,20 @@ private:
         sockaddr_in own = m_address;
         own.sin_port = 0;
         own.sin_addr.s_addr = htonl(INADDR_LOOPBACK + ++m_connections % kAddresses);
-        if (::bind(connection.Get(), reinterpret_cast<const sockaddr*>(&own), sizeof own) != 0) Abort("bind");
+        if (::bind(connection.Get(), reinterpret_cast<const sockaddr*>(&own), sizeof own) != 0) Abort();
         const int on = 1;
         ::setsockopt(connection.Get(), IPPROTO_TCP, TCP_NODELAY, &on, sizeof on);
         ::setsockopt(connection.Get(), SOL_SOCKET, SO_RCVTIMEO, &kPatience, sizeof kPatience);
         // The fuzzer's clock may interrupt it, and the attempt goes on.
         while (::connect(connection.Get(), reinterpret_cast<const sockaddr*>(&m_address), sizeof m_address) != 0 &&
                errno != EISCONN) {
-            if (errno != EINTR) Abort("connect");
+            if (errno != EINTR) Abort();
         }
         return connection;
     }
     void Send(const Descriptor& connection, std::string_view piece) const {
-        std::string bytes;
-        for (const char one : piece) {
-            if (one == kAuthority) bytes += m_authority;
-            if (one != kAuthority) bytes += one;
-        }
+        std::string bytes(piece);
+        for (std::size_t at = 0; (at = bytes.find(kAuthority, at)) != bytes.npos;) bytes.replace(at, 1, m_authority);
         ::send(connection.Get(), bytes.data(), bytes.size(), MSG_NOSIGNAL);  // it may have hung up
     }
     /// Whether the server hangs up in time.
@@ -104,7 +93,11 @@ private:
     }
 
     std::uint32_t m_connections = 0;
-    std::filesystem::path m_folder = MakeFolder();
+    std::filesystem::path m_folder = [] {
+        std::string pattern = (std::filesystem::temp_directory_path() / "fuzz-page-XXXXXX").string();
+        if (mkdtemp(pattern.data()) == nullptr) Abort();
+        return pattern;
+    }();
     panel::Board m_board{m_folder};
     panel::Server m_server{m_board, 0, m_folder / "meter"};  // where nobody answers
     std::string m_authority = "127.0.0.1:" + std::to_string(m_server.Port());
@@ -123,15 +116,14 @@ const MemoryBound kMemoryBound = {.bytes = 2 * 1024 * 1024, .perByte = 64};
 
 void Prepare() { page = new Page; }
 
-/// First byte: the way; then what is sent on a connection of its own.
+/// First byte: whether the rest is HTTP, frames of a viewer, or lines of a viewer's messages. Each input has a
+/// connection of its own.
 void Take(std::span<const std::uint8_t> input) {
     if (input.empty()) return;
+    const int way = input.front() % 3;
     std::string bytes(input.begin() + 1, input.end());
-    switch (static_cast<Way>(input.front() % 3)) {
-        case Way::Http: break;
-        case Way::Frames: bytes = std::string(kUpgrade) + bytes; break;
-        case Way::Messages: bytes = std::string(kUpgrade) + MessagesOf(bytes); break;
-    }
+    if (way == 2) bytes = MessagesOf(bytes);
+    if (way != 0) bytes.insert(0, kUpgrade);
     // A busy machine may hold it up once.
     if (page->Hear(bytes) || page->Hear(bytes)) return;
     std::fprintf(stderr, "the page's server does not hang up on who has hung up\n");

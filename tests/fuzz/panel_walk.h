@@ -23,8 +23,6 @@ public:
 
     PanelWalk();
 
-    /// Without them all is drawn but the pixels. They are drawn at first.
-    void DrawPixels(bool are) { Screen().blind = !are; }
     void Enter(std::int32_t screen);
     void Do(Act act);
     /// Logs out and goes back to a screen that asks for little. What was noted of the devices is forgotten.
@@ -32,6 +30,7 @@ public:
 
     using PanelBench::meter;
     using PanelBench::Navigation;
+    using PanelBench::Screen;
 
 private:
     void Type(std::uint16_t key);

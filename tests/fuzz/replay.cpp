@@ -1,9 +1,7 @@
 #include <cstdint>
 #include <cstdio>
-#include <filesystem>
-#include <fstream>
-#include <iterator>
-#include <string>
+
+#include "tests/bench/shell.h"
 
 // Gives every file of the named folders to the target, as the fuzzer would: what once was found stays mended.
 
@@ -15,8 +13,7 @@ int main(int argc, char** argv) {
     int files = 0;
     for (int i = 1; i < argc; ++i) {
         for (const auto& entry : std::filesystem::directory_iterator(argv[i])) {
-            std::ifstream file(entry.path(), std::ios::binary);
-            const std::string bytes((std::istreambuf_iterator<char>(file)), {});
+            const std::string bytes = ContentOf(entry.path());
             std::fprintf(stderr, "%s\n", entry.path().c_str());
             LLVMFuzzerTestOneInput(reinterpret_cast<const std::uint8_t*>(bytes.data()), bytes.size());
             ++files;

@@ -47,7 +47,7 @@ void Prepare() {
 void Take(Bytes input) {
     if (input.size() < kHead) return;
     const std::size_t acts = std::min(input[2] % (kMostActs + 1), input.size() - kHead);
-    walk->DrawPixels(HasPixels(input));
+    walk->Screen().blind = !HasPixels(input);
     PanelWalk::meter().ForgetCalls();
     answers = {input.subspan(kHead + acts), input[1]};
     walk->Enter(input[0] % (kLastCommandedScreen + 1));

@@ -33,14 +33,12 @@ public:
         ScriptedMeter& meter = PanelWalk::meter();
         meter.Model().Play(*meter::FindScenario("500-alarms"));
         meter.Model().Advance(1000);
-        for (const meter::Signature& operation : meter::MeterOperations()) {
-            meter.AnswerBy(operation.name, [this, &meter, &operation](auto payload, auto response) {
-                if (!meter.Model().Answer(operation.name, payload, response)) return false;
-                m_replies.append(reinterpret_cast<const char*>(response.data()), response.size());
-                if (!response.empty()) m_seen.insert(operation.name);
-                return true;
-            });
-        }
+        meter.TakeEveryCall([this, &meter](auto operation, auto payload, auto response) {
+            if (!meter.Model().Answer(operation, payload, response)) return false;
+            m_replies.append(reinterpret_cast<const char*>(response.data()), response.size());
+            if (!response.empty()) m_seen.emplace(operation);
+            return true;
+        });
     }
 
     void Record(const std::string& name, std::int32_t screen, const Acts& acts) {
@@ -79,7 +77,7 @@ private:
     std::filesystem::path m_folder;
     PanelWalk m_walk;
     std::string m_replies;
-    std::set<std::string_view> m_seen;
+    std::set<std::string, std::less<>> m_seen;
 };
 
 }  // namespace

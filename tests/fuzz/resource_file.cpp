@@ -20,7 +20,7 @@ public:
                 PegResources::InstallResourceSet(*set, false);
             }
         }
-        m_canvas.Paint();
+        Paint();
         for (std::uint32_t language = 0; language < kLanguages; ++language) {
             PegResources::SetLanguage(language);
             for (std::uint32_t number = 0; number < kStrings; ++number) {
@@ -33,29 +33,25 @@ public:
     }
 
 private:
-    /// A thing that draws all bitmaps and a text in all fonts.
-    class Canvas : public PegThing {
-    public:
-        Canvas() : PegThing(RectOf(0, 0, 319, 239)) {}
-        void Paint() {
-            toolkit.screen->BeginDraw(*this, Real());
-            for (std::uint32_t number = 0; number < PegResources::BitmapTableSize(); ++number) {
-                if (const PegBitmap* bitmap = PegResources::GetBitmap(number)) {
-                    toolkit.screen->DrawBitmap(PointOf(-1, -1), bitmap);
-                    toolkit.screen->DrawBitmap(PointOf(300, 230), bitmap);
-                }
+    /// All bitmaps, and a text in all fonts.
+    void Paint() {
+        Screen().BeginDraw(m_canvas, m_canvas.Real());
+        for (std::uint32_t number = 0; number < PegResources::BitmapTableSize(); ++number) {
+            if (const PegBitmap* bitmap = PegResources::GetBitmap(number)) {
+                Screen().DrawBitmap(PointOf(-1, -1), bitmap);
+                Screen().DrawBitmap(PointOf(300, 230), bitmap);
             }
-            const PegBrush brush{};
-            for (std::uint32_t number = 0; number < PegResources::FontTableSize(); ++number) {
-                if (const PegFont* font = PegResources::GetFont(number)) {
-                    toolkit.screen->DrawText(PointOf(-3, 5), u"Wg%1\u00E9\u0416\uFFFF", brush, font);
-                }
-            }
-            toolkit.screen->EndDraw();
         }
-    };
+        const PegBrush brush{};
+        for (std::uint32_t number = 0; number < PegResources::FontTableSize(); ++number) {
+            if (const PegFont* font = PegResources::GetFont(number)) {
+                Screen().DrawText(PointOf(-3, 5), u"Wg%1\u00E9\u0416\uFFFF", brush, font);
+            }
+        }
+        Screen().EndDraw();
+    }
 
-    Canvas m_canvas;
+    PegThing m_canvas{RectOf(0, 0, 319, 239)};
 };
 
 Reader* reader = nullptr;

@@ -32,39 +32,33 @@ inline void Append(Bytes& payload, std::string_view text) {
     payload.push_back(std::byte{0});
 }
 
-/// The answered record; zeros when the meter did not answer.
-template <typename Record>
-Record Ask(meter::Meter& meter, std::string_view operation, const Bytes& payload = {}) {
-    Bytes reply(sizeof(Record));
-    Record record{};
-    if (meter.Answer(operation, payload, reply)) std::memcpy(&record, reply.data(), sizeof(record));
-    return record;
-}
-
-inline std::uint32_t AskWord(meter::Meter& meter, std::string_view operation, const Bytes& payload = {}) {
-    return Ask<WireU32>(meter, operation, payload).Get();
-}
-
-inline std::uint32_t LogIn(meter::Meter& meter, std::string_view user, std::string_view password) {
-    Bytes payload;
-    Append(payload, user);
-    Append(payload, password);
-    return AskWord(meter, "SECURITYINTERFACE_verifyFrontPanelPassword", payload);
-}
-
-inline RegisterWriteResult Set(meter::Meter& meter, std::uint32_t id, std::string_view text) {
-    Bytes payload = Words({id});
-    Append(payload, text);
-    return Ask<RegisterWriteResult>(meter, "PDMINTERFACE_setRegisterValue", payload);
-}
-
-inline RegisterValue Get(meter::Meter& meter, std::uint32_t id) {
-    return Ask<RegisterValue>(meter, "PDMINTERFACE_getRegisterValue", Words({id}));
-}
-
 /// A meter at its start, with nothing around it.
 class MeterAlone : public testing::Test {
 protected:
+    /// The answered record; zeros when the meter did not answer.
+    template <typename Record>
+    Record Ask(std::string_view operation, const Bytes& payload = {}) {
+        Bytes reply(sizeof(Record));
+        Record record{};
+        if (m_meter.Answer(operation, payload, reply)) std::memcpy(&record, reply.data(), sizeof(record));
+        return record;
+    }
+    std::uint32_t AskWord(std::string_view operation, const Bytes& payload = {}) {
+        return Ask<WireU32>(operation, payload).Get();
+    }
+    std::uint32_t LogIn(std::string_view user, std::string_view password) {
+        Bytes payload;
+        Append(payload, user);
+        Append(payload, password);
+        return AskWord("SECURITYINTERFACE_verifyFrontPanelPassword", payload);
+    }
+    RegisterWriteResult Set(std::uint32_t id, std::string_view text) {
+        Bytes payload = Words({id});
+        Append(payload, text);
+        return Ask<RegisterWriteResult>("PDMINTERFACE_setRegisterValue", payload);
+    }
+    RegisterValue Get(std::uint32_t id) { return Ask<RegisterValue>("PDMINTERFACE_getRegisterValue", Words({id})); }
+
     bool IsActive(std::string_view alarm) {
         return std::ranges::any_of(m_meter.GetAlarms().Active(), [&](const meter::Occurrence* one) {
             return meter::AlarmDefinitions()[one->definition].name == alarm;

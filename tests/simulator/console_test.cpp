@@ -11,7 +11,7 @@ using bench::Bytes;
 
 class ConsoleLines : public bench::Link {
 protected:
-    std::string WriteFromPanel() { return std::string(TextIn(bench::Set(m_meter, reg::kCtPrimary, "500").text)); }
+    std::string WriteFromPanel() { return std::string(TextIn(Set(reg::kCtPrimary, "500").text)); }
 };
 
 TEST_F(ConsoleLines, AreAnsweredByOneLineEach) {
@@ -61,10 +61,10 @@ TEST_F(ConsoleLines, HoldAnAlarmUntilItIsLeftToItsLimit) {
 }
 
 TEST_F(ConsoleLines, KeepTheFrontPanelFromWriting) {
-    EXPECT_EQ(bench::LogIn(m_meter, "GUEST", "0"), 2U);
-    EXPECT_EQ(bench::LogIn(m_meter, "USER", "1"), 1U);
+    EXPECT_EQ(LogIn("GUEST", "0"), 2U);
+    EXPECT_EQ(LogIn("USER", "1"), 1U);
     EXPECT_EQ(WriteFromPanel(), "Nobody is logged in");
-    ASSERT_EQ(bench::LogIn(m_meter, "USER", "0"), 0U);
+    ASSERT_EQ(LogIn("USER", "0"), 0U);
     for (const auto& [line, answer] : {std::pair{"lock on", "The hardware lock is closed"},
                                        {"lock off", "Accepted"},
                                        {"refuse on", "The meter refuses the change"},
@@ -78,9 +78,9 @@ TEST_F(ConsoleLines, KeepTheFrontPanelFromWriting) {
         EXPECT_EQ(WriteFromPanel(), answer) << line;
     }
     EXPECT_EQ(State()["frontPanelRights"], false);
-    EXPECT_EQ(bench::LogIn(m_meter, "USER", "0"), 2U);
+    EXPECT_EQ(LogIn("USER", "0"), 2U);
     Tell("rights on");
-    EXPECT_EQ(bench::LogIn(m_meter, "USER", "0"), 0U);
+    EXPECT_EQ(LogIn("USER", "0"), 0U);
     EXPECT_EQ(WriteFromPanel(), "Accepted");
     EXPECT_TRUE(m_meter.Answer("SECURITYINTERFACE_clearFrontPanelPassword", {}, {}));
     EXPECT_EQ(WriteFromPanel(), "Nobody is logged in");
@@ -88,8 +88,8 @@ TEST_F(ConsoleLines, KeepTheFrontPanelFromWriting) {
     EXPECT_EQ(State()["refusal"], "Sp\u00E4ter");
     EXPECT_EQ(m_console.Execute("set 111 500"), "error Sp\u00E4ter") << "also from elsewhere";
     Tell("lock on");
-    EXPECT_EQ(bench::AskWord(m_meter, "SECURITYINTERFACE_getHwLockStatus"), kLockClosed);
-    EXPECT_EQ(bench::AskWord(m_meter, "DISPLAYMODE_setTestMode", bench::Words({1})), 1U);
+    EXPECT_EQ(AskWord("SECURITYINTERFACE_getHwLockStatus"), kLockClosed);
+    EXPECT_EQ(AskWord("DISPLAYMODE_setTestMode", bench::Words({1})), 1U);
 }
 
 TEST_F(ConsoleLines, SetEveryFaultThatTheStateNames) {
@@ -98,20 +98,17 @@ TEST_F(ConsoleLines, SetEveryFaultThatTheStateNames) {
     for (const std::string name : faults) EXPECT_EQ(m_console.Execute("fault " + name), "ok") << name;
 }
 
-TEST(ConsoleCommands, SendEachOfTheFifteen) {
+TEST_F(ConsoleLines, SendEachOfTheFifteenCommands) {
     std::string sent;
     Bytes payload;
-    const DisplayLink display([&](std::string_view operation, std::span<const std::byte> bytes,
-                                  std::uint32_t responseSize) -> std::optional<Bytes> {
+    const DisplayLink display([&](auto operation, auto bytes, std::uint32_t responseSize) {
         sent = std::string(operation) + " for " + std::to_string(responseSize);
         payload.assign(bytes.begin(), bytes.end());
         Bytes reply(responseSize);
         if (!reply.empty()) reply[0] = std::byte{'7'};
         return reply;
     });
-    Meter theMeter{bench::kSeed, bench::kStart};
-    MeterServer server(theMeter);
-    Console console(theMeter, server, display, bench::kSeed);
+    Console console(m_meter, m_server, display, bench::kSeed);
     for (const auto& [line, command, words, answer] : {
              std::tuple{"hardware-id", "VEKHWIF_getHwId for 4", Bytes{}, "ok 55"},
              {"alt-mode 1", "NAVCMDINT_changeAltModeState for 0", bench::Words({1}), "ok"},

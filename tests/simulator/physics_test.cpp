@@ -71,7 +71,7 @@ TEST_F(Physics, ExtremesBracketThePresentAndAreNotInTheFuture) {
 }
 
 TEST_F(Physics, DistortionFollowsFromTheSpectrum) {
-    const auto data = bench::Ask<HarmonicData>(m_meter, "PQINTERFACE_getHarmonicData", bench::Words({0, 4}));
+    const auto data = Ask<HarmonicData>("PQINTERFACE_getHarmonicData", bench::Words({0, 4}));
     double sum = 0.0;
     for (std::size_t i = 1; i < kMaxHarmonics; ++i) sum += std::pow(data.magnitudes[i].Get() / 100.0, 2);
     EXPECT_NEAR(m_meter.Value(ThdVoltageL1), std::sqrt(sum), 0.05);

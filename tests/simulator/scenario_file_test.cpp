@@ -1,6 +1,7 @@
 #include "simulator/meter/link/scenario_file.h"
 
 #include <fstream>
+#include <sstream>
 
 #include "tests/simulator/link_bench.h"
 
@@ -43,6 +44,13 @@ TEST(ScenarioFile, NamesThePlaceOfEveryMistake) {
     EXPECT_EQ(MistakeIn(std::string(100'000, '[')), "a.json: so many values within values mean nothing");
 }
 
+TEST(Script, RefusesWhatIsNoStep) {
+    for (const char* wrong : {"navigate 68", "5", "5 ", "-1 state", "nan state", "1e99 state", "2 state\n1 state"}) {
+        std::istringstream text(wrong);
+        EXPECT_THROW(Script{text}, std::runtime_error) << wrong;
+    }
+}
+
 TEST(ScenarioFile, TheSchemaKnowsTheSameWords) {
     std::ifstream file(SCENARIO_SCHEMA);
     const auto schema = nlohmann::json::parse(file);
@@ -74,15 +82,11 @@ protected:
 TEST_F(PlayedFile, ChangesTheNetworkAndDoesWhatIsDue) {
     const double before = m_meter.Value(VoltageL1);
     ASSERT_EQ(m_console.Execute("scenario " MOTOR_START), "ok");
-    Live(4);
-    EXPECT_NEAR(m_meter.Value(VoltageL1) / before, 1.0, 0.02);
-    Live(2);
-    EXPECT_NEAR(m_meter.Value(VoltageL1) / before, 0.86, 0.02);
-    Live(2);
-    EXPECT_NEAR(m_meter.Value(VoltageL1) / before, 0.93, 0.02) << "half-way back";
-    Live(6);
-    EXPECT_NEAR(m_meter.Value(VoltageL1) / before, 1.0, 0.03);
-    EXPECT_EQ(TextIn(bench::Get(m_meter, 111).value), "600.00");
+    for (const auto& [seconds, part] : {std::pair{4, 1.0}, {2, 0.86}, {2, 0.93}, {6, 1.0}}) {
+        Live(seconds);
+        EXPECT_NEAR(m_meter.Value(VoltageL1) / before, part, 0.02) << seconds << " seconds later";
+    }
+    EXPECT_EQ(TextIn(Get(111).value), "600.00");
     Live(2);
     EXPECT_EQ(m_server.GetFault(), Fault::Slow);
     Live(2);

@@ -8,7 +8,7 @@ using enum Quantity;
 class SettingsOfAMeter : public bench::MeterAlone {};
 
 TEST_F(SettingsOfAMeter, EveryKindOfValueIsChecked) {
-    ASSERT_EQ(bench::LogIn(m_meter, "USER", "0"), 0U);
+    ASSERT_EQ(LogIn("USER", "0"), 0U);
     struct Kind {
         std::uint32_t id;
         std::vector<std::string_view> accepted;
@@ -27,46 +27,46 @@ TEST_F(SettingsOfAMeter, EveryKindOfValueIsChecked) {
              {65000, {}, {"1"}},
          }) {
         for (const std::string_view text : kind.accepted)
-            EXPECT_EQ(bench::Set(m_meter, kind.id, text).result.Get(), 0U) << kind.id << " " << text;
+            EXPECT_EQ(Set(kind.id, text).result.Get(), 0U) << kind.id << " " << text;
         for (const std::string_view text : kind.refused)
-            EXPECT_NE(bench::Set(m_meter, kind.id, text).result.Get(), 0U) << kind.id << " " << text;
+            EXPECT_NE(Set(kind.id, text).result.Get(), 0U) << kind.id << " " << text;
     }
 }
 
 TEST_F(SettingsOfAMeter, TransformersScaleWhatIsMeasured) {
     Meter reference{bench::kSeed, bench::kStart};
+    EXPECT_EQ(TextIn(Get(3681).unit), "V");
     ASSERT_EQ(m_meter.Write(reg::kCtPrimary, "800", kMeterModule), std::nullopt);
     ASSERT_EQ(m_meter.Write(reg::kPtPrimary, "20000", kMeterModule), std::nullopt);
     for (Meter* meter : {&m_meter, &reference}) meter->Advance(1000);
     EXPECT_NEAR(m_meter.Value(CurrentL1) / reference.Value(CurrentL1), 2.0, 1e-9);
     EXPECT_NEAR(m_meter.Value(VoltageL1) / reference.Value(VoltageL1), 50.0, 1e-9);
     EXPECT_NEAR(m_meter.Value(ActiveTotal) / reference.Value(ActiveTotal), 100.0, 1e-9);
-    EXPECT_EQ(TextIn(bench::Get(m_meter, 3681).unit), "kV");
-    EXPECT_EQ(TextIn(bench::Get(reference, 3681).unit), "V");
+    EXPECT_EQ(TextIn(Get(3681).unit), "kV");
 }
 
 TEST_F(SettingsOfAMeter, FormatsChangeTheTexts) {
     ASSERT_EQ(m_meter.Write(reg::kDateFormat, "DD.MM.YYYY", kMeterModule), std::nullopt);
     ASSERT_EQ(m_meter.Write(reg::kTimeFormat, "12 h", kMeterModule), std::nullopt);
-    const auto strings = bench::Ask<DateTimeStrings>(m_meter, "DATETIMEINTERFACE_getLocalDateTimeStrings");
+    const auto strings = Ask<DateTimeStrings>("DATETIMEINTERFACE_getLocalDateTimeStrings");
     EXPECT_EQ(TextIn(strings.date), "16.09.2026");
     EXPECT_EQ(TextIn(strings.time), "12:00:00 PM");
     ASSERT_EQ(m_meter.Write(reg::kDigitGrouping, "1.000,0", kMeterModule), std::nullopt);
     ASSERT_EQ(m_meter.Write(reg::kVoltageDecimals, "2", kMeterModule), std::nullopt);
-    EXPECT_EQ(TextIn(bench::Get(m_meter, 3705).value).substr(3, 1), ",");
-    EXPECT_EQ(TextIn(bench::Get(m_meter, 3705).value).size(), 6U);
+    EXPECT_EQ(TextIn(Get(3705).value).substr(3, 1), ",");
+    EXPECT_EQ(TextIn(Get(3705).value).size(), 6U);
     EXPECT_EQ(Grouped(-1234567.891, 1, Grouping::Spaces), "-1 234 567.9");
     EXPECT_EQ(Grouped(-0.04, 1, Grouping::Plain), "0.0");
     EXPECT_EQ(Grouped(123456.0, 0, Grouping::Commas), "123,456");
 }
 
 TEST_F(SettingsOfAMeter, ChangesAreLoggedAndPassedToTheDisplay) {
-    ASSERT_EQ(bench::LogIn(m_meter, "USER", "0"), 0U);
-    bench::Set(m_meter, reg::kLanguage, "Russian");
-    const auto logged = bench::Ask<EventLogEntry>(m_meter, "EVLIF_getEventLogData", bench::Words({0, 1}));
+    ASSERT_EQ(LogIn("USER", "0"), 0U);
+    Set(reg::kLanguage, "Russian");
+    const auto logged = Ask<EventLogEntry>("EVLIF_getEventLogData", bench::Words({0, 1}));
     EXPECT_EQ(TextIn(logged.source), "Front panel");
     EXPECT_EQ(TextIn(logged.description), "Language: Russian");
-    bench::Set(m_meter, reg::kBacklightTimeout, "45");
+    Set(reg::kBacklightTimeout, "45");
     const auto commands = m_meter.TakeCommands();
     ASSERT_EQ(commands.size(), 2U);
     EXPECT_EQ(commands[0].operation, "DISPCFG_setLanguage");
@@ -74,19 +74,19 @@ TEST_F(SettingsOfAMeter, ChangesAreLoggedAndPassedToTheDisplay) {
     EXPECT_EQ(commands[1].operation, "BACKLIGHT_setTimeout");
     EXPECT_EQ(commands[1].value, 45U);
     EXPECT_TRUE(m_meter.TakeCommands().empty());
-    EXPECT_EQ(bench::AskWord(m_meter, "BACKLIGHTINTERFACE_getTimeout"), 45U);
+    EXPECT_EQ(AskWord("BACKLIGHTINTERFACE_getTimeout"), 45U);
 }
 
 TEST_F(SettingsOfAMeter, ResetsClearWhatTheyName) {
-    ASSERT_EQ(bench::LogIn(m_meter, "USER", "0"), 0U);
+    ASSERT_EQ(LogIn("USER", "0"), 0U);
     const double peak = m_meter.GetStatistics().Of(BlockActive).maximum.value;
-    bench::Set(m_meter, 2031, "1");
+    Set(2031, "1");
     EXPECT_EQ(m_meter.GetStatistics().Of(BlockActive).previousMaximum.value, peak);
     EXPECT_GT(m_meter.Value(ActiveEnergyIn), 0.0);
-    bench::Set(m_meter, 178, "1");
+    Set(178, "1");
     EXPECT_EQ(m_meter.Value(ActiveEnergyIn), 0.0);
     EXPECT_TRUE(m_meter.GetStatistics().Of(VoltageL1).IsKnown());
-    bench::Set(m_meter, 1922, "1");
+    Set(1922, "1");
     EXPECT_FALSE(m_meter.GetStatistics().Of(VoltageL1).IsKnown());
     EXPECT_TRUE(m_meter.GetStatistics().Of(ThdVoltageL1).IsKnown());
     m_meter.Advance(1000);

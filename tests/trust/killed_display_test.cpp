@@ -40,14 +40,19 @@ protected:
         const auto shows = [&] { return board->State().frames > frames; };
         EXPECT_TRUE(length < kStartUp || Eventually(shows)) << "no splash";
         if (length > kHandOver) LookAtIt();
-        std::this_thread::sleep_until(end - milliseconds(m_random() % 2));
-        PressAnyKey();
+        std::this_thread::sleep_until(end - milliseconds(random() % 2));
+        // Half of it may be all that the display reads.
+        if (board->State().displayUp) Press(random() % 2 == 0 ? panel::Key::Soft3 : panel::Key::Home);
         std::this_thread::sleep_until(end);
         display->Kill();
     }
     void LookAtIt() {
         EXPECT_TRUE(Eventually([this] { return display->Printed("Starting Display Server"); }));
-        EXPECT_TRUE(Eventually([this] { return IsLitAndDriven(); }));
+        EXPECT_TRUE(Eventually([this] {
+            const panel::BoardState state = board->State();
+            return state.backlight.on && state.backlight.level == panel::kBrightest && !state.lineHigh[0] &&
+                   state.lineHigh[1];
+        }));
         for (int press = 0; press < 2; ++press) {    // to the menu, or from there
             std::this_thread::sleep_for(kSettling);  // keys of the life before may still be on their way
             const auto before = board->NewestFrame();
@@ -56,41 +61,26 @@ protected:
         }
         ++looks;
     }
-    bool IsLitAndDriven() const {
-        const panel::BoardState state = board->State();
-        return state.backlight.on && state.backlight.level == panel::kBrightest && !state.lineHigh[0] &&
-               state.lineHigh[1];
-    }
     void Press(panel::Key key) {
         EXPECT_TRUE(board->Send({static_cast<std::int32_t>(key), kPressed}));
         EXPECT_TRUE(board->Send({static_cast<std::int32_t>(key), kReleased}));
     }
-    /// Half of it may be all that the display reads.
-    void PressAnyKey() {
-        if (board->State().displayUp) Press(m_random() % 2 == 0 ? panel::Key::Soft3 : panel::Key::Home);
-    }
     /// What stands in the board's folder.
     std::set<fs::path> Belongings() const { return {fs::recursive_directory_iterator(Folder()), {}}; }
-    bool IsFrameBufferWhole() const { return fs::file_size(Folder() / "db9000_fb") == panel::kFrameBytes; }
-    milliseconds AnyMoment() {
-        const milliseconds longest = std::array{kStartUp, kStartUp, kHandOver, kWhole}[m_random() % 4];
-        return milliseconds(m_random() % static_cast<unsigned long>(longest.count()));
-    }
 
     int looks = 0;
-
-private:
-    std::mt19937 m_random{static_cast<unsigned>(GetParam())};
+    std::mt19937 random{static_cast<unsigned>(GetParam())};
 };
 
 TEST_P(KilledDisplay, ComesBackEachTimeToAWholeBoard) {
     const int lives = std::getenv("EVERY_CASE") != nullptr ? kLivesOfAll : kLives;
     const auto belongings = Belongings();
     for (int life = 0; life < lives && !HasFailure(); ++life) {
-        const milliseconds length = AnyMoment();
+        const milliseconds longest = std::array{kStartUp, kStartUp, kHandOver, kWhole}[random() % 4];
+        const milliseconds length(random() % static_cast<unsigned long>(longest.count()));
         Live(length);
         EXPECT_EQ(Belongings(), belongings);
-        EXPECT_TRUE(IsFrameBufferWhole());
+        EXPECT_EQ(fs::file_size(Folder() / "db9000_fb"), panel::kFrameBytes);
         EXPECT_FALSE(HasFailure()) << "life " << life << " of " << length.count() << " ms";
     }
     Live(kWhole);

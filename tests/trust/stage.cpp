@@ -1,7 +1,7 @@
 #include "tests/trust/stage.h"
 
 #include <algorithm>
-#include <string_view>
+#include <new>
 
 #include "localization/localization.h"
 #include "navigation/navigation_handler.h"
@@ -10,28 +10,55 @@
 namespace {
 
 constexpr session::Instant kComeUp = 2500;
-constexpr std::int32_t kHomeCode = 5;  // of the keys device
-constexpr std::int32_t kPressed = 0;
-constexpr std::int32_t kReleased = 1;
+
+session::Setting SettingIn(const std::string& language) {
+    session::Setting setting;
+    setting.romfs = ROMFS_DIR;
+    setting.language = language;
+    return setting;
+}
+
+Stage* theStage = nullptr;
 
 }  // namespace
 
+/// What the display takes from the heap prepared to get nothing.
+void* operator new[](std::size_t size, const std::nothrow_t&) noexcept {
+    const bool isAsked = theStage != nullptr && session::Scheduler::Instance().Self() != session::Scheduler::kOutside;
+    if (isAsked && theStage->Fails(session::OsCall::Allocate, {})) return nullptr;
+    return ::operator new[](size);
+}
+
 std::int32_t CountingBoard::Control(std::string_view device, std::uint32_t request, std::int32_t argument) {
-    ++controls[std::string(device)];
     if (device == "/db9000_bl") return backlight.Control(request, argument);
-    return ports[device.ends_with('1') ? 1 : 0].Control(request, argument);
+    if (device == "/rasGpio1/0") return ports[0].Control(request, argument);
+    ++lampRequests;
+    return ports[1].Control(request, argument);
 }
 
-session::Setting Stage::Usual() {
-    session::Setting setting;
-    setting.romfs = ROMFS_DIR;
-    return setting;
+Stage::Stage(const std::string& language) : Session(SettingIn(language), *this) {
+    FreezeMeter();
+    theStage = this;
 }
 
-session::Setting Stage::InGerman() {
-    session::Setting setting = Usual();
-    setting.language = "de";
-    return setting;
+Stage::~Stage() { theStage = nullptr; }
+
+bool Stage::Fails(session::OsCall call, std::string_view what) {
+    using enum session::OsCall;
+    switch (call) {
+        case Open: m_opened = what; break;
+        case Read:
+        case Write:
+        case Control:
+        case Seek: what = m_opened; break;
+        case CreateTask: m_createdTask = what; break;
+        case ActivateTask: what = m_createdTask; break;
+        default: break;
+    }
+    if (!fails) return false;
+    std::string name(NameOf(call));
+    if (!what.empty()) name.append(" ").append(what);
+    return fails(call, name);
 }
 
 void Stage::RaiseAnAlarm() {
@@ -45,6 +72,15 @@ void Stage::StartDisplay() {
     Run(kComeUp);
 }
 
+void Stage::GoTo(int screen) {
+    if (screen == SCREEN_ID_FACTORY_TEST) {
+        navigationHandlerClass::postDispTest();
+    } else {
+        navigationHandlerClass::postNavigateTo(static_cast<std::uint32_t>(screen));
+    }
+    Run(kTwoRefreshes);
+}
+
 std::string Stage::Picture() const {
     const panel::Frame& frame = NewestFrame();
     const std::string_view bytes(reinterpret_cast<const char*>(frame.data()), frame.size());
@@ -52,9 +88,8 @@ std::string Stage::Picture() const {
 }
 
 std::string Stage::FlashingPicture() {
-    constexpr session::Instant kFlash = 1000;
     const std::string first = Picture();
-    Run(kFlash);
+    Run(kSecond);
     const std::string second = Picture();
     return std::min(first, second) + " and " + std::max(first, second);
 }
@@ -66,9 +101,4 @@ int Stage::ShownScreen() { return navigationHandlerClass::getInstance().getCurre
 bool Stage::IsGerman() {
     constexpr std::u16string_view kEnglish = u"Language";
     return localizationClass::getInstance().translate(kEnglish.data(), 1) != kEnglish;
-}
-
-void Stage::PressHome() {
-    Press(kHomeCode, kPressed);
-    Press(kHomeCode, kReleased);
 }

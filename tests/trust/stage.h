@@ -1,6 +1,6 @@
 #pragma once
 
-#include <map>
+#include <functional>
 #include <string>
 #include <string_view>
 
@@ -8,7 +8,9 @@
 #include "simulator/session/session.h"
 
 inline constexpr session::Instant kSecond = 1000;
-inline constexpr int kMenu = 0;
+inline constexpr session::Instant kTwoRefreshes = 2000;
+inline constexpr session::Instant kHoldOff =
+    20'000;  // after the display has connected in vain, with the attempt itself
 inline constexpr int kComparedScreen = 25;
 inline constexpr std::uint32_t kPowerOnLines = 0x10;  // of output port 0
 inline constexpr std::uint32_t kLine1 = 0x08;
@@ -20,27 +22,24 @@ public:
     std::int32_t Control(std::string_view device, std::uint32_t request, std::int32_t argument) override;
 
     int frames = 0;
-    std::map<std::string, int, std::less<>> controls;  // by device
+    int lampRequests = 0;  // of the alarm lamp
     panel::Backlight backlight{.level = 200, .on = false};
-    std::array<panel::OutputPort, 2> ports;
-};
-
-/// Made before the session that it belongs to.
-struct StageBoard {
-    CountingBoard board = {};
+    std::array<panel::OutputPort, 2> ports = {panel::OutputPort{kPowerOnLines}};
 };
 
 /// The display's whole program on the session's clock, on a board and beside a meter that a test takes apart. The
 /// meter's clock stands still.
 ///
 /// Made once, in a process that has no other thread; each trial starts the display in its own copy.
-class Stage : private StageBoard, public session::Session {
+class Stage : public CountingBoard, public session::Session {
 public:
-    explicit Stage(const session::Setting& setting = Usual()) : Session(setting, board) { FreezeMeter(); }
+    explicit Stage(const std::string& language = "en");
+    ~Stage() override;
 
-    /// The setting of most trials, and the same in German.
-    static session::Setting Usual();
-    static session::Setting InGerman();
+    /// Whether the operating system fails a call of the display. It is told by its name and what it is about:
+    /// "open /buttons", "taskCreate tDispButtons".
+    std::function<bool(session::OsCall, const std::string& call)> fails;
+    bool Fails(session::OsCall call, std::string_view what) override;
 
     /// Has the lamp flash, and the alarm sign of the screens.
     void RaiseAnAlarm();
@@ -48,7 +47,8 @@ public:
     /// Starts the display, and lets it come up if it can.
     void StartDisplay();
 
-    CountingBoard& Board() { return board; }
+    /// Asks the navigation handler for a screen, as the meter's command does, and lets it refresh itself twice.
+    void GoTo(int screen);
 
     /// What is on the panel, as a word that is another for every other picture.
     std::string Picture() const;
@@ -60,6 +60,7 @@ public:
     static int ShownScreen();  // after the hand-over
     static bool IsGerman();    // whether the display's texts are
 
-    /// Presses and releases the key that leads from the start screen to the menu.
-    void PressHome();
+private:
+    std::string m_opened;       // what was opened last
+    std::string m_createdTask;  // the task that was created last
 };

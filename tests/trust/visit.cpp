@@ -9,34 +9,31 @@ constexpr session::Instant kAllPages = 120'000;  // of a screen that turns its p
 constexpr int kElsewhere = 25;
 constexpr int kElsewhereFromThere = 28;
 
-}  // namespace
-
-void GoTo(Stage& stage, int screen) {
-    if (screen == SCREEN_ID_FACTORY_TEST) {
-        navigationHandlerClass::postDispTest();
-    } else {
-        navigationHandlerClass::postNavigateTo(static_cast<std::uint32_t>(screen));
-    }
-    stage.Run(kTwoRefreshes);
+/// Whether a screen asks the meter only when it is entered: for the setting that it changes, or for a seed.
+bool IsReadOnce(int screen) {
+    return screen == SCREEN_ID_FACTORY_TEST ||
+           navigationHandlerClass::getInstance().getScreenKind(screen) == SCREEN_KIND_SETUP_EDIT;
 }
+
+}  // namespace
 
 Visit::Visit(Stage& stage, int screen) : m_stage(stage), m_screen(screen) {
     Leave();
-    GoTo(m_stage, m_screen);
+    Enter();
     Watch(2 * kTwoRefreshes);
     m_liveliness = Liveliness();
 }
 
 int Visit::Elsewhere() const { return m_screen == kElsewhere ? kElsewhereFromThere : kElsewhere; }
 
-std::string Visit::Complaint() {
-    if (IsReadOnce()) Leave();
-    if (!IsThere()) GoTo(m_stage, m_screen);
+std::string Visit::ComplaintAfter(const std::string& what) {
+    if (IsReadOnce(m_screen)) Leave();
+    if (!IsThere()) Enter();
     std::string wrong;
     if (!IsThere()) wrong += " is not shown";
     if (!IsKnown(m_stage.Picture())) wrong += " looks different";
     if (Liveliness() < m_liveliness - 1) wrong += " does not ask the meter";
-    return wrong;
+    return wrong.empty() ? "" : "; after " + what + ", screen " + std::to_string(m_screen) + wrong;
 }
 
 void Visit::Watch(session::Instant duration) {
@@ -50,15 +47,10 @@ bool Visit::IsKnown(const std::string& picture) {
     if (!m_pictures.contains(picture) && !m_isWatchedWhole) {
         m_isWatchedWhole = true;
         Leave();
-        GoTo(m_stage, m_screen);
+        Enter();
         Watch(kAllPages);
     }
     return m_pictures.contains(picture);
-}
-
-bool Visit::IsReadOnce() const {
-    return m_screen == SCREEN_ID_FACTORY_TEST ||
-           navigationHandlerClass::getInstance().getScreenKind(m_screen) == SCREEN_KIND_SETUP_EDIT;
 }
 
 int Visit::Liveliness() {

@@ -6,11 +6,6 @@
 #include "navigation/screen_ids.h"
 #include "tests/trust/stage.h"
 
-inline constexpr session::Instant kTwoRefreshes = 2000;
-
-/// Asks the navigation handler for a screen, as the meter's command does, and lets it refresh itself twice.
-void GoTo(Stage& stage, int screen);
-
 /// What one screen looks like and how often it asks the meter while all is well, for tests that spoil it.
 ///
 /// The display is up. Visits begin elsewhere.
@@ -20,21 +15,20 @@ public:
 
     /// Whether there is such a screen.
     bool IsThere() const { return Stage::ShownScreen() == m_screen; }
-    int Screen() const { return m_screen; }
 
-    void Leave() { GoTo(m_stage, Elsewhere()); }
+    void Enter() { m_stage.GoTo(m_screen); }
+    void Leave() { m_stage.GoTo(Elsewhere()); }
     /// Another screen, which shows nothing but live values.
     int Elsewhere() const;
 
-    /// @return what is wrong with the screen now that all has been well for two refreshes; empty: nothing
-    std::string Complaint();
+    /// @return what is wrong with the screen now that all has been well for two refreshes: "; ", the words that say
+    /// after what, and the complaint; empty: nothing
+    std::string ComplaintAfter(const std::string& what);
 
 private:
     /// Collects what the screen looks like.
     void Watch(session::Instant duration);
     bool IsKnown(const std::string& picture);
-    /// Whether the screen asks the meter only when it is entered: for the setting that it changes, or for a seed.
-    bool IsReadOnce() const;
     /// How often the meter is asked in two refreshes.
     int Liveliness();
 

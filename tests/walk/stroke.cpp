@@ -2,25 +2,8 @@
 
 #include <array>
 
-namespace {
-
-constexpr std::array<const char*, 6> kKindNames = {"Press", "Chord", "Bounce", "Go", "Mode", "Link"};
-
-}  // namespace
-
-int Stroke::Keys() const {
-    switch (kind) {
-        case Kind::Press: return 1;
-        case Kind::Chord: return 2;
-        case Kind::Bounce: return times;
-        case Kind::Go:
-        case Kind::Mode:
-        case Kind::Link: break;
-    }
-    return 0;
-}
-
 std::string TextOf(std::span<const Stroke> strokes) {
+    constexpr std::array kKindNames = {"Press", "Chord", "Go", "Mode", "Link"};
     std::string text;
     const auto add = [&text](const char* field, int value, int usual) {
         if (value != usual) text += std::string(", .") + field + " = " + std::to_string(value);

@@ -9,12 +9,11 @@
 /// A list of strokes says all that a walk did: given to a display that has just come up, it does the same again.
 struct Stroke {
     enum class Kind : std::uint8_t {
-        Press,   // key down, held, up
-        Chord,   // two keys down, held, both up in the order in which they went down
-        Bounce,  // one key up and down `times` times before the display looks
-        Go,      // the meter sends the display to screen `target`
-        Mode,    // the meter sends it to display mode `target`
-        Link,    // the link is in state `target` from now on
+        Press,  // key down, held, up; `times` times before the display looks
+        Chord,  // two keys down, held, both up in the order in which they went down
+        Go,     // the meter sends the display to screen `target`
+        Mode,   // the meter sends it to display mode `target`
+        Link,   // the link is in state `target` from now on
     };
 
     Kind kind = Kind::Press;
@@ -24,9 +23,6 @@ struct Stroke {
     std::int16_t target = 0;
     std::uint16_t held = 0;  // ticks while keys are down
     std::uint16_t then = 0;  // ticks until the next stroke
-
-    /// How many keys went down.
-    int Keys() const;
 
     friend bool operator==(const Stroke&, const Stroke&) = default;
 };

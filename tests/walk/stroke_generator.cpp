@@ -59,7 +59,7 @@ Stroke StrokeGenerator::Next(std::int32_t shown, const std::set<std::int32_t>& u
         stroke.kind = Stroke::Kind::Chord;
         stroke.other = AnyKey();
     } else if (Once(kBounce)) {
-        stroke.kind = Stroke::Kind::Bounce;
+        stroke.held = 0;
         stroke.times = static_cast<std::uint8_t>(Once(10) ? kMostBounces : Any(2, 4));
     }
     return stroke;

@@ -1,16 +1,14 @@
 #include "tests/walk/walk_bench.h"
 
-#include <fcntl.h>
 #include <sys/mman.h>
-#include <sys/wait.h>
 #include <unistd.h>
 
 #include <algorithm>
 #include <cstdio>
-#include <cstring>
 
 #include "app/application.h"
 #include "app/button_task.h"
+#include "tests/bench/trial.h"
 #include "tests/walk/shrinker.h"
 #include "tests/walk/stroke_generator.h"
 
@@ -21,28 +19,17 @@ constexpr std::size_t kStrokesBetweenLooks = 1024;
 constexpr std::size_t kShortcut = 64;  // last strokes, of which one may be where the fault begins
 constexpr int kMillisecondsPerSecond = 1000;
 
-template <std::size_t Size>
-void CopyText(const std::string& text, std::array<char, Size>& out) {
-    std::snprintf(out.data(), out.size(), "%s", text.c_str());
+/// All zeros, and shared with the processes that begin here.
+WalkRecord& MapRecord() {
+    void* memory =
+        mmap(nullptr, sizeof(WalkRecord), PROT_READ | PROT_WRITE, MAP_SHARED | MAP_ANONYMOUS | MAP_NORESERVE, -1, 0);
+    if (memory == MAP_FAILED) std::abort();
+    return *static_cast<WalkRecord*>(memory);
 }
 
 }  // namespace
 
-struct WalkBench::Step {
-    Stroke stroke;
-    std::int16_t screen;
-};
-
-/// What the walking process leaves for the one that waits for it, and that outlives its end.
-struct WalkBench::Shared {
-    std::size_t steps;
-    WalkCounts counts;
-    bool done;
-    std::array<char, 200> fault;
-    Step list[1];  // in truth as many as there is room for
-};
-
-WalkBench::WalkBench() {
+WalkBench::WalkBench() : record(MapRecord()) {
     Screen().blind = true;
     BuildApplication(Manager());
     Pump();
@@ -59,46 +46,48 @@ WalkBench::WalkBench() {
     Pump();
 }
 
-WalkReport WalkBench::Walk(unsigned seed, long keys, bool withFaults) {
-    const auto room = static_cast<std::size_t>(keys) * 2;
-    Shared& shared = RunInChild(room, [&](Shared& told) {
+/// Does something in a process of its own. @return what is wrong then, or nothing
+std::string WalkBench::FaultOf(const std::function<void()>& strokes) {
+    const auto trial = [&] {
+        if (std::freopen("/dev/null", "w", stdout) == nullptr) std::abort();  // the display prints megabytes
+        strokes();
+        return m_fault;
+    };
+    const std::string fault = Try(trial, kHangSeconds);
+    return fault.substr(0, fault.find("; its last words"));
+}
+
+std::string WalkBench::Walk(unsigned seed, long keys, bool withFaults) {
+    return FaultOf([&] {
         StrokeGenerator generator(seed, withFaults);
-        while (told.counts.keys < keys && told.steps < room && m_fault.empty()) {
-            const std::int32_t screen = Navigation().getCurrentScreenId();
-            const Stroke stroke = generator.Next(screen, m_unseen);
-            told.list[told.steps++] = {stroke, static_cast<std::int16_t>(screen)};  // first: it may be the last
-            told.counts.keys += stroke.Keys();
-            Do(stroke);
-            if (told.steps % kStrokesBetweenLooks == 0) alarm(kHangSeconds);
-        }
-    });
-    WalkReport report{.strokes = {}, .screens = {}, .fault = shared.fault.data(), .counts = shared.counts};
-    for (const Step& step : std::span(shared.list, shared.steps)) {
-        report.strokes.push_back(step.stroke);
-        report.screens.push_back(step.screen);
-    }
-    munmap(&shared, sizeof(Shared) + room * sizeof(Step));
-    return report;
-}
-
-std::string WalkBench::FaultOf(std::span<const Stroke> strokes) {
-    Shared& shared = RunInChild(0, [&](Shared&) {
-        for (std::size_t i = 0; i < strokes.size() && m_fault.empty(); ++i) {
+        for (std::size_t i = 0; m_keys < keys && i < record.list.size() && m_fault.empty(); ++i) {
             if (i % kStrokesBetweenLooks == 0) alarm(kHangSeconds);
-            Do(strokes[i]);
+            record.screens[i] = static_cast<std::int16_t>(Shown());
+            record.list[i] = generator.Next(Shown(), m_unseen);
+            record.strokes = i + 1;  // first: it may be the last
+            Do(record.list[i]);
+            record.keys = m_keys;
         }
+        record.writes = m_watch.writes;
+        record.refusals = m_watch.refusals;
+        record.logins = m_watch.logins;
+        record.screensMissed = m_unseen.size();
     });
-    std::string fault = shared.fault.data();
-    munmap(&shared, sizeof(Shared));
-    return fault;
 }
 
-std::vector<Stroke> WalkBench::ShortestOf(const WalkReport& report) {
-    const ShowsFault showsFault = [&](std::span<const Stroke> strokes) { return FaultOf(strokes) == report.fault; };
-    std::vector<Stroke> strokes = report.strokes;
+std::vector<Stroke> WalkBench::ShortestThatShows(const std::string& fault) {
+    const ShowsFault showsFault = [&](std::span<const Stroke> strokes) {
+        return FaultOf([&] {
+                   for (std::size_t i = 0; i < strokes.size() && m_fault.empty(); ++i) {
+                       if (i % kStrokesBetweenLooks == 0) alarm(kHangSeconds);
+                       Do(strokes[i]);
+                   }
+               }) == fault;
+    };
+    std::vector<Stroke> strokes(record.list.begin(), record.list.begin() + static_cast<std::ptrdiff_t>(record.strokes));
     for (std::size_t count = 1; count < std::min(strokes.size(), kShortcut); ++count) {
         const std::size_t start = strokes.size() - count;
-        std::vector<Stroke> fromThere = {{.kind = Stroke::Kind::Go, .target = report.screens[start]}};
+        std::vector<Stroke> fromThere = {{.kind = Stroke::Kind::Go, .target = record.screens[start]}};
         fromThere.insert(fromThere.end(), strokes.begin() + static_cast<std::ptrdiff_t>(start), strokes.end());
         if (!showsFault(fromThere)) continue;
         strokes = std::move(fromThere);
@@ -107,55 +96,14 @@ std::vector<Stroke> WalkBench::ShortestOf(const WalkReport& report) {
     return Shrink(std::move(strokes), showsFault);
 }
 
-std::string WalkBench::Explain(const WalkReport& report, unsigned seed) {
-    if (report.fault.empty()) return {};
-    return report.fault + "\nseed " + std::to_string(seed) + ", after " + std::to_string(report.counts.keys) +
-           " keys; this is enough to show it:\n" + TextOf(ShortestOf(report));
-}
-
-/// @return memory that the child filled; the caller's
-WalkBench::Shared& WalkBench::RunInChild(std::size_t steps, const std::function<void(Shared&)>& work) {
-    void* memory = mmap(nullptr, sizeof(Shared) + steps * sizeof(Step), PROT_READ | PROT_WRITE,
-                        MAP_SHARED | MAP_ANONYMOUS | MAP_NORESERVE, -1, 0);
-    if (memory == MAP_FAILED) std::abort();
-    auto& shared = *static_cast<Shared*>(memory);
-    std::fflush(stdout);
-    const pid_t child = fork();
-    if (child == 0) {
-        // What the display prints would be megabytes.
-        dup2(open("/dev/null", O_WRONLY | O_CLOEXEC), STDOUT_FILENO);
-        alarm(kHangSeconds);
-        work(shared);
-        Tell(shared);
-        _exit(0);
-    }
-    int status = 0;
-    while (waitpid(child, &status, 0) < 0) continue;
-    if (WIFSIGNALED(status)) {
-        const int signal = WTERMSIG(status);
-        CopyText(signal == SIGALRM ? "it hangs" : std::string("it ends with signal ") + std::to_string(signal),
-                 shared.fault);
-    } else if (!shared.done) {
-        CopyText("it ends by itself", shared.fault);
-    }
-    return shared;
-}
-
-void WalkBench::Tell(Shared& shared) const {
-    shared.counts.writes = m_watch.Writes();
-    shared.counts.refusals = m_watch.Refusals();
-    shared.counts.logins = m_watch.Logins();
-    shared.counts.screensMissed = m_unseen.size();
-    CopyText(m_fault, shared.fault);
-    shared.done = true;
-}
-
 void WalkBench::Do(const Stroke& stroke) {
     switch (stroke.kind) {
         case Stroke::Kind::Press:
-            Move(stroke.key, true);
-            Pass(stroke.held);
-            Move(stroke.key, false);
+            for (int i = 0; i < stroke.times; ++i) {
+                Move(stroke.key, true);
+                Pass(stroke.held);
+                Move(stroke.key, false);
+            }
             break;
         case Stroke::Kind::Chord:
             Move(stroke.key, true);
@@ -163,12 +111,6 @@ void WalkBench::Do(const Stroke& stroke) {
             Pass(stroke.held);
             Move(stroke.key, false);
             Move(stroke.other, false);
-            break;
-        case Stroke::Kind::Bounce:
-            for (int i = 0; i < stroke.times; ++i) {
-                Move(stroke.key, true);
-                Move(stroke.key, false);
-            }
             break;
         case Stroke::Kind::Go:
             if (stroke.target < 0)
@@ -190,12 +132,13 @@ void WalkBench::Do(const Stroke& stroke) {
     Deliver();
     Pass(stroke.then);
     meter().ForgetCalls();
-    if (afterStroke) afterStroke(stroke);
-    if (m_fault.empty()) m_fault = m_watch.Fault();
+    AfterStroke(stroke);
+    if (m_fault.empty()) m_fault = m_watch.fault;
 }
 
 /// A record of the keys device; the toolkit does not look yet.
 void WalkBench::Move(std::uint8_t key, bool down) {
+    m_keys += down ? 1 : 0;
     handleButtonEvent({.kind = kPanelKey, .pressed = down ? 1U : 0U, .value = key, .extra = 0});
 }
 
@@ -221,8 +164,7 @@ void WalkBench::Pass(int ticks) {
 /// What holds at any time.
 void WalkBench::Look() {
     const PegThing* shown = Manager().FirstChild();
-    m_unseen.erase(Navigation().getCurrentScreenId() == kCurrentMenu ? MenuOfMode(Navigation().getDisplayMode())
-                                                                     : Navigation().getCurrentScreenId());
+    m_unseen.erase(Shown() == kCurrentMenu ? MenuOfMode(Navigation().getDisplayMode()) : Shown());
     if (!m_fault.empty()) return;
     if (shown == nullptr || shown->Next() != nullptr) {
         m_fault = "not one screen is on the panel";

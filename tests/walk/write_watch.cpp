@@ -26,13 +26,13 @@ bool IsEditScreen(std::int32_t screen) {
 
 std::int64_t WriteWatch::TicksSinceKey() const { return timerTickCount() - m_lastKey; }
 
-void WriteWatch::Note(const char* fault) {
-    if (m_fault.empty()) m_fault = std::string(fault).append(" on screen ").append(std::to_string(m_shownBefore));
+void WriteWatch::Note(const char* what) {
+    if (fault.empty()) fault = std::string(what).append(" on screen ").append(std::to_string(m_shownBefore));
 }
 
 void WriteWatch::Before(const PegMessage& message) {
     m_shownBefore = Shown();
-    m_writesBefore = m_writes;
+    m_writesBefore = writes;
     if (message.type != MSG_KEY_UP) return;
     if (TicksSinceKey() >= kSurelyOpen) m_saysWhyNot = false;
     if (TicksSinceKey() >= kSurelyClosed) m_asked = 0;
@@ -54,7 +54,7 @@ void WriteWatch::AfterKey(int key) {
     const bool closesBox = m_saysWhyNot;
     if (key == KEY_SOFT_1) m_asked = 0;
     if (key != KEY_SOFT_4 || Shown() != m_shownBefore) return;
-    m_saysWhyNot = m_writes != m_writesBefore;
+    m_saysWhyNot = writes != m_writesBefore;
     m_asked = m_saysWhyNot || closesBox || !IsEditScreen(Shown()) ? 0 : Shown();
 }
 
@@ -65,13 +65,13 @@ bool WriteWatch::IsAccepted(std::span<const std::byte> reply) {
 
 void WriteWatch::OnCall(std::string_view operation, std::span<const std::byte> seen, bool done) {
     if (operation == kWrite) {
-        ++m_writes;
-        if (!IsAccepted(seen)) ++m_refusals;
+        ++writes;
+        if (!IsAccepted(seen)) ++refusals;
         if (!m_isConfirming) Note("an unconfirmed write");
         if (!m_loggedIn && !m_sentHere && done) Note("a write without a login");
     } else if (operation == kVerify) {
         m_loggedIn = done;
-        if (m_loggedIn) ++m_logins;
+        if (m_loggedIn) ++logins;
     } else if (operation == kLogout && done) {
         m_loggedIn = false;
     }

@@ -29,22 +29,15 @@ public:
     /// Whether a reply says that it was done.
     static bool IsAccepted(std::span<const std::byte> reply);
 
-    int Writes() const { return m_writes; }
-    int Refusals() const { return m_refusals; }
-    int Logins() const { return m_logins; }
-
-    /// What went wrong first; empty: nothing.
-    const std::string& Fault() const { return m_fault; }
+    std::string fault;  // what went wrong first; empty: nothing
+    int writes = 0;
+    int refusals = 0;  // writes that the meter did not accept
+    int logins = 0;
 
 private:
     void Note(const char* fault);
     void AfterKey(int key);
     std::int64_t TicksSinceKey() const;
-
-    int m_writes = 0;
-    int m_refusals = 0;  // writes that the meter did not accept
-    int m_logins = 0;
-    std::string m_fault;
 
     bool m_loggedIn = false;
     bool m_sentHere = false;  // by the meter, to an edit screen

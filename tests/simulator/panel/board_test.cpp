@@ -40,15 +40,6 @@ int Request(const char* device, int request, int argument) {
     return result;
 }
 
-/// Reads one record with an opening of its own, as the display does.
-std::array<std::uint8_t, 8> ReadKey() {
-    std::array<std::uint8_t, 8> record{};
-    const int keys = os::open("/buttons", os::kReadOnly);
-    EXPECT_EQ(os::read(keys, record.data(), record.size()), 8);
-    os::close(keys);
-    return record;
-}
-
 TEST_F(EmulatedBoard, CountsEveryFrameAndShowsTheNewest) {
     constexpr unsigned kBursts = 50;
     constexpr unsigned kFrames = 5;
@@ -56,10 +47,10 @@ TEST_F(EmulatedBoard, CountsEveryFrameAndShowsTheNewest) {
         for (unsigned frame = 1; frame <= kFrames; ++frame)
             WriteFrame(static_cast<std::uint8_t>(burst * kFrames + frame));
         const auto newest = static_cast<std::uint8_t>(burst * kFrames + kFrames);
-        ASSERT_TRUE(Eventually([&] { return board().NewestFrame()->front() == newest; })) << burst;
-        ASSERT_EQ(board().State().frames, burst * kFrames);
+        ASSERT_TRUE(Eventually([&] { return m_board->NewestFrame()->front() == newest; })) << burst;
+        ASSERT_EQ(m_board->State().frames, burst * kFrames);
     }
-    EXPECT_TRUE(board().State().displayUp);
+    EXPECT_TRUE(m_board->State().displayUp);
 }
 
 TEST_F(EmulatedBoard, NeverShowsHalfAFrame) {
@@ -75,7 +66,7 @@ TEST_F(EmulatedBoard, NeverShowsHalfAFrame) {
     std::shared_ptr<const panel::Frame> last;
     int seen = 0;
     EXPECT_TRUE(Eventually([&] {
-        const auto frame = board().NewestFrame();
+        const auto frame = m_board->NewestFrame();
         if (frame != last) ++seen;
         last = frame;
         if (std::ranges::adjacent_find(*frame, std::ranges::not_equal_to()) == frame->end()) return seen >= 250;
@@ -90,20 +81,24 @@ TEST_F(EmulatedBoard, LosesNoKeyBetweenTwoOpenings) {
     constexpr int kCount = 2000;
     std::thread fingers([this] {
         for (int i = 0; i < kCount; ++i)
-            while (!board().Send({i, i % 2})) std::this_thread::yield();
+            while (!m_board->Send({i, i % 2})) std::this_thread::yield();
     });
     for (int i = 0; i < kCount; ++i) {
         const auto low = static_cast<std::uint8_t>(i);
         const auto high = static_cast<std::uint8_t>(i >> 8);
         const auto state = static_cast<std::uint8_t>(i % 2);
-        ASSERT_EQ(ReadKey(), (std::array<std::uint8_t, 8>{low, high, 0, 0, state, 0, 0, 0}));
+        std::array<std::uint8_t, 8> record{};
+        const int keys = os::open("/buttons", os::kReadOnly);  // for each record, as the display does
+        ASSERT_EQ(os::read(keys, record.data(), record.size()), 8);
+        os::close(keys);
+        ASSERT_EQ(record, (std::array<std::uint8_t, 8>{low, high, 0, 0, state, 0, 0, 0}));
     }
     fingers.join();
 }
 
 TEST_F(EmulatedBoard, SaysWhenNobodyReadsTheKeys) {
     int sent = 0;
-    while (sent < 100'000 && board().Send({1, 0})) ++sent;
+    while (sent < 100'000 && m_board->Send({1, 0})) ++sent;
     EXPECT_EQ(sent, 512);
 }
 
@@ -128,7 +123,7 @@ TEST_F(EmulatedBoard, WaitsForTheWriterThatFollowsAFrameAtOnce) {
     // The board's thread stands still until a frame and half of the next are there.
     std::atomic<bool> standing = false;
     std::latch goOn(1);
-    board().OnChange([&] {
+    m_board->OnChange([&] {
         standing = true;
         goOn.wait();
     });
@@ -139,20 +134,20 @@ TEST_F(EmulatedBoard, WaitsForTheWriterThatFollowsAFrameAtOnce) {
     const int device = os::open("/db9000_fb", os::kReadWrite);
     ASSERT_EQ(os::write(device, half.data(), half.size()), ssize_t{kFrameBytes / 2});
     goOn.count_down();
-    EXPECT_TRUE(Eventually([this] { return board().State().frames == 1; }));
-    EXPECT_EQ(board().NewestFrame()->front(), 0) << "the first frame is gone, the second is not whole";
+    EXPECT_TRUE(Eventually([this] { return m_board->State().frames == 1; }));
+    EXPECT_EQ(m_board->NewestFrame()->front(), 0) << "the first frame is gone, the second is not whole";
     ASSERT_EQ(os::write(device, half.data(), half.size()), ssize_t{kFrameBytes / 2});
     os::close(device);
-    EXPECT_TRUE(Eventually([this] { return board().NewestFrame()->front() == 2; }));
-    EXPECT_EQ(board().State().frames, 2U);
-    board().OnChange({});
+    EXPECT_TRUE(Eventually([this] { return m_board->NewestFrame()->front() == 2; }));
+    EXPECT_EQ(m_board->State().frames, 2U);
+    m_board->OnChange({});
 }
 
 TEST_F(EmulatedBoard, SeesThatTheDisplayWaitsForKeysAndThatItLeft) {
     const int keys = os::open("/buttons", os::kReadOnly);
-    EXPECT_TRUE(Eventually([this] { return board().State().displayUp; }));
+    EXPECT_TRUE(Eventually([this] { return m_board->State().displayUp; }));
     os::close(keys);
-    EXPECT_TRUE(Eventually([this] { return !board().State().displayUp; }));
+    EXPECT_TRUE(Eventually([this] { return !m_board->State().displayUp; }));
 }
 
 TEST_F(EmulatedBoard, TakesOverWhatAnEarlierRunLeftAndRefusesWhatIsNoBoard) {
@@ -162,7 +157,7 @@ TEST_F(EmulatedBoard, TakesOverWhatAnEarlierRunLeftAndRefusesWhatIsNoBoard) {
     const fs::path stale = m_root / "db9000_bl";
     ASSERT_EQ(::mknod(stale.c_str(), S_IFSOCK | 0600, 0), 0);
     m_board.emplace(m_root);
-    EXPECT_EQ(board().NewestFrame()->back(), 9) << "the picture stays on the glass";
+    EXPECT_EQ(m_board->NewestFrame()->back(), 9) << "the picture stays on the glass";
     EXPECT_EQ(Request("/db9000_bl", 0x20047A36, 0), 255);
     EXPECT_THROW(panel::Board{m_root}, std::system_error) << "a board is played by one";
     m_board.reset();

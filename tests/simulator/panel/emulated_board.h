@@ -25,20 +25,15 @@ bool Eventually(Condition holds) {
 /// A board in a folder of its own, which the operating-system seam finds under BOARD_ROOT.
 class EmulatedBoard : public testing::Test {
 protected:
-    void SetUp() override {
-        std::string pattern = (std::filesystem::temp_directory_path() / "panel-XXXXXX").string();
-        m_root = mkdtemp(pattern.data());
-        setenv("BOARD_ROOT", m_root.c_str(), 1);
-        m_board.emplace(m_root);
-    }
-    void TearDown() override {
+    EmulatedBoard() { setenv("BOARD_ROOT", m_root.c_str(), 1); }
+    ~EmulatedBoard() override {
         m_board.reset();
-        unsetenv("BOARD_ROOT");
         std::filesystem::remove_all(m_root);
     }
 
-    panel::Board& board() { return *m_board; }
-
-    std::filesystem::path m_root;
-    std::optional<panel::Board> m_board;
+    const std::filesystem::path m_root = [] {
+        std::string pattern = (std::filesystem::temp_directory_path() / "panel-XXXXXX").string();
+        return std::filesystem::path(mkdtemp(pattern.data()));
+    }();
+    std::optional<panel::Board> m_board{m_root};
 };

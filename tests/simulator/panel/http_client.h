@@ -1,20 +1,14 @@
 #pragma once
 
-#include <arpa/inet.h>
-#include <gtest/gtest.h>
-#include <netinet/in.h>
-#include <sys/socket.h>
 #include <sys/time.h>
 
-#include <algorithm>
 #include <cstdlib>
-#include <string>
-#include <string_view>
+#include <optional>
 
-#include "simulator/descriptor.h"
+#include "tests/simulator/link_bench.h"
 
 /// A connection to a server on 127.0.0.1 that says exactly what the test wants it to.
-class HttpClient {
+class HttpClient : public bench::Connection {
 public:
     struct Reply {
         int status = 0;  // 0 when the connection ended without an answer
@@ -22,23 +16,10 @@ public:
         std::string body;
     };
 
-    struct Message {
-        int opcode = -1;  // 1 text, 2 binary, 8 close, -1 when the connection ended
-        std::string payload;
-    };
-
-    explicit HttpClient(int port) : m_port(port), m_socket(::socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC, 0)) {
+    explicit HttpClient(int port) : Connection(static_cast<std::uint16_t>(port)), m_port(port) {
         constexpr timeval kPatience{10, 0};
-        const sockaddr_in address{AF_INET, htons(static_cast<std::uint16_t>(port)), {htonl(INADDR_LOOPBACK)}, {}};
         ::setsockopt(m_socket.Get(), SOL_SOCKET, SO_RCVTIMEO, &kPatience, sizeof kPatience);
-        EXPECT_EQ(::connect(m_socket.Get(), reinterpret_cast<const sockaddr*>(&address), sizeof address), 0);
-    }
-
-    void Send(std::string_view bytes) { EXPECT_TRUE(Offer(bytes)); }
-
-    /// Sends to a server that may have hung up. @return whether it took the bytes
-    bool Offer(std::string_view bytes) {
-        return ::send(m_socket.Get(), bytes.data(), bytes.size(), MSG_NOSIGNAL) == static_cast<ssize_t>(bytes.size());
+        EXPECT_TRUE(IsOpen());
     }
 
     /// Leaves the server as little room as there can be for what is not read.
@@ -73,7 +54,7 @@ public:
     }
 
     /// Whether the server ends the connection, instead of saying more or nothing.
-    bool IsEnded() {
+    bool HangsUp() {
         char byte = 0;
         return ::recv(m_socket.Get(), &byte, 1, 0) == 0;
     }
@@ -86,22 +67,20 @@ public:
                        extra);
     }
 
-    Message ReadMessage() {
-        Message message;
-        for (bool complete = false; !complete;) {
+    /// The next message of a kind: 1 text, 2 binary, 8 the last. Nothing when the connection ended.
+    std::optional<std::string> ReadMessage(char kind) {
+        for (;;) {
             const std::string start = ReadBytes(2);
-            if (start.size() < 2) return {};
-            complete = (start[0] & 0x80) != 0;
-            if ((start[0] & 0x0F) != 0) message.opcode = start[0] & 0x0F;
+            if (start.size() < 2) return std::nullopt;
             std::size_t length = start[1] & 0x7F;
             if (length >= 126) {
                 const std::string bytes = ReadBytes(length == 126 ? 2 : 8);
                 length = 0;
                 for (const char byte : bytes) length = length << 8 | static_cast<unsigned char>(byte);
             }
-            message.payload += ReadBytes(length);
+            std::string message = ReadBytes(length);
+            if ((start[0] & 0x0F) == kind) return message;
         }
-        return message;
     }
 
     void SendMessage(std::string_view text) {
@@ -120,5 +99,4 @@ private:
     }
 
     int m_port;
-    Descriptor m_socket;
 };
