@@ -4,8 +4,8 @@
 #include <bitset>
 
 #include "navigation/screen_ids.h"
-#include "tests/trust/stage.h"
 #include "tests/bench/trial.h"
+#include "tests/trust/stage.h"
 
 // The display starts without any of what it is made for, in every combination, and then gets it all back.
 
