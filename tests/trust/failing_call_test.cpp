@@ -8,7 +8,6 @@
 #include <random>
 #include <sstream>
 
-#include "navigation/navigation_handler.h"
 #include "peg/resources/resources.h"
 #include "tests/bench/trial.h"
 #include "tests/trust/visit.h"

@@ -9,8 +9,7 @@
 
 inline constexpr session::Instant kSecond = 1000;
 inline constexpr session::Instant kTwoRefreshes = 2000;
-inline constexpr session::Instant kHoldOff =
-    20'000;  // after the display has connected in vain, with the attempt itself
+inline constexpr session::Instant kHoldOff = 20'000;  // of the display that connected in vain, with the attempt itself
 inline constexpr int kComparedScreen = 25;
 inline constexpr std::uint32_t kPowerOnLines = 0x10;  // of output port 0
 inline constexpr std::uint32_t kLine1 = 0x08;
