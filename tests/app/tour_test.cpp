@@ -5,7 +5,6 @@
 #include "navigation/menu_trees.h"
 #include "screens/base/options_menu_table.h"
 #include "screens/base/screen_info_table.h"
-#include "screens/base/soft_key_table.h"
 #include "tests/bench/panel_bench.h"
 
 namespace {

@@ -3,7 +3,6 @@
 #include <set>
 
 #include "localization/display_config.h"
-#include "localization/localization.h"
 #include "tests/bench/meter_texts.h"
 #include "tools/formats/utf.h"
 #include "tools/panel_tour/panel_tour.h"

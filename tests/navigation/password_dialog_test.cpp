@@ -1,5 +1,4 @@
 #include "localization/display_config.h"
-#include "navigation/password_handler.h"
 #include "tests/navigation/menu_bench.h"
 
 namespace {

@@ -70,7 +70,9 @@ TEST_F(AlarmScreens, ListActiveAlarmsAndScrollWhenTheSelectionIsAtTheEndOfThePag
     EXPECT_TRUE(PanelShows("alarms/active_ten"));
     Press(KEY_SOFT_3);
     EXPECT_TRUE(PanelShows("alarms/active_second_selected"));
-    Press(KEY_SOFT_3, 2);
+    Press(KEY_SOFT_2);
+    EXPECT_TRUE(PanelShows("alarms/active_ten"));
+    Press(KEY_SOFT_3, 3);
     EXPECT_EQ(asked, (Range{0, 4})) << "the selection moves first";
     unacknowledged = 0;
     Press(KEY_SOFT_3, 6);

@@ -1,7 +1,6 @@
 #include "screens/base/data_screen.h"
 
 #include "navigation/password_handler.h"
-#include "screens/parameters/parameter_screen.h"
 #include "tests/bench/panel_bench.h"
 
 namespace {

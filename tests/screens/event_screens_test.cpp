@@ -3,7 +3,6 @@
 #include <cstring>
 #include <deque>
 
-#include "rda/records/identity.h"
 #include "screens/parameters/custom_screen.h"
 #include "tests/bench/panel_bench.h"
 #include "tests/bench/wire_text.h"
