@@ -14,8 +14,8 @@ protected:
         Pump();
     }
     static bool IsSplashShown() { return Manager().FirstChild() == &startupScreen::getInstance(); }
-    void ReleaseSoftKey1() {
-        startupScreen::getInstance().Message(MessageOf(MSG_KEY_UP, KEY_SOFT_1));
+    void Release(KeyCode key) {
+        startupScreen::getInstance().Message(MessageOf(MSG_KEY_UP, key));
         Pump();
     }
 };
@@ -58,7 +58,7 @@ TEST_F(Startup, HandsOverAtOnceWhenTheMeterComesLate) {
     Ticks(100);
     EXPECT_EQ(meter().ConnectionAttempts(), 6);
     meter().RefuseConnections(false);
-    ReleaseSoftKey1();
+    Release(KEY_SOFT_1);
     EXPECT_TRUE(IsSplashShown()) << "a key does nothing while connecting";
     Ticks(20);
     EXPECT_FALSE(IsSplashShown());
@@ -66,10 +66,9 @@ TEST_F(Startup, HandsOverAtOnceWhenTheMeterComesLate) {
 
 TEST_F(Startup, IsCutShortBySoftKey1OnceConnected) {
     Start();
-    startupScreen::getInstance().Message(MessageOf(MSG_KEY_UP, KEY_SOFT_2));
-    Pump();
+    Release(KEY_SOFT_2);
     EXPECT_TRUE(IsSplashShown());
-    ReleaseSoftKey1();
+    Release(KEY_SOFT_1);
     EXPECT_FALSE(IsSplashShown());
 }
 

@@ -25,7 +25,7 @@ protected:
     }
     void Visit(std::int32_t id) {
         Show(id);
-        if (Shown() == id) Arrive();
+        Arrive();
     }
     void PressEveryKey(std::int32_t id) {
         for (const KeyCode key : {KEY_SOFT_1, KEY_SOFT_2, KEY_SOFT_3, KEY_SOFT_4, KEY_SOFT_2_3}) {

@@ -17,16 +17,14 @@ protected:
         meter().AnswerFrom("IOI_getDigitalInputData", [this](const auto& range) {
             asked = {range[0], range[1]};
             std::vector<IoPointEntry> points;
-            for (std::uint32_t i = 0; i < asked.second; ++i) points.push_back(Point(asked.first + i));
+            for (std::uint32_t i = asked.first; i < asked.first + asked.second; ++i) {
+                IoPointEntry& point = points.emplace_back();
+                Write(point.label, "Point " + std::to_string(i));
+                Write(point.state, i % 2 == 0 ? "Off" : "On");
+                Write(point.secondState, std::to_string(i));
+            }
             return points;
         });
-    }
-    static IoPointEntry Point(std::uint32_t index) {
-        IoPointEntry entry{};
-        Write(entry.label, "Point " + std::to_string(index));
-        Write(entry.state, index % 2 == 0 ? "Off" : "On");
-        Write(entry.secondState, std::to_string(index));
-        return entry;
     }
 
     using Range = std::pair<std::uint32_t, std::uint32_t>;
