@@ -1,5 +1,6 @@
 #include "screens/alarms/alarm_screens.h"
 
+#include "localization/display_config.h"
 #include "screens/parameters/custom_screen.h"
 #include "tests/bench/panel_bench.h"
 #include "tests/bench/wire_text.h"
@@ -65,6 +66,10 @@ TEST_F(AlarmScreens, ListActiveAlarmsAndScrollWhenTheSelectionIsAtTheEndOfThePag
     unacknowledged = 2;
     Ticks(21);
     EXPECT_TRUE(PanelShows("alarms/active_two"));
+    DISPCFG_setLanguage(1);
+    Ticks(40);
+    EXPECT_TRUE(PanelShows("alarms/active_two_german"));
+    DISPCFG_setLanguage(0);
     Fill(10);
     Ticks(41);
     EXPECT_TRUE(PanelShows("alarms/active_ten"));
