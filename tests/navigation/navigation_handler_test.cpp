@@ -11,14 +11,10 @@ protected:
     Navigation() {
         for (const std::int32_t id : {-3, 1, 2, 3, 4, 11, 12, 13, 14, 15, 200, 201}) {
             screens[id] = new Recorder(RectOf(0, 0, 319, 239), static_cast<std::uint16_t>(id));
-            Handler().addScreen(id, *screens[id], KindOf(id));
+            const ScreenKind kind = id <= 3 ? SCREEN_KIND_MENU : SCREEN_KIND_DATA;
+            Handler().addScreen(id, *screens[id], id == 15 ? SCREEN_KIND_SETUP_VIEW : kind);
         }
         Manager().AddChild(*Handler().getStartScreen());
-    }
-    static ScreenKind KindOf(std::int32_t id) {
-        if (id == -3) return SCREEN_KIND_FACTORY_TEST;
-        if (id <= 3) return SCREEN_KIND_MENU;
-        return id == 15 ? SCREEN_KIND_SETUP_VIEW : SCREEN_KIND_DATA;
     }
     static navigationHandlerClass& Handler() { return navigationHandlerClass::getInstance(); }
     void AltMode(std::uint32_t on) {
