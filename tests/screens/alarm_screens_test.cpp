@@ -116,12 +116,11 @@ TEST_F(AlarmScreens, KeepTheirPlaceAndThePageFullAndRecoverFromAFailedCall) {
     Show(7);
     Ticks(kTicksPerSecond);
     EXPECT_EQ(asked, (Range{6, 4}));
-    Fill(7);
-    Ticks(20);
-    EXPECT_EQ(asked, (Range{3, 4}));
-    Fill(2);
-    Ticks(20);
-    EXPECT_EQ(asked, (Range{0, 2}));
+    for (const auto& [count, page] : {std::pair{7U, Range{3, 4}}, {4U, Range{0, 4}}, {2U, Range{0, 2}}}) {
+        Fill(count);
+        Ticks(20);
+        EXPECT_EQ(asked, page);
+    }
     Press(KEY_SOFT_4);
     EXPECT_TRUE(PanelShows("alarms/detail_of_the_last_of_two")) << "the selection has moved up to what is there";
     AlarmStats stats{};

@@ -94,8 +94,10 @@ TEST_F(DataScreens, OpenTheirOptionsAndGoWhereTheSelectedOneLeads) {
 
 TEST_F(DataScreens, CloseTheirOptionsByKeyByTimeAndByHome) {
     Show(11);
+    const auto before = Frame();
     Press(KEY_SOFT_1);
     Press(KEY_SOFT_1);
+    EXPECT_EQ(Frame(), before);
     Press(KEY_SOFT_2);
     EXPECT_EQ(Shown(), 12);
 
