@@ -21,7 +21,11 @@ protected:
             Enter("");
             Enter("0");
         }
-        EverythingChanges(static_cast<std::uint32_t>(id) % 6);
+        {
+            const AllocationPause theMetersOwn;
+            meter().Model().Advance(10'000);
+        }
+        DISPCFG_setLanguage(static_cast<std::uint32_t>(id) % 6);
         Ticks(2 * kTicksPerSecond);
         PressAllKeys();
     }
@@ -33,12 +37,6 @@ private:
             Press(key);
             Ticks(2);
         }
-    }
-    /// Other values, in another language.
-    static void EverythingChanges(std::uint32_t language) {
-        const AllocationPause theMetersOwn;
-        meter().Model().Advance(10'000);
-        DISPCFG_setLanguage(language);
     }
 };
 

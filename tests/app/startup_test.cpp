@@ -15,8 +15,8 @@ protected:
         Pump();
     }
     static bool IsSplashShown() { return Manager().FirstChild() == &startupScreen::getInstance(); }
-    void ReleaseSoftKey1() {
-        startupScreen::getInstance().Message(MessageOf(MSG_KEY_UP, KEY_SOFT_1));
+    void Release(KeyCode key) {
+        startupScreen::getInstance().Message(MessageOf(MSG_KEY_UP, key));
         Pump();
     }
 };
@@ -29,7 +29,6 @@ TEST_F(Startup, ShowsTheSplashFortyTicksAndHandsOver) {
     EXPECT_TRUE(IsSplashShown());
     EXPECT_TRUE(Tasks().asked.empty());
     Ticks(1);
-    EXPECT_FALSE(IsSplashShown());
     EXPECT_EQ(Manager().FirstChild(), Navigation().getStartScreen());
     EXPECT_EQ(Manager().FirstChild()->Next(), nullptr);
     EXPECT_EQ(Hardware().backlight, 1);
@@ -59,7 +58,7 @@ TEST_F(Startup, HandsOverAtOnceWhenTheMeterComesLate) {
     Ticks(100);
     EXPECT_EQ(meter().ConnectionAttempts(), 6);
     meter().RefuseConnections(false);
-    ReleaseSoftKey1();
+    Release(KEY_SOFT_1);
     EXPECT_TRUE(IsSplashShown()) << "a key does nothing while connecting";
     Ticks(20);
     EXPECT_FALSE(IsSplashShown());
@@ -67,10 +66,9 @@ TEST_F(Startup, HandsOverAtOnceWhenTheMeterComesLate) {
 
 TEST_F(Startup, IsCutShortBySoftKey1OnceConnected) {
     Start();
-    startupScreen::getInstance().Message(MessageOf(MSG_KEY_UP, KEY_SOFT_2));
-    Pump();
+    Release(KEY_SOFT_2);
     EXPECT_TRUE(IsSplashShown());
-    ReleaseSoftKey1();
+    Release(KEY_SOFT_1);
     EXPECT_FALSE(IsSplashShown());
 }
 
@@ -82,9 +80,11 @@ TEST_F(Startup, GivesUpAfterSixtyTwoAttempts) {
     EXPECT_EQ(meter().ConnectionAttempts(), 62);
     Ticks(1000);
     EXPECT_EQ(meter().ConnectionAttempts(), 62);
-    const std::string lastAttempt = "message:connectToServer\n)";
-    EXPECT_TRUE(testing::internal::GetCapturedStdout().ends_with(
-        lastAttempt + "\nstartupScreen::Message - could not connect to meterbase. Integrated unit so do nothing.\n"));
+    const std::string console = testing::internal::GetCapturedStdout();
+    const std::string line =
+        "\nstartupScreen::Message - could not connect to meterbase. Integrated unit so do nothing.\n";
+    EXPECT_NE(console.find(line), std::string::npos);
+    EXPECT_EQ(console.find(line), console.rfind(line));
     EXPECT_TRUE(IsSplashShown());
 }
 

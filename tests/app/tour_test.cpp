@@ -5,7 +5,6 @@
 #include "navigation/menu_trees.h"
 #include "screens/base/options_menu_table.h"
 #include "screens/base/screen_info_table.h"
-#include "screens/base/soft_key_table.h"
 #include "simulator/bench/panel_bench.h"
 #include "tests/bench/test_on.h"
 
@@ -27,7 +26,7 @@ protected:
     }
     void Visit(std::int32_t id) {
         Show(id);
-        if (Shown() == id) Arrive();
+        Arrive();
     }
     void PressEveryKey(std::int32_t id) {
         for (const KeyCode key : {KEY_SOFT_1, KEY_SOFT_2, KEY_SOFT_3, KEY_SOFT_4, KEY_SOFT_2_3}) {

@@ -3,7 +3,6 @@
 #include <set>
 
 #include "localization/display_config.h"
-#include "localization/localization.h"
 #include "simulator/bench/meter_texts.h"
 #include "tests/bench/test_on.h"
 #include "tools/formats/utf.h"
@@ -84,15 +83,11 @@ private:
     /// In a number that is edited, a separator has a quarter of its width, so that the figures stand together.
     static bool IsSeparator(const std::u16string& text) { return text == u"." || text == u":"; }
 
+    /// No real name is as long as its field, and a figure that fits in no font of its place is framed, so that nobody
+    /// takes it for a smaller one.
     bool IsCutByDesign(const std::u16string& text) const {
-        switch (m_meter) {
-            case MeterTexts::Usual: return false;
-            // A figure that fits in no font of its place is framed, so that nobody takes it for a smaller one.
-            case MeterTexts::WideFigures: return text.front() == u'-' || (text.front() >= u'0' && text.front() <= u'9');
-            // No real name is as long as its field.
-            case MeterTexts::FullFields: return true;
-        }
-        return false;
+        const bool isFigure = text.front() == u'-' || (text.front() >= u'0' && text.front() <= u'9');
+        return m_meter == MeterTexts::FullFields || (m_meter == MeterTexts::WideFigures && isFigure);
     }
 
     std::string Named(const RecordedText& text) const {

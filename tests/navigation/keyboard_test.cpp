@@ -75,15 +75,12 @@ TEST_F(Keyboard, TakesSixteenCharactersAndLetsThemBeTakenAwayAgain) {
     EXPECT_EQ(Select('b'), 'b');
 }
 
-TEST_F(Keyboard, GoesRoundAtItsEdges) {
+TEST_F(Keyboard, GoesRoundAtItsEdgesByThreeArrowsOnly) {
     EXPECT_EQ(FocusedKey(), ' ');
     EXPECT_EQ(After(kKeyUp, ' '), 'n') << "straight on in between";
     EXPECT_EQ(After(kKeyRight, kKeyEnter), kKeyEscape);
     EXPECT_EQ(After(kKeyLeft, '1'), '=');
     EXPECT_EQ(After(kKeyUp, kKeyEscape), '`');
-}
-
-TEST_F(Keyboard, MovesByThreeArrowsOnly) {
     host->received.clear();
     for (const std::uint16_t type : {MSG_KEY_DOWN, MSG_KEY_UP}) {
         Board().Message(MessageOf(type, KEY_SOFT_1));
@@ -91,7 +88,7 @@ TEST_F(Keyboard, MovesByThreeArrowsOnly) {
     }
     EXPECT_EQ(Board().moveFocus(kKeyDown), 0);
     EXPECT_EQ(Board().moveFocus(kKeyEnter), 0);
-    EXPECT_EQ(FocusedKey(), ' ');
+    EXPECT_EQ(FocusedKey(), '`');
 }
 
 TEST_F(Keyboard, IsEmptyAgainWheneverItComesOrGoesAndLeavesNothingBehind) {

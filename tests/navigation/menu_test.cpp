@@ -64,9 +64,7 @@ TEST_F(Menu, IsShownInTheSelectedLanguage) {
     EXPECT_TRUE(PanelShows("menus/russian"));
 }
 
-using MenuItems = MenuBench;
-
-TEST_F(MenuItems, LeadToTheirScreensWithoutPowerQualityWhereTheMeterDoesNotOfferIt) {
+TEST_F(Menu, LeadsToEveryScreenButPowerQualityWhereTheMeterDoesNotOfferIt) {
     meter().Answer("DISPLAYFEATURES_getEn50160DisplayEnabled", std::uint32_t{0});
     CreateMenuScreens();
     for (const MenuTree& tree : kMenuTrees) {

@@ -1,6 +1,5 @@
 #include "navigation/navigation_handler.h"
 
-#include "navigation/messages.h"
 #include "simulator/bench/panel_bench.h"
 #include "tests/bench/test_on.h"
 #include "tests/peg/recorder.h"
@@ -13,20 +12,18 @@ protected:
     Navigation() {
         for (const std::int32_t id : {-3, 1, 2, 3, 4, 11, 12, 13, 14, 15, 200, 201}) {
             screens[id] = new Recorder(RectOf(0, 0, 319, 239), static_cast<std::uint16_t>(id));
-            Handler().addScreen(id, *screens[id], KindOf(id));
+            const ScreenKind kind = id <= 3 ? SCREEN_KIND_MENU : SCREEN_KIND_DATA;
+            Handler().addScreen(id, *screens[id], id == 15 ? SCREEN_KIND_SETUP_VIEW : kind);
         }
         Manager().AddChild(*Handler().getStartScreen());
     }
-    static ScreenKind KindOf(std::int32_t id) {
-        if (id == -3) return SCREEN_KIND_FACTORY_TEST;
-        if (id <= 3) return SCREEN_KIND_MENU;
-        return id == 15 ? SCREEN_KIND_SETUP_VIEW : SCREEN_KIND_DATA;
-    }
     static navigationHandlerClass& Handler() { return navigationHandlerClass::getInstance(); }
-    void Send(std::uint16_t type, std::int16_t param) {
-        PegMessage message = MessageOf(type, param);
-        message.target = &Handler();
-        toolkit.queue->Push(message);
+    void AltMode(std::uint32_t on) {
+        navigationHandlerClass::postAltModeState(on);
+        Pump();
+    }
+    void TestMode(std::uint32_t on) {
+        navigationHandlerClass::postTestModeState(on);
         Pump();
     }
     bool IsShown(std::int32_t id) const {
@@ -74,24 +71,24 @@ TEST_F(Navigation, GoesHomeToTheLastDataScreen) {
 }
 
 TEST_F(Navigation, FollowsTheMetersModesWithAHistoryForEach) {
-    Send(NAV_MSG_ALT_MODE, 1);
+    AltMode(1);
     EXPECT_TRUE(IsShown(4));
     EXPECT_EQ(Handler().getDisplayMode(), DISPLAY_MODE_ALT);
     EXPECT_EQ(meter().LastArgument("DISPLAYMODE_setAltMode"), 1U);
-    Send(NAV_MSG_TEST_MODE, 0);
+    TestMode(0);
     EXPECT_EQ(Handler().getDisplayMode(), DISPLAY_MODE_ALT) << "only test mode is left by that";
-    Send(NAV_MSG_TEST_MODE, 1);
+    TestMode(1);
     EXPECT_TRUE(IsShown(201));
-    Send(NAV_MSG_ALT_MODE, 0);
+    AltMode(0);
     EXPECT_TRUE(IsShown(200));
     EXPECT_EQ(Handler().getDisplayMode(), DISPLAY_MODE_NORMAL);
     EXPECT_EQ(meter().LastArgument("DISPLAYMODE_setTestMode"), 0U);
     meter().Answer("DISPLAYMODE_setTestMode", std::uint32_t{5});
-    Send(NAV_MSG_TEST_MODE, 1);
+    TestMode(1);
     EXPECT_TRUE(IsShown(201)) << "the screen changes even when the meter refuses the mode";
     EXPECT_EQ(Handler().getDisplayMode(), DISPLAY_MODE_NORMAL);
     meter().FallSilent();
-    Send(NAV_MSG_ALT_MODE, 1);
+    AltMode(1);
     EXPECT_TRUE(IsShown(4));
     EXPECT_EQ(Handler().getDisplayMode(), DISPLAY_MODE_NORMAL);
 }
@@ -108,10 +105,6 @@ TEST_F(Navigation, CarriesOutTheMetersCommandsOnTheToolkitTask) {
     navigationHandlerClass::postDispTest();
     Pump();
     EXPECT_TRUE(IsShown(-3));
-    navigationHandlerClass::postAltModeState(1);
-    navigationHandlerClass::postTestModeState(1);
-    Pump();
-    EXPECT_TRUE(IsShown(201));
 }
 
 TEST_F(Navigation, TakesTheLaterOfTwoScreensAndNoMoreThanItHasRoomFor) {

@@ -1,7 +1,5 @@
 #include "navigation/widgets/setup_vertical_list.h"
 
-#include <gtest/gtest.h>
-
 #include "simulator/bench/panel_bench.h"
 #include "tests/bench/test_on.h"
 

@@ -1,6 +1,5 @@
 #include "navigation/widgets/table_row.h"
 
-#include "peg/resources/builtin_fonts.h"
 #include "peg/resources/resources.h"
 #include "simulator/bench/toolkit_bench.h"
 #include "tests/bench/test_on.h"

@@ -1,5 +1,6 @@
 #include "screens/alarms/alarm_screens.h"
 
+#include "localization/display_config.h"
 #include "screens/parameters/custom_screen.h"
 #include "simulator/bench/panel_bench.h"
 #include "tests/bench/test_on.h"
@@ -66,12 +67,18 @@ TEST_F(AlarmScreens, ListActiveAlarmsAndScrollWhenTheSelectionIsAtTheEndOfThePag
     unacknowledged = 2;
     Ticks(21);
     EXPECT_TRUE(PanelShows("alarms/active_two"));
+    DISPCFG_setLanguage(1);
+    Ticks(40);
+    EXPECT_TRUE(PanelShows("alarms/active_two_german"));
+    DISPCFG_setLanguage(0);
     Fill(10);
     Ticks(41);
     EXPECT_TRUE(PanelShows("alarms/active_ten"));
     Press(KEY_SOFT_3);
     EXPECT_TRUE(PanelShows("alarms/active_second_selected"));
-    Press(KEY_SOFT_3, 2);
+    Press(KEY_SOFT_2);
+    EXPECT_TRUE(PanelShows("alarms/active_ten"));
+    Press(KEY_SOFT_3, 3);
     EXPECT_EQ(asked, (Range{0, 4})) << "the selection moves first";
     unacknowledged = 0;
     Press(KEY_SOFT_3, 6);
@@ -110,12 +117,11 @@ TEST_F(AlarmScreens, KeepTheirPlaceAndThePageFullAndRecoverFromAFailedCall) {
     Show(7);
     Ticks(kTicksPerSecond);
     EXPECT_EQ(asked, (Range{6, 4}));
-    Fill(7);
-    Ticks(20);
-    EXPECT_EQ(asked, (Range{3, 4}));
-    Fill(2);
-    Ticks(20);
-    EXPECT_EQ(asked, (Range{0, 2}));
+    for (const auto& [count, page] : {std::pair{7U, Range{3, 4}}, {4U, Range{0, 4}}, {2U, Range{0, 2}}}) {
+        Fill(count);
+        Ticks(20);
+        EXPECT_EQ(asked, page);
+    }
     Press(KEY_SOFT_4);
     EXPECT_TRUE(PanelShows("alarms/detail_of_the_last_of_two")) << "the selection has moved up to what is there";
     AlarmStats stats{};

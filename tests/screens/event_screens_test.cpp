@@ -3,7 +3,6 @@
 #include <cstring>
 #include <deque>
 
-#include "rda/records/identity.h"
 #include "screens/parameters/custom_screen.h"
 #include "simulator/bench/panel_bench.h"
 #include "tests/bench/test_on.h"

@@ -18,16 +18,14 @@ protected:
         meter().AnswerFrom("IOI_getDigitalInputData", [this](const auto& range) {
             asked = {range[0], range[1]};
             std::vector<IoPointEntry> points;
-            for (std::uint32_t i = 0; i < asked.second; ++i) points.push_back(Point(asked.first + i));
+            for (std::uint32_t i = asked.first; i < asked.first + asked.second; ++i) {
+                IoPointEntry& point = points.emplace_back();
+                Write(point.label, "Point " + std::to_string(i));
+                Write(point.state, i % 2 == 0 ? "Off" : "On");
+                Write(point.secondState, std::to_string(i));
+            }
             return points;
         });
-    }
-    static IoPointEntry Point(std::uint32_t index) {
-        IoPointEntry entry{};
-        Write(entry.label, "Point " + std::to_string(index));
-        Write(entry.state, index % 2 == 0 ? "Off" : "On");
-        Write(entry.secondState, std::to_string(index));
-        return entry;
     }
 
     using Range = std::pair<std::uint32_t, std::uint32_t>;
@@ -36,21 +34,19 @@ protected:
 };
 
 TEST_F(DigitalInputs, FillTheirPagesFromTheFirstToTheLast) {
-    // How many points there are, and how many each page has.
-    const std::vector<std::pair<std::uint32_t, std::vector<std::uint32_t>>> cases = {
-        {1, {1}}, {3, {3}}, {4, {4}}, {5, {4, 1}}, {8, {4, 4}}, {11, {4, 4, 3}}};
     Show(kDigitalInputs);
-    for (const auto& [points, pages] : cases) {
-        count = points;
+    for (const Range& lastPage : {Range{0, 1}, {0, 3}, {0, 4}, {4, 1}, {4, 4}, {8, 3}}) {
+        count = lastPage.first + lastPage.second;
         Ticks(20);
-        for (std::size_t page = 0; page < pages.size(); ++page) {
-            EXPECT_EQ(asked, Range(4 * page, pages[page])) << points << " points";
+        for (std::uint32_t first = 0; first < lastPage.first; first += 4) {
+            EXPECT_EQ(asked, Range(first, 4)) << count << " points";
             Press(KEY_SOFT_3);
         }
-        EXPECT_EQ(asked, Range(4 * (pages.size() - 1), pages.back())) << "there is no page behind the last";
-        for (std::size_t page = pages.size() - 1; page > 0; --page) {
+        Press(KEY_SOFT_3);
+        EXPECT_EQ(asked, lastPage) << "there is no page behind the last";
+        for (std::uint32_t first = lastPage.first; first > 0; first -= 4) {
             Press(KEY_SOFT_2);
-            EXPECT_EQ(asked, Range(4 * (page - 1), 4));
+            EXPECT_EQ(asked, Range(first - 4, 4));
         }
         Press(KEY_SOFT_2);
         EXPECT_EQ(asked.first, 0U) << "there is no page before the first";

@@ -1,6 +1,5 @@
 #include <vector>
 
-#include "localization/display_config.h"
 #include "tests/setup/setup_edit_bench.h"
 
 namespace {
@@ -71,10 +70,6 @@ TEST_F(EditDialog, ShowsWhatTheMeterSaysAndKeepsWhatWasComposed) {
     meter().Fail(kWrite);
     Press(KEY_SOFT_4);
     EXPECT_TRUE(PanelShows("setup/edit_no_answer"));
-    Press(KEY_SOFT_4);
-    DISPCFG_setLanguage(1);
-    Press(KEY_SOFT_4, 2);
-    EXPECT_TRUE(PanelShows("setup/edit_no_answer_german"));
 }
 
 TEST_F(EditDialog, ClosesAfterTenSecondsWithoutAKeyAndTheScreenStays) {

@@ -1,6 +1,7 @@
 #include <map>
 #include <vector>
 
+#include "setup/edit/signed_time.h"
 #include "tests/setup/setup_edit_bench.h"
 
 namespace {
@@ -104,6 +105,14 @@ TEST_F(ValueScreen, BeginsWithZeroAndAsksWhenTheValueIsNotKnown) {
     Press(KEY_SOFT_4);
     EXPECT_EQ(Written(), "0.00");
     EXPECT_EQ(Shown(), kDecimal) << "and the meter refuses it";
+}
+
+TEST(SignedTime, IsTheSameThereAndBack) {
+    for (const std::int32_t seconds : {0, 1, -1, 59, 60, 3599, -3600, 86399, -50400, 359999, INT32_MAX, -INT32_MAX}) {
+        EXPECT_EQ(SecondsOf(TimeOf(seconds).data()), seconds) << TimeOf(seconds).data();
+    }
+    EXPECT_EQ(SecondsOf("+99:99:99"), 99 * 3600 + 99 * 60 + 99);
+    EXPECT_EQ(SecondsIn("x"), std::nullopt);
 }
 
 }  // namespace
