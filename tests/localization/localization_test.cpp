@@ -62,6 +62,7 @@ TEST_F(Localization, TranslatesByTextAndShowsTheBaseTextWhereThereIsNoOther) {
     EXPECT_EQ(Text(Texts().translate(u"U", 1)), u"U") << "the language has no text for it";
     EXPECT_EQ(Text(Texts().translate(u"V", 9)), u"V") << "no such language";
     std::array<char16_t, 9> out;
+    out.fill(u'x');
     EXPECT_EQ(Texts().translateInto("anything", out), 0U);
     EXPECT_EQ(Text(out.data()), u"anything");
 

@@ -250,8 +250,8 @@ TEST_F(Presentation, LeadsAModalWindowsInputToTheTaskThatRunsIt) {
 
 TEST_F(Presentation, RunsAModalWindowUntilItIsClosed) {
     auto& dialog = AddNew<Recorder>(Manager(), RectOf(0, 0, 50, 50));
-    toolkit.queue->Push(MessageTo(dialog, kUser));
-    toolkit.queue->Push(MessageTo(dialog, SIGNAL_TYPE(1002, kSignalSelected)));
+    for (const std::uint16_t type : {kUser, SIGNAL_TYPE(1002, kSignalSelected)})
+        toolkit.queue->Push(MessageTo(dialog, type));
     EXPECT_EQ(dialog.Execute(), 1002);
     EXPECT_EQ(dialog.Count(kUser), 1);
     Pump();

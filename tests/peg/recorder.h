@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "peg/core/window.h"
+#include "tests/bench/toolkit_bench.h"
 
 /// A window that remembers what reached it and where it was asked to draw.
 class Recorder : public PegWindow {
@@ -30,9 +31,7 @@ public:
 
 /// A message for one thing.
 inline PegMessage MessageTo(PegThing& target, std::uint16_t type, std::int16_t param = 0) {
-    PegMessage message{};
-    message.type = type;
-    message.param = param;
+    PegMessage message = MessageOf(type, param);
     message.target = &target;
     return message;
 }

@@ -29,16 +29,13 @@ protected:
 };
 
 TEST_F(Widgets, HaveFramesPixelByPixel) {
-    std::vector<PegPrompt*> framed;
+    window.SetColor(kBackground, 9);
+    PegRect place = RectOf(0, 0, 9, 7);
     for (const std::uint32_t style : {kStyleBorderThin, kStyleBorderRaised, kStyleBorderRecessed}) {
-        const int left = 12 * static_cast<int>(framed.size());
-        framed.push_back(&AddNew<PegPrompt>(window, RectOf(left, 0, left + 9, 7), nullptr, std::uint16_t{0}, style));
-        framed.back()->SetColor(kBackground, 10);
+        AddNew<PegPrompt>(window, place, nullptr, std::uint16_t{0}, style).SetColor(kBackground, 10);
+        place.Shift(12, 0);
     }
     Pump();
-    DrawingPass pass(window, window.Real());
-    toolkit.screen->Fill(window.Real(), 0xF800);
-    for (PegPrompt* one : framed) one->Draw(one->Real());
     EXPECT_EQ(Picture(RectOf(0, 0, 33, 7),
                       {{0xFFFF, ' '}, {0x8410, '+'}, {0xC618, '-'}, {0x07E0, '.'}, {0x0000, '#'}, {0xF800, 'o'}}),
               (Rows{
@@ -68,10 +65,8 @@ TEST_F(Widgets, FollowTheLanguageWhereTheirTextHasANumber) {
     auto& numbered = AddNew<PegPrompt>(window, RectOf(0, 0, 99, 19));
     auto& own = AddNew<PegPrompt>(window, RectOf(0, 20, 99, 39), u"own");
     numbered.SetTextById(5);
-    const int before = window.Count(MSG_LANGUAGE);
     PegResources::SetLanguage(1);
     Pump();
-    EXPECT_EQ(window.Count(MSG_LANGUAGE), before + 1);
     EXPECT_EQ(std::u16string_view(numbered.Text()), u"Cancel");
     EXPECT_EQ(numbered.StringNumber(), 5U);
     EXPECT_EQ(std::u16string_view(own.Text()), u"own");
@@ -202,9 +197,8 @@ TEST_F(Lists, MoveTheSelectionByKeysAndStopAtTheEndsUnlessTheyWrap) {
     EXPECT_FALSE(list.ItemAt(2)->HasStyle(kStyleHighlighted));
     EXPECT_EQ(SelectedAfter(kKeyEnd), 2);
     EXPECT_EQ(SelectedAfter(kKeyHome), 0);
-    const int before = window.Count(MSG_KEY_DOWN);
     EXPECT_EQ(SelectedAfter(kKeyLeft), 0);
-    EXPECT_EQ(window.Count(MSG_KEY_DOWN), before + 1) << "keys across are the parent's";
+    EXPECT_EQ(window.Count(MSG_KEY_DOWN), 2) << "the one without a selection, and the one across";
 }
 
 TEST_F(Lists, SelectTheItemThatTellsItWasChosenAndForgetARemovedOne) {

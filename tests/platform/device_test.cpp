@@ -94,12 +94,11 @@ TEST_F(Board, KeysWaitForAWriterAndComeThroughTheFifo) {
     ASSERT_EQ(::write(board, "8 bytes!", 8), 8);
     EXPECT_EQ(isReadable(alone), 1);
     EXPECT_EQ(ReadAll(alone), "8 bytes!");
-    std::thread lateKey([board] {
+    const std::jthread lateKey([board] {
         ::usleep(30'000);
         EXPECT_EQ(::write(board, "late key", 8), 8);
     });
     EXPECT_EQ(ReadAll(alone), "late key") << "with a writer a read waits";
-    lateKey.join();
     os::close(alone);
     ::close(board);
 }

@@ -6,7 +6,6 @@
 #include <atomic>
 #include <cstdint>
 #include <cstring>
-#include <memory>
 #include <new>
 #include <thread>
 
@@ -54,33 +53,29 @@ TEST_F(Queue, GivesMessagesBackInTheOrderTheyCameWhileItsRingTurns) {
     std::int64_t next = 0;
     for (std::int64_t sent = 0; sent < 20; ++sent) {
         ASSERT_EQ(Send(sent), 0);
-        if (sent % 3 == 2) {
-            while (next <= sent) EXPECT_EQ(Receive(), next++);
-        }
+        while (sent % 3 == 2 && next <= sent) EXPECT_EQ(Receive(), next++);
     }
 }
 
 TEST_F(Queue, TellsWhyItRefuses) {
+    const auto errorOf = [](int result) {
+        EXPECT_EQ(result, -1);
+        return os::msgQError();
+    };
     std::int64_t value = 0;
-    EXPECT_EQ(os::msgQReceive(m_queue, &value, sizeof value, os::kNoWait), -1);
-    EXPECT_EQ(os::msgQError(), os::QueueError::Empty);
-    EXPECT_EQ(os::msgQReceive(m_queue, &value, sizeof value, 20), -1);
-    EXPECT_EQ(os::msgQError(), os::QueueError::Empty);
+    for (const int timeout : {os::kNoWait, 20})
+        EXPECT_EQ(errorOf(os::msgQReceive(m_queue, &value, sizeof value, timeout)), os::QueueError::Empty);
 
     const std::array<char, sizeof value + 1> tooLong{};
-    EXPECT_EQ(os::msgQSend(m_queue, tooLong.data(), tooLong.size(), os::kNoWait, 0), -1);
-    EXPECT_EQ(os::msgQError(), os::QueueError::TooLong);
+    EXPECT_EQ(errorOf(os::msgQSend(m_queue, tooLong.data(), tooLong.size(), os::kNoWait, 0)), os::QueueError::TooLong);
 
     for (std::size_t i = 0; i < kSlots; ++i) ASSERT_EQ(Send(7), 0);
-    EXPECT_EQ(Send(8), -1);
-    EXPECT_EQ(os::msgQError(), os::QueueError::Full);
+    EXPECT_EQ(errorOf(Send(8)), os::QueueError::Full);
     EXPECT_EQ(Receive(), 7);
     EXPECT_EQ(Send(9), 0) << "a freed slot takes a message again";
 
-    EXPECT_EQ(os::msgQSend(nullptr, &value, sizeof value, os::kNoWait, 0), -1);
-    EXPECT_EQ(os::msgQError(), os::QueueError::NoQueue);
-    EXPECT_EQ(os::msgQReceive(nullptr, &value, sizeof value, os::kWaitForever), -1);
-    EXPECT_EQ(os::msgQError(), os::QueueError::NoQueue);
+    EXPECT_EQ(errorOf(os::msgQSend(nullptr, &value, sizeof value, os::kNoWait, 0)), os::QueueError::NoQueue);
+    EXPECT_EQ(errorOf(os::msgQReceive(nullptr, &value, sizeof value, os::kWaitForever)), os::QueueError::NoQueue);
     EXPECT_EQ(os::msgQDelete(nullptr), -1);
 }
 

@@ -12,7 +12,7 @@
 namespace {
 
 std::vector<std::string> done;  // what the display was told to do
-int hardwareAnswers;            // what its queries return: 0 known, -1 unknown
+int hardwareAnswers = 0;        // what its queries return: 0 known, -1 unknown
 
 void Note(const std::string& what, std::uint32_t value) { done.push_back(what + " " + std::to_string(value)); }
 
@@ -59,8 +59,6 @@ std::string Padded(std::string text, std::size_t size) {
     return text;
 }
 
-const std::string kButton = Word(1) + Word(1) + Word(5) + Word(0x80000001);
-
 const std::vector<Case> kCases = {
     {"VEKHWIF_getHwId", "", 4, "", Word(3)},
     {"NAVCMDINT_changeAltModeState", Word(1), 0, "alt 1", ""},
@@ -76,14 +74,13 @@ const std::vector<Case> kCases = {
     {"MISCINT_getVekSerialNumber", Word(10), 10, "", Padded("SN-42", 10)},
     {"MISCINT_getVekDisplayAppVariant", "", 4, "", Word(2)},
     {"BACKLIGHT_setTimeout", Word(300), 0, "backlight 300", ""},
-    {"BUTTON_simulate_input", kButton, 0, "button 115 2147483649", ""},
+    {"BUTTON_simulate_input", Word(1) + Word(1) + Word(5) + Word(0x80000001), 0, "button 115 2147483649", ""},
 };
 
 /// The command server, served to one connection of the meter.
 class CommandServer : public testing::Test {
 protected:
     void SetUp() override {
-        hardwareAnswers = 0;
         registerDisplayCommands(m_server, kDisplay);
         const std::uint16_t port = UnusedPort();
         m_thread = std::jthread([this, port] { m_server.serve(port, "127.0.0.1", 0, 0); });

@@ -74,9 +74,8 @@ TEST_F(AssetChecker, ComparesNumbersWithTheirSources) {
                                     "GetBitmap(70); SetFontNumber(40);  // 85")
                                     .output;
     for (const char* fault :
-         {"string 102 has no", "colour 86 has no", "bitmap 70 has no", "font 40 has no", "colour 85 is used nowhere"}) {
+         {"string 102 has no", "colour 86 has no", "bitmap 70 has no", "font 40 has no", "colour 85 is used nowhere"})
         EXPECT_NE(missing.find(fault), std::string::npos) << fault << " in " << missing;
-    }
     EXPECT_NE(check("kFrameColor = 85").output.find("string 100 \"Power\" is used nowhere"), std::string::npos);
 }
 
