@@ -4,7 +4,7 @@
 #include <vector>
 
 #include "peg/core/window.h"
-#include "tests/bench/toolkit_bench.h"
+#include "simulator/bench/toolkit_bench.h"
 
 /// A window that remembers what reached it and where it was asked to draw.
 class Recorder : public PegWindow {
