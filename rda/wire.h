@@ -60,6 +60,9 @@ using WireF32 = wire::Number<float>;
 using WireF64 = wire::Number<double>;
 
 static_assert(std::numeric_limits<float>::is_iec559 && std::numeric_limits<double>::is_iec559);
+static_assert(WireU16{{0x34, 0x12}}.Get() == 0x1234 && WireI32{{0xFE, 0xFF, 0xFF, 0xFF}}.Get() == -2);
+static_assert(WireU64{{1, 0, 0, 0, 0, 0, 0, 0x80}}.Get() == 0x8000000000000001U);
+static_assert(WireF32{{0, 0, 0xFA, 0xC3}}.Get() == -500.0F && WireF64{{0, 0, 0, 0, 0, 0, 0x04, 0x40}}.Get() == 2.5);
 
 /// What every record that travels must be: a plain sequence of bytes of the agreed length.
 template <typename Record>

@@ -28,7 +28,11 @@ struct AlarmEntry {
     WireU64 endSeconds;
 };
 static_assert(sizeof(AlarmEntry) == 184 && kIsWireRecord<AlarmEntry>);
-static_assert(offsetof(AlarmEntry, value) == 119 && offsetof(AlarmEntry, startSeconds) == 168);
+static_assert(offsetof(AlarmEntry, qualifier) == 30 && offsetof(AlarmEntry, startDate) == 50);
+static_assert(offsetof(AlarmEntry, startTime) == 61 && offsetof(AlarmEntry, endDate) == 96);
+static_assert(offsetof(AlarmEntry, endTime) == 107 && offsetof(AlarmEntry, value) == 119);
+static_assert(offsetof(AlarmEntry, hasEnded) == 164 && offsetof(AlarmEntry, priority) == 166);
+static_assert(offsetof(AlarmEntry, startSeconds) == 168 && offsetof(AlarmEntry, endSeconds) == 176);
 
 /// An alarm that can be switched on and off.
 struct SettableAlarmEntry {
@@ -40,3 +44,5 @@ struct SettableAlarmEntry {
     std::array<char, 32> name;
 };
 static_assert(sizeof(SettableAlarmEntry) == 48 && kIsWireRecord<SettableAlarmEntry>);
+static_assert(offsetof(SettableAlarmEntry, kind) == 4 && offsetof(SettableAlarmEntry, enabled) == 8);
+static_assert(offsetof(SettableAlarmEntry, icon) == 12 && offsetof(SettableAlarmEntry, name) == 16);

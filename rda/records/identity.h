@@ -27,6 +27,7 @@ struct IoPointEntry {
     std::array<char, 45> secondState;  // digital inputs only
 };
 static_assert(sizeof(IoPointEntry) == 130 && kIsWireRecord<IoPointEntry>);
+static_assert(offsetof(IoPointEntry, state) == 40 && offsetof(IoPointEntry, secondState) == 85);
 
 /// One event of the log; entry 0 of the log is the newest.
 struct EventLogEntry {
@@ -37,3 +38,5 @@ struct EventLogEntry {
     std::array<char, 51> description;
 };
 static_assert(sizeof(EventLogEntry) == 128 && kIsWireRecord<EventLogEntry>);
+static_assert(offsetof(EventLogEntry, date) == 4 && offsetof(EventLogEntry, time) == 15);
+static_assert(offsetof(EventLogEntry, source) == 27 && offsetof(EventLogEntry, description) == 77);

@@ -16,7 +16,9 @@ struct PhasorEntry {
     WireU32 shown;  // 1: drawn in the diagram
 };
 static_assert(sizeof(PhasorEntry) == 172 && kIsWireRecord<PhasorEntry>);
-static_assert(offsetof(PhasorEntry, angleLabel) == 84 && offsetof(PhasorEntry, angle) == 164);
+static_assert(offsetof(PhasorEntry, magnitudeText) == 40 && offsetof(PhasorEntry, magnitude) == 80);
+static_assert(offsetof(PhasorEntry, angleLabel) == 84 && offsetof(PhasorEntry, angleText) == 124);
+static_assert(offsetof(PhasorEntry, angle) == 164 && offsetof(PhasorEntry, shown) == 168);
 
 inline constexpr std::size_t kMaxHarmonics = 63;
 
@@ -48,7 +50,8 @@ struct HarmonicData {
     }
 };
 static_assert(sizeof(HarmonicData) == 640 && kIsWireRecord<HarmonicData>);
-static_assert(offsetof(HarmonicData, fullScale) == 256 && offsetof(HarmonicData, texts) == 264);
+static_assert(offsetof(HarmonicData, fullScale) == 256 && offsetof(HarmonicData, labelChoice) == 260);
+static_assert(offsetof(HarmonicData, texts) == 264);
 
 /// One value of a bar.
 struct MinMaxValue {
@@ -56,6 +59,7 @@ struct MinMaxValue {
     WireU32 unused;
     WireF64 value;
 };
+static_assert(offsetof(MinMaxValue, valid) == 0 && offsetof(MinMaxValue, value) == 8);
 
 /// A quantity's extremes and its present value.
 struct MinMaxBarData {
@@ -68,4 +72,6 @@ struct MinMaxBarData {
     std::array<char, 43> label;
 };
 static_assert(sizeof(MinMaxBarData) == 232 && kIsWireRecord<MinMaxBarData>);
-static_assert(offsetof(MinMaxBarData, maximum) == 64 && offsetof(MinMaxBarData, label) == 189);
+static_assert(offsetof(MinMaxBarData, minimumText) == 16 && offsetof(MinMaxBarData, maximum) == 64);
+static_assert(offsetof(MinMaxBarData, maximumText) == 80 && offsetof(MinMaxBarData, present) == 128);
+static_assert(offsetof(MinMaxBarData, presentText) == 144 && offsetof(MinMaxBarData, label) == 189);

@@ -15,6 +15,9 @@ struct RegisterValue {
     std::array<char, 26> time;
 };
 static_assert(sizeof(RegisterValue) == 264 && kIsWireRecord<RegisterValue>);
+static_assert(offsetof(RegisterValue, label) == 132 && offsetof(RegisterValue, value) == 172);
+static_assert(offsetof(RegisterValue, unit) == 217 && offsetof(RegisterValue, date) == 227);
+static_assert(offsetof(RegisterValue, time) == 238);
 
 /// The meter's answer to a write.
 struct RegisterWriteResult {
@@ -42,6 +45,7 @@ struct EnumerationData {
     std::array<std::array<char, 40>, kMaxEnumerationItems> items;
 };
 static_assert(sizeof(EnumerationData) == 1740 && kIsWireRecord<EnumerationData>);
+static_assert(offsetof(EnumerationData, count) == 132 && offsetof(EnumerationData, current) == 136);
 static_assert(offsetof(EnumerationData, items) == 140);
 
 inline constexpr std::size_t kMaxPageParameters = 6;
@@ -56,7 +60,8 @@ struct CustomScreenData {
     std::array<RegisterValue, kMaxPageParameters> parameters;
 };
 static_assert(sizeof(CustomScreenData) == 1632 && kIsWireRecord<CustomScreenData>);
-static_assert(offsetof(CustomScreenData, parameters) == 48);
+static_assert(offsetof(CustomScreenData, isLastPage) == 8 && offsetof(CustomScreenData, title) == 12);
+static_assert(offsetof(CustomScreenData, count) == 44 && offsetof(CustomScreenData, parameters) == 48);
 
 /// Page commands of the custom screen operations.
 inline constexpr std::uint32_t kPagePrevious = 0;

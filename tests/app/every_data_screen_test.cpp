@@ -6,13 +6,12 @@
 #include "screens/base/screen_info_table.h"
 #include "setup/view/setup_view_table.h"
 #include "simulator/bench/meter_texts.h"
-#include "simulator/bench/panel_bench.h"
 #include "tests/bench/test_on.h"
 
 namespace {
 
 /// What all screens that show values have in common.
-class EveryDataScreen : public TestOn<PanelBench> {
+class EveryDataScreen : public PanelTest {
 protected:
     EveryDataScreen() { BuildApplication(Manager()); }
 
@@ -105,7 +104,7 @@ TEST_F(EveryScreenOfValues, FollowsTheLanguageAsIfItHadJustBeenEntered) {
 }
 
 /// The same on a panel whose resource file is missing.
-class WithoutResources : public TestOn<PanelBench> {};
+class WithoutResources : public PanelTest {};
 
 TEST_F(WithoutResources, EveryDataScreenIsStillThere) {
     PegResources::Reset();

@@ -9,7 +9,6 @@
 #include "peg/port/vxpeg.h"
 #include "rda/command_server.h"
 #include "rda/server.h"
-#include "simulator/bench/panel_bench.h"
 #include "tests/bench/test_on.h"
 #include "tests/rda/loopback.h"
 
@@ -24,7 +23,7 @@ constexpr std::uint8_t kHomeKey = 0;
 
 /// The application with its command server, which the meter floods through a socket, while somebody floods the keys.
 /// The toolkit runs in the test's own task and gets a tick for every twentieth of a second that is over.
-class Flood : public TestOn<PanelBench> {
+class Flood : public PanelTest {
 protected:
     Flood() {
         Screen().blind = true;

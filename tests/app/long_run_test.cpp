@@ -6,7 +6,6 @@
 #include "peg/core/timer_list.h"
 #include "simulator/bench/allocation_count.h"
 #include "simulator/bench/hardware_double.h"
-#include "simulator/bench/panel_bench.h"
 #include "tests/bench/test_on.h"
 
 namespace {
@@ -21,7 +20,7 @@ constexpr std::int32_t kEventLog = 69;
 
 /// The display for a long time, from a second before its tick counter wraps: it comes up, and then shows a screen for a
 /// minute each and sees its keys pressed. For a minute of each hour the meter is silent. Time is ticks.
-class LongRun : public TestOn<PanelBench> {
+class LongRun : public PanelTest {
 protected:
     LongRun() {
         delete toolkit.timers;

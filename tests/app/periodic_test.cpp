@@ -3,7 +3,6 @@
 #include "app/button_task.h"
 #include "app/one_second_task.h"
 #include "simulator/bench/hardware_double.h"
-#include "simulator/bench/panel_bench.h"
 #include "tests/bench/test_on.h"
 #include "tests/peg/recorder.h"
 
@@ -12,7 +11,7 @@ namespace {
 using Levels = std::vector<int>;
 
 /// The work of the one-second task and the button task, a second at a time.
-class Periodic : public TestOn<PanelBench> {
+class Periodic : public PanelTest {
 protected:
     Periodic() {
         Navigation().addScreen(200, screen, SCREEN_KIND_DATA);

@@ -1,14 +1,13 @@
 #include "app/display_resources.h"
 #include "app/startup_screen.h"
 #include "simulator/bench/hardware_double.h"
-#include "simulator/bench/panel_bench.h"
 #include "simulator/bench/task_double.h"
 #include "tests/bench/test_on.h"
 
 namespace {
 
 /// The start-up screen on the panel, with a meter that may not be there.
-class Startup : public TestOn<PanelBench> {
+class Startup : public PanelTest {
 protected:
     void Start() {
         loadDisplayResources(reinterpret_cast<std::intptr_t>(&Manager()));

@@ -5,13 +5,12 @@
 #include "navigation/menu_trees.h"
 #include "screens/base/options_menu_table.h"
 #include "screens/base/screen_info_table.h"
-#include "simulator/bench/panel_bench.h"
 #include "tests/bench/test_on.h"
 
 namespace {
 
 /// A person who presses every key of every screen, beginning where the display modes begin and where their menus lead.
-class Tour : public TestOn<PanelBench> {
+class Tour : public PanelTest {
 protected:
     Tour() {
         PanelBench::meter().Model().Play(*meter::FindScenario("500-alarms"));  // an alarm to see the details of

@@ -5,6 +5,7 @@
 #include <string>
 
 #include "platform/panel.h"
+#include "simulator/bench/panel_bench.h"
 #include "tests/bench/golden.h"
 
 /// A test that works the display on a bench.
@@ -16,3 +17,6 @@ protected:
         return FrameMatchesGolden(Bench::Screen().Row(0), kPanelWidth, kPanelHeight, golden);
     }
 };
+
+using ToolkitTest = TestOn<ToolkitBench>;
+using PanelTest = TestOn<PanelBench>;

@@ -6,7 +6,6 @@
 #include "localization/display_config.h"
 #include "localization/localization_file.h"
 #include "peg/resources/resources.h"
-#include "simulator/bench/toolkit_bench.h"
 #include "tests/bench/file_builder.h"
 #include "tests/bench/test_on.h"
 #include "tests/peg/recorder.h"
@@ -16,7 +15,7 @@ namespace {
 using Text = std::u16string_view;
 
 /// A board whose localisation file a test makes up.
-class Localization : public TestOn<ToolkitBench> {
+class Localization : public ToolkitTest {
 protected:
     Localization() { setenv("BOARD_ROOT", m_folder.c_str(), 1); }
     ~Localization() override {

@@ -7,7 +7,7 @@
 namespace {
 
 /// Prompts on a window, drawn in the built-in font.
-class Record : public TestOn<ToolkitBench> {
+class Record : public ToolkitTest {
 protected:
     Record() { Manager().AddChild(m_window, true); }
     ~Record() override { Manager().RemoveChild(m_window); }

@@ -2,14 +2,13 @@
 
 #include "navigation/entry/keyboard_window.h"
 #include "simulator/bench/keyboard_keys.h"
-#include "simulator/bench/panel_bench.h"
 #include "tests/bench/test_on.h"
 #include "tests/peg/recorder.h"
 
 namespace {
 
 /// The keyboard on a plain window.
-class Keyboard : public TestOn<PanelBench> {
+class Keyboard : public PanelTest {
 protected:
     Keyboard() {
         host = new Recorder(RectOf(0, 0, 319, 239));

@@ -1,12 +1,11 @@
 #include "navigation/meter_access.h"
 
 #include "navigation/password_handler.h"
-#include "simulator/bench/panel_bench.h"
 #include "tests/bench/test_on.h"
 
 namespace {
 
-class MeterAccess : public TestOn<PanelBench> {
+class MeterAccess : public PanelTest {
 protected:
     static meterAccessClass& Access() { return meterAccessClass::getInstance(); }
 };
@@ -48,7 +47,7 @@ TEST_F(MeterAccess, NoticesAnotherConnectionOnceAndASixthFailureInARow) {
     EXPECT_TRUE(Access().isSameMeterConnection()) << "the failures before the success are forgotten";
 }
 
-class Password : public TestOn<PanelBench> {
+class Password : public PanelTest {
 protected:
     static PHC_passwordHandlerClass& Handler() { return PHC_passwordHandlerClass::getInstance(); }
 };

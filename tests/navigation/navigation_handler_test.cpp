@@ -1,13 +1,12 @@
 #include "navigation/navigation_handler.h"
 
-#include "simulator/bench/panel_bench.h"
 #include "tests/bench/test_on.h"
 #include "tests/peg/recorder.h"
 
 namespace {
 
 /// Plain windows under the ids of screens; the meter starts the display in normal mode.
-class Navigation : public TestOn<PanelBench> {
+class Navigation : public PanelTest {
 protected:
     Navigation() {
         for (const std::int32_t id : {-3, 1, 2, 3, 4, 11, 12, 13, 14, 15, 200, 201}) {

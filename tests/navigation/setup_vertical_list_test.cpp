@@ -1,13 +1,12 @@
 #include "navigation/widgets/setup_vertical_list.h"
 
-#include "simulator/bench/panel_bench.h"
 #include "tests/bench/test_on.h"
 
 namespace {
 
 constexpr std::uint32_t kIcon = 224;
 
-class SetupVerticalList : public TestOn<PanelBench> {};
+class SetupVerticalList : public PanelTest {};
 
 TEST_F(SetupVerticalList, PassesOverWhatIsHiddenAndStopsAtTheEnds) {
     EXPECT_EQ(setupVerticalList({9, 0, {}}, SetupItemLook::Plain).Real(), RectOf(8, 56, 312, 211)) << "six rows fit";

@@ -1,7 +1,6 @@
 #include "navigation/widgets/table_row.h"
 
 #include "peg/resources/resources.h"
-#include "simulator/bench/toolkit_bench.h"
 #include "tests/bench/test_on.h"
 
 namespace {
@@ -12,7 +11,7 @@ constexpr std::uint32_t kRed = 1;
 constexpr std::uint32_t kGreen = 2;
 constexpr std::uint32_t kBlue = 4;
 
-class TableRow : public TestOn<ToolkitBench> {
+class TableRow : public ToolkitTest {
 protected:
     /// The panel's top left corner: letters for the rows' colours and the lines.
     Rows Corner(int width, int height) {

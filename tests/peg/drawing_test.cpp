@@ -3,7 +3,6 @@
 #include "peg/core/screen.h"
 #include "peg/port/pixel.h"
 #include "peg/resources/builtin_fonts.h"
-#include "simulator/bench/toolkit_bench.h"
 #include "tests/bench/test_on.h"
 #include "tests/peg/recorder.h"
 
@@ -15,7 +14,7 @@ constexpr std::uint16_t kBlack = 0;
 using Rows = std::vector<std::string>;
 
 /// Primitives on a black frame, inside a pass of the whole screen.
-class Drawing : public TestOn<ToolkitBench> {
+class Drawing : public ToolkitTest {
 protected:
     Recorder canvas{RectOf(0, 0, 319, 239)};
 

@@ -2,7 +2,6 @@
 
 #include "peg/core/screen.h"
 #include "peg/port/pixel.h"
-#include "simulator/bench/toolkit_bench.h"
 #include "tests/bench/test_on.h"
 #include "tests/peg/recorder.h"
 
@@ -29,7 +28,7 @@ private:
     std::vector<std::uint16_t> m_pixels;
 };
 
-class Kernels : public TestOn<ToolkitBench> {
+class Kernels : public ToolkitTest {
 protected:
     Kernels() {
         Draw(kArea, [&](PegScreen& screen) {

@@ -1,7 +1,6 @@
 #include "peg/core/message_queue.h"
 
 #include "peg/core/timer_list.h"
-#include "simulator/bench/toolkit_bench.h"
 #include "tests/bench/test_on.h"
 #include "tests/peg/recorder.h"
 
@@ -10,7 +9,7 @@ namespace {
 constexpr std::uint16_t kUser = MSG_FIRST_USER + 7;
 constexpr std::int16_t kRoom = kQueueMessages;
 
-class Queue : public TestOn<ToolkitBench> {
+class Queue : public ToolkitTest {
 protected:
     Recorder& window = AddNew<Recorder>(Manager());
 

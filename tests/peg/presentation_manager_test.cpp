@@ -6,7 +6,6 @@
 
 #include "peg/resources/resources.h"
 #include "peg/widgets/prompt.h"
-#include "simulator/bench/toolkit_bench.h"
 #include "tests/bench/test_on.h"
 #include "tests/peg/recorder.h"
 
@@ -14,7 +13,7 @@ namespace {
 
 constexpr std::uint16_t kUser = MSG_FIRST_USER + 1;
 
-class Presentation : public TestOn<ToolkitBench> {};
+class Presentation : public ToolkitTest {};
 
 TEST_F(Presentation, GivesANewScreenTheInputAndForgetsARemovedOne) {
     auto& first = AddNew<Recorder>(Manager());

@@ -2,7 +2,6 @@
 
 #include <array>
 
-#include "simulator/bench/toolkit_bench.h"
 #include "tests/bench/test_on.h"
 #include "tests/peg/recorder.h"
 
@@ -10,7 +9,7 @@ namespace {
 
 constexpr std::uint16_t kUser = MSG_FIRST_USER + 7;
 
-class Things : public TestOn<ToolkitBench> {};
+class Things : public ToolkitTest {};
 
 /// The children of a thing by id, front to back.
 std::vector<int> Order(const PegThing& thing) {
@@ -193,7 +192,7 @@ TEST_F(Things, GetNoMessageOnceTheyAreDead) {
     Ticks(2);  // the timers of everything inside went with it
 }
 
-class Focus : public TestOn<ToolkitBench> {
+class Focus : public ToolkitTest {
 protected:
     Recorder& window = AddNew<Recorder>(Manager(), RectOf(0, 0, 199, 199));
     Recorder& AddControl(int x, int y, std::uint16_t id) {

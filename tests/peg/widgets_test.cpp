@@ -9,7 +9,6 @@
 #include "peg/widgets/text_box.h"
 #include "peg/widgets/text_button.h"
 #include "peg/widgets/vert_list.h"
-#include "simulator/bench/toolkit_bench.h"
 #include "tests/bench/test_on.h"
 #include "tests/peg/recorder.h"
 
@@ -17,7 +16,7 @@ namespace {
 
 using Rows = std::vector<std::string>;
 
-class Widgets : public TestOn<ToolkitBench> {
+class Widgets : public ToolkitTest {
 protected:
     Recorder& window = AddNew<Recorder>(Manager(), RectOf(0, 0, 319, 239));
 

@@ -2,7 +2,6 @@
 
 #include "localization/display_config.h"
 #include "screens/parameters/custom_screen.h"
-#include "simulator/bench/panel_bench.h"
 #include "tests/bench/test_on.h"
 #include "tests/bench/wire_text.h"
 
@@ -25,7 +24,7 @@ AlarmEntry Alarm(std::string_view name, unsigned priority, std::uint32_t seconds
 }
 
 /// A meter with the alarms that the test puts into `alarms`, for both lists. They are called by their index.
-class AlarmScreens : public TestOn<PanelBench> {
+class AlarmScreens : public PanelTest {
 protected:
     AlarmScreens() {
         for (const std::string_view kind : {"Active", "Historical"}) {

@@ -1,7 +1,6 @@
 #include "screens/base/data_screen.h"
 
 #include "navigation/password_handler.h"
-#include "simulator/bench/panel_bench.h"
 #include "tests/bench/test_on.h"
 
 namespace {
@@ -16,7 +15,7 @@ public:
 };
 
 /// Screens 11 (options and both neighbours), 12, 13, 17 (only soft key 4), 19 to 22 and 41 (options, nothing else).
-class DataScreens : public TestOn<PanelBench> {
+class DataScreens : public PanelTest {
 protected:
     DataScreens() {
         for (const std::int32_t id : {11, 12, 13, 17, 19, 20, 22, 37, 41, 42, 200}) {

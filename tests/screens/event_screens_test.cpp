@@ -4,7 +4,6 @@
 #include <deque>
 
 #include "screens/parameters/custom_screen.h"
-#include "simulator/bench/panel_bench.h"
 #include "tests/bench/test_on.h"
 #include "tests/bench/wire_text.h"
 
@@ -21,7 +20,7 @@ EventLogEntry Event(std::string_view source, std::string_view description = "Set
 }
 
 /// A meter whose log holds what the test puts into `log`, newest first.
-class EventScreens : public TestOn<PanelBench> {
+class EventScreens : public PanelTest {
 protected:
     EventScreens() {
         meter().AnswerFrom("EVLIF_getEventLogEntryCount", [this](auto&) { return log.size(); });

@@ -3,7 +3,6 @@
 
 #include "screens/extremes/minmax_bar_screen.h"
 #include "screens/parameters/custom_screen.h"
-#include "simulator/bench/panel_bench.h"
 #include "tests/bench/test_on.h"
 #include "tests/bench/wire_text.h"
 
@@ -37,7 +36,7 @@ MinMaxBarData Bar(const BarValues& values) {
 }
 
 /// Bars whose values a test composes, by the register of the present value.
-class ExtremesBars : public TestOn<PanelBench> {
+class ExtremesBars : public PanelTest {
 protected:
     ExtremesBars() {
         CreateCustomScreens();

@@ -3,7 +3,6 @@
 #include "peg/resources/resources.h"
 #include "screens/factory_test/display_test_screen.h"
 #include "screens/parameters/custom_screen.h"
-#include "simulator/bench/panel_bench.h"
 #include "tests/bench/test_on.h"
 
 namespace {
@@ -13,7 +12,7 @@ constexpr std::uint32_t kAsked = 11;
 constexpr std::uint32_t kPressed = 2;
 constexpr const char* kVerdict = "DISPLAYMODE_setFactoryTestScreenResult";
 
-class FactoryTest : public TestOn<PanelBench> {
+class FactoryTest : public PanelTest {
 protected:
     FactoryTest() {
         CreateCustomScreens();

@@ -3,7 +3,6 @@
 #include <cstring>
 
 #include "screens/parameters/custom_screen.h"
-#include "simulator/bench/panel_bench.h"
 #include "tests/bench/test_on.h"
 #include "tests/bench/wire_text.h"
 
@@ -22,7 +21,7 @@ HarmonicData Spectrum(std::uint32_t fullScale) {
     return data;
 }
 
-class HarmonicScreens : public TestOn<PanelBench> {
+class HarmonicScreens : public PanelTest {
 protected:
     void Create() {
         CreateCustomScreens();

@@ -1,7 +1,6 @@
 #include "screens/io/io_screen.h"
 
 #include "screens/parameters/custom_screen.h"
-#include "simulator/bench/panel_bench.h"
 #include "tests/bench/test_on.h"
 #include "tests/bench/wire_text.h"
 
@@ -9,7 +8,7 @@ namespace {
 
 constexpr std::int32_t kDigitalInputs = 94;
 /// Digital inputs that a test makes up.
-class DigitalInputs : public TestOn<PanelBench> {
+class DigitalInputs : public PanelTest {
 protected:
     DigitalInputs() {
         CreateCustomScreens();  // the screen to start from is among them

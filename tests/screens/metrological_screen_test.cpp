@@ -2,7 +2,6 @@
 
 #include "rda/records.h"
 #include "screens/parameters/custom_screen.h"
-#include "simulator/bench/panel_bench.h"
 #include "tests/bench/test_on.h"
 #include "tests/bench/wire_text.h"
 
@@ -12,7 +11,7 @@ constexpr auto kRead = "PDMINTERFACE_getRegisterValue";
 constexpr std::int32_t kScreen = 46;
 constexpr std::uint32_t kSecondOfThree = 1725;
 
-class MetrologicalScreens : public TestOn<PanelBench> {
+class MetrologicalScreens : public PanelTest {
 protected:
     MetrologicalScreens() {
         CreateMetrologicalScreens();

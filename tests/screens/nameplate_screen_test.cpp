@@ -2,7 +2,6 @@
 
 #include "rda/records.h"
 #include "screens/parameters/custom_screen.h"
-#include "simulator/bench/panel_bench.h"
 #include "tests/bench/test_on.h"
 
 namespace {
@@ -11,7 +10,7 @@ constexpr std::int32_t kNameplate = 98;
 constexpr std::int32_t kMidNameplate = 97;  // any screen will do to show it on
 constexpr int kPages = 6;
 
-class Nameplate : public TestOn<PanelBench> {
+class Nameplate : public PanelTest {
 protected:
     Nameplate() {
         CreateCustomScreens();  // the screen to start from is among them

@@ -1,7 +1,6 @@
 #include "screens/parameters/parameter_screen.h"
 
 #include "screens/parameters/custom_screen.h"
-#include "simulator/bench/panel_bench.h"
 #include "tests/bench/test_on.h"
 #include "tests/bench/wire_text.h"
 
@@ -15,7 +14,7 @@ RegisterValue Register(std::string_view label, std::string_view value, std::stri
     return record;
 }
 
-class ParameterScreens : public TestOn<PanelBench> {
+class ParameterScreens : public PanelTest {
 protected:
     ParameterScreens() {
         CreateParameterScreens();

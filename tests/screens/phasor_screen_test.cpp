@@ -1,7 +1,6 @@
 #include "screens/phasor/phasor_screen.h"
 
 #include "screens/parameters/custom_screen.h"
-#include "simulator/bench/panel_bench.h"
 #include "tests/bench/test_on.h"
 #include "tests/bench/wire_text.h"
 
@@ -23,7 +22,7 @@ PhasorEntry Phasor(std::int32_t magnitude, std::int32_t angle, std::uint32_t sho
     return entry;
 }
 
-class PhasorScreen : public TestOn<PanelBench> {
+class PhasorScreen : public PanelTest {
 protected:
     PhasorScreen() {
         CreateCustomScreens();  // among them the one that navigation starts from

@@ -8,12 +8,11 @@
 #include "setup/edit/choice_screen.h"
 #include "setup/edit/list_screen.h"
 #include "setup/edit/value_screen.h"
-#include "simulator/bench/panel_bench.h"
 #include "tests/bench/test_on.h"
 #include "tests/bench/wire_text.h"
 
 /// The screens that edit settings, each opened from the same plain window, with a login that the meter has accepted.
-class SetupEditBench : public TestOn<PanelBench> {
+class SetupEditBench : public PanelTest {
 protected:
     static constexpr std::int32_t kHome = 200;
     static constexpr std::int32_t kView = 100;

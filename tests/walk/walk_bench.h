@@ -7,7 +7,6 @@
 #include <string>
 #include <vector>
 
-#include "simulator/bench/panel_bench.h"
 #include "tests/bench/test_on.h"
 #include "tests/walk/stroke.h"
 #include "tests/walk/write_watch.h"
@@ -30,7 +29,7 @@ struct WalkRecord {
 ///
 /// Strokes reach the display as key records and commands do, through its queue, with the toolkit between busy and idle.
 /// All is drawn, but the pixels are left out. The meter lives a second in a second of ticks.
-class WalkBench : public TestOn<PanelBench> {
+class WalkBench : public PanelTest {
 protected:
     WalkBench();
 
