@@ -1,7 +1,5 @@
 #include "benchmarks/panel.h"
 
-#include <unistd.h>
-
 #include <cstdlib>
 #include <fstream>
 
@@ -12,16 +10,6 @@
 #include "peg/resources/resources.h"
 
 namespace {
-
-std::filesystem::path MakeBoard() {
-    std::string path = (std::filesystem::temp_directory_path() / "bench-board-XXXXXX").string();
-    if (mkdtemp(path.data()) == nullptr) std::abort();
-    const std::filesystem::path board(path);
-    std::filesystem::create_directory_symlink(ROMFS_DIR, board / "romfs");
-    std::ofstream(board / "db9000_fb") << std::string(kFrameBytes, '\0');
-    setenv("BOARD_ROOT", path.c_str(), 1);
-    return board;
-}
 
 bool framesGoToTheDevice = false;
 
@@ -42,9 +30,10 @@ Panel& Panel::Instance() {
 }
 
 Panel::Panel()
-    : m_board(MakeBoard()),
-      m_queue(os::msgQCreate(kQueueMessages, kQueueMessageBytes, os::kQueueFifo)),
+    : m_queue(os::msgQCreate(kQueueMessages, kQueueMessageBytes, os::kQueueFifo)),
       m_objects{std::make_unique<BenchScreen>(kPanelWidth, kPanelHeight), m_queue} {
+    std::filesystem::create_directory_symlink(ROMFS_DIR, m_board / "romfs");
+    std::ofstream(m_board / "db9000_fb") << std::string(kFrameBytes, '\0');
     PegFile file;
     if (!file.Open("/romfs/resources.pbr") || PegResources::LoadResourceFile(file, 0) != 1) std::abort();
     PegResources::InstallResourceSet(*PegResources::GetResourceSet(0), false);
@@ -70,4 +59,4 @@ PegThing& Panel::Show(std::int32_t screen) {
     return *navigation.getCurrentScreen();
 }
 
-void Panel::RemoveBoard() { std::filesystem::remove_all(Instance().m_board); }
+void Panel::RemoveBoard() { Instance().m_board.Remove(); }

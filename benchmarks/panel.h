@@ -1,6 +1,5 @@
 #pragma once
 
-#include <filesystem>
 #include <memory>
 
 #include "peg/core/message_queue.h"
@@ -8,6 +7,7 @@
 #include "peg/core/toolkit.h"
 #include "peg/port/vxpeg.h"
 #include "platform/panel.h"
+#include "simulator/own_folder.h"
 
 inline constexpr std::size_t kFrameBytes = kPanelWidth * kPanelHeight * 2;
 inline constexpr PegRect kPanel = RectOf(0, 0, kPanelWidth - 1, kPanelHeight - 1);
@@ -29,7 +29,7 @@ public:
     /// Puts a data screen on the panel, by way of an empty one.
     static PegThing& Show(std::int32_t screen);
 
-    const std::filesystem::path& Board() const { return m_board; }
+    const std::filesystem::path& Board() const { return m_board.Path(); }
 
     /// Removes the board; the last thing that is done.
     static void RemoveBoard();
@@ -37,7 +37,7 @@ public:
 private:
     Panel();
 
-    std::filesystem::path m_board;
+    OwnBoard m_board{"bench-board"};
     os::MessageQueueId m_queue;
     PegToolkitObjects m_objects;
 };

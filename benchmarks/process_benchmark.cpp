@@ -19,6 +19,7 @@
 
 #include "benchmarks/processor.h"
 #include "simulator/descriptor.h"
+#include "simulator/own_folder.h"
 #include "simulator/panel/keys.h"
 #include "tools/soak/programs.h"
 
@@ -41,9 +42,6 @@ void Print(const char* name, double value, const char* unit, double goal) {
 class Board {
 public:
     Board() {
-        std::string folder = (std::filesystem::temp_directory_path() / "bench-process-XXXXXX").string();
-        if (mkdtemp(folder.data()) == nullptr) std::exit(1);
-        m_folder = folder;
         std::filesystem::create_directory_symlink(ROMFS_DIR, m_folder / "romfs");
         const auto frame = m_folder / "db9000_fb";
         std::ofstream(frame) << std::string(153'600, '\0');
@@ -52,11 +50,8 @@ public:
         m_events = Descriptor(inotify_init1(IN_NONBLOCK));
         inotify_add_watch(m_events.Get(), frame.c_str(), IN_CLOSE_WRITE);
     }
-    ~Board() { std::filesystem::remove_all(m_folder); }
-    Board(const Board&) = delete;
-    Board& operator=(const Board&) = delete;
 
-    std::string Root() const { return "BOARD_ROOT=" + m_folder.string(); }
+    std::string Root() const { return "BOARD_ROOT=" + m_folder.Path().string(); }
 
     /// Forgets the frames so far.
     void Forget() {
@@ -77,7 +72,7 @@ public:
     }
 
 private:
-    std::filesystem::path m_folder;
+    OwnFolder m_folder{"bench-process"};
     Descriptor m_keys;
     Descriptor m_events;
 };

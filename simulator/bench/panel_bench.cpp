@@ -1,23 +1,10 @@
 #include "simulator/bench/panel_bench.h"
 
-#include <unistd.h>
-
-#include <cstdlib>
-
 #include "localization/localization.h"
 #include "peg/resources/resources.h"
 #include "platform/panel.h"
 
 namespace {
-
-/// A board with the two romfs files and nothing else.
-std::filesystem::path MakeBoard() {
-    std::string path = (std::filesystem::temp_directory_path() / "panel-bench-XXXXXX").string();
-    if (mkdtemp(path.data()) == nullptr) std::abort();
-    std::filesystem::create_directory_symlink(ROMFS_DIR, std::filesystem::path(path) / "romfs");
-    setenv("BOARD_ROOT", path.c_str(), 1);
-    return path;
-}
 
 void LoadResources() {
     PegFile file;
@@ -27,13 +14,12 @@ void LoadResources() {
 
 }  // namespace
 
-PanelBench::PanelBench() : m_board(MakeBoard()) {
+PanelBench::PanelBench() {
+    std::filesystem::create_directory_symlink(ROMFS_DIR, m_board / "romfs");
     LoadResources();
     localizationClass::load();
     Pump();
 }
-
-PanelBench::~PanelBench() { std::filesystem::remove_all(m_board); }
 
 void PanelBench::SpeakTestLanguages() {
     const std::filesystem::path romfs = m_board / "romfs";

@@ -1,18 +1,16 @@
 #pragma once
 
-#include <filesystem>
-
 #include "navigation/messages.h"
 #include "navigation/navigation_handler.h"
 #include "simulator/bench/scripted_meter.h"
 #include "simulator/bench/toolkit_bench.h"
+#include "simulator/own_folder.h"
 
 /// The application's screens on a toolkit driven by hand, with the real resource and localisation files and a scripted
 /// meter. Time is ticks; the simulated meter's clock stands still unless it is moved.
 class PanelBench : public ToolkitBench {
 protected:
     PanelBench();
-    ~PanelBench();
 
     static ScriptedMeter& meter() { return ScriptedMeter::Instance(); }
     static navigationHandlerClass& Navigation() { return navigationHandlerClass::getInstance(); }
@@ -32,8 +30,8 @@ protected:
 
     std::vector<std::uint16_t> Frame();
 
+    OwnBoard m_board{"panel-bench"};
+
 private:
     void Send(std::uint16_t type, KeyCode key);
-
-    std::filesystem::path m_board;
 };

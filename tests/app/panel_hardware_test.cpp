@@ -1,9 +1,8 @@
 #include "app/panel_hardware.h"
 
 #include <gtest/gtest.h>
-#include <stdlib.h>
-#include <unistd.h>
 
+#include "simulator/own_folder.h"
 #include "simulator/panel/board.h"
 
 namespace {
@@ -11,10 +10,8 @@ namespace {
 /// The display's devices as the emulated board has them.
 class PanelHardware : public ::testing::Test {
 protected:
-    PanelHardware() { setenv("BOARD_ROOT", board.Folder().c_str(), 1); }
-    ~PanelHardware() override { std::filesystem::remove_all(board.Folder()); }
-
-    panel::Board board{std::filesystem::temp_directory_path() / ("panel-hardware-" + std::to_string(getpid()))};
+    const OwnBoard folder{"panel-hardware"};
+    panel::Board board{folder.Path()};
 };
 
 TEST_F(PanelHardware, StartsTheBacklightAtAQuarterAndScalesPercentToLevels) {

@@ -4,7 +4,6 @@
 #include <filesystem>
 #include <fstream>
 #include <span>
-#include <string>
 #include <string_view>
 #include <vector>
 

@@ -1,16 +1,15 @@
 #include <netinet/in.h>
 #include <netinet/tcp.h>
 #include <sys/socket.h>
-#include <unistd.h>
 
 #include <algorithm>
 #include <array>
 #include <cstdio>
 #include <cstdlib>
-#include <filesystem>
 #include <string>
 
 #include "simulator/descriptor.h"
+#include "simulator/own_folder.h"
 #include "simulator/panel/server.h"
 #include "tests/fuzz/target.h"
 
@@ -43,7 +42,7 @@ std::string MessagesOf(std::string_view lines) {
 /// A board with its page on a free port, and no meter.
 class Page {
 public:
-    Page() { std::filesystem::remove_all(m_folder); }  // what is open stays open, and nothing is left behind
+    Page() { m_folder.Remove(); }  // nothing is left behind
 
     /// Sends the text and hangs up. @return whether the server did so too
     bool Hear(std::string_view text) {
@@ -93,12 +92,8 @@ private:
     }
 
     std::uint32_t m_connections = 0;
-    std::filesystem::path m_folder = [] {
-        std::string pattern = (std::filesystem::temp_directory_path() / "fuzz-page-XXXXXX").string();
-        if (mkdtemp(pattern.data()) == nullptr) Abort();
-        return pattern;
-    }();
-    panel::Board m_board{m_folder};
+    OwnFolder m_folder{"fuzz-page"};
+    panel::Board m_board{m_folder.Path()};
     panel::Server m_server{m_board, 0, m_folder / "meter"};  // where nobody answers
     std::string m_authority = "127.0.0.1:" + std::to_string(m_server.Port());
     sockaddr_in m_address = {.sin_family = AF_INET,

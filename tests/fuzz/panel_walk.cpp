@@ -15,7 +15,10 @@ constexpr std::array kKeys = {KEY_SOFT_1, KEY_SOFT_2, KEY_SOFT_3, KEY_SOFT_4, KE
 
 }  // namespace
 
-PanelWalk::PanelWalk() { BuildApplication(Manager()); }
+PanelWalk::PanelWalk() {
+    BuildApplication(Manager());
+    m_board.Remove();  // the fuzzer ends the process as it likes
+}
 
 void PanelWalk::Enter(std::int32_t screen) {
     Show(screen);

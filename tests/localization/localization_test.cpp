@@ -1,11 +1,11 @@
 #include "localization/localization.h"
 
 #include <stdlib.h>
-#include <unistd.h>
 
 #include "localization/display_config.h"
 #include "localization/localization_file.h"
 #include "peg/resources/resources.h"
+#include "simulator/own_folder.h"
 #include "tests/bench/file_builder.h"
 #include "tests/bench/test_on.h"
 #include "tests/peg/recorder.h"
@@ -17,11 +17,7 @@ using Text = std::u16string_view;
 /// A board whose localisation file a test makes up.
 class Localization : public ToolkitTest {
 protected:
-    Localization() { setenv("BOARD_ROOT", m_folder.c_str(), 1); }
-    ~Localization() override {
-        localizationClass::unload();
-        std::filesystem::remove_all(m_folder);
-    }
+    ~Localization() override { localizationClass::unload(); }
 
     void Use(const FileBuilder& file) {
         file.WriteTo(m_folder / "romfs/localization.dat");
@@ -47,8 +43,7 @@ protected:
     }
 
 private:
-    std::filesystem::path m_folder =
-        std::filesystem::temp_directory_path() / ("localization-" + std::to_string(getpid()));
+    const OwnBoard m_folder{"localization"};
 };
 
 TEST_F(Localization, TranslatesByTextAndShowsTheBaseTextWhereThereIsNoOther) {

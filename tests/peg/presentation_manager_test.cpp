@@ -182,18 +182,6 @@ TEST_F(Presentation, LeavesForTheNextPassWhatIsInvalidatedMeanwhile) {
     EXPECT_EQ(window.drawn.size(), 1U);
 }
 
-TEST_F(Presentation, LetsAParentDrawItsTransparentChildren) {
-    auto& window = AddNew<Recorder>(Manager());
-    auto& prompt =
-        AddNew<PegPrompt>(window, RectOf(10, 10, 59, 25), u"A", std::uint16_t{0}, kStyleTransparent | kStyleBorderNone);
-    Pump();
-    window.drawn.clear();
-    prompt.SetText(u"B");
-    Pump();
-    ASSERT_EQ(window.drawn.size(), 1U);
-    EXPECT_EQ(window.drawn[0], prompt.Real());
-}
-
 TEST_F(Presentation, EndsItsLoopWhenToldToOrWhenItsOwnRequestFindsNoWindowAndNothingWaiting) {
     static int exits = 0;
     Manager().SetExitCallback([] { ++exits; });

@@ -1,13 +1,13 @@
 #include "peg/resources/resources.h"
 
 #include <gtest/gtest.h>
-#include <unistd.h>
 #include <zlib.h>
 
 #include <array>
 #include <cstdlib>
 
 #include "peg/resources/builtin_fonts.h"
+#include "simulator/own_folder.h"
 #include "tests/bench/file_builder.h"
 
 namespace {
@@ -53,11 +53,7 @@ FileBuilder WholeFile(bool bigEndian, bool compressed, unsigned depth = PegFont:
 
 class Resources : public ::testing::Test {
 protected:
-    Resources() { setenv("BOARD_ROOT", m_folder.c_str(), 1); }
-    ~Resources() override {
-        PegResources::Reset();
-        std::filesystem::remove_all(m_folder);
-    }
+    ~Resources() override { PegResources::Reset(); }
 
     int Load(const FileBuilder& content) {
         content.WriteTo(m_folder / "file.pbr");
@@ -72,7 +68,7 @@ protected:
     }
 
 private:
-    std::filesystem::path m_folder = std::filesystem::temp_directory_path() / ("resources-" + std::to_string(getpid()));
+    const OwnBoard m_folder{"resources"};
 };
 
 TEST_F(Resources, BeginWithBuiltInFontsAndColoursAndGrowInStepsAndNotWithoutBound) {

@@ -16,6 +16,7 @@
 #include <thread>
 
 #include "platform/shown_screen.h"
+#include "simulator/own_folder.h"
 
 namespace {
 
@@ -24,19 +25,9 @@ namespace fs = std::filesystem;
 /// A board under a directory of its own.
 class Board : public testing::Test {
 protected:
-    void SetUp() override {
-        std::string pattern = (fs::temp_directory_path() / "board-XXXXXX").string();
-        m_root = mkdtemp(pattern.data());
-        setenv("BOARD_ROOT", m_root.c_str(), 1);
-    }
-    void TearDown() override {
-        unsetenv("BOARD_ROOT");
-        fs::remove_all(m_root);
-    }
-
     void WriteFile(const std::string& name, const std::string& text) { std::ofstream(m_root / name) << text; }
 
-    fs::path m_root;
+    const OwnBoard m_root{"board"};
 };
 
 std::string ReadAll(int descriptor) {

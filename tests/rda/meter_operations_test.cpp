@@ -3,7 +3,6 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <cstring>
 #include <functional>
 
 #include "rda/client.h"
@@ -19,24 +18,14 @@ struct Case {
     std::uint32_t responseSize;
 };
 
+/// Where an operation puts what the meter answers.
+template <typename Reply>
+Reply& Out() {
+    static Reply reply;
+    return reply;
+}
+
 std::uint32_t word;
-AlarmStats stats;
-CustomScreenData page;
-std::array<AlarmEntry, 4> alarms;
-std::array<IoPointEntry, 3> points;
-std::array<SettableAlarmEntry, 2> settable;
-std::array<PhasorEntry, 10> phasors;
-std::array<EventLogEntry, 4> events;
-std::array<char, 40> text;
-DateTimeStrings clockTexts;
-EnumerationValue enumerationValue;
-EnumerationData enumerationData;
-RegisterValue registerValue;
-RegisterWriteResult writeResult;
-AccessRights rights;
-HarmonicData harmonics;
-MinMaxBarData bar;
-NameplateData nameplate;
 
 const std::string kFirstOf4 = Hex("05 00 00 00 04 00 00 00");
 const std::string kFirstOf3 = Hex("05 00 00 00 03 00 00 00");
@@ -56,47 +45,49 @@ const std::vector<Case> kCases = {
     {OPERATION(DISPLAYMODE_getTestMode, word), "", 4},
     {OPERATION(DISPLAYMODE_setFactoryTestScreenResult, 0xFFFFFFFF), Hex("FF FF FF FF"), 0},
     {OPERATION(BACKLIGHTINTERFACE_getTimeout, word), "", 4},
-    {OPERATION(DATETIMEINTERFACE_getLocalDateTimeStrings, clockTexts), "", 23},
-    {OPERATION(PDMINTERFACE_getEnumerationValue, 3717, enumerationValue), Hex("85 0E 00 00"), 136},
-    {OPERATION(PDMINTERFACE_getEnumerationData, 3717, enumerationData), Hex("85 0E 00 00"), 1740},
-    {OPERATION(PDMINTERFACE_getRegisterValue, 298, registerValue), Hex("2A 01 00 00"), 264},
-    {OPERATION(PDMINTERFACE_setRegisterValue, 99, "1234567890", writeResult),
+    {OPERATION(DATETIMEINTERFACE_getLocalDateTimeStrings, Out<DateTimeStrings>()), "", 23},
+    {OPERATION(PDMINTERFACE_getEnumerationValue, 3717, Out<EnumerationValue>()), Hex("85 0E 00 00"), 136},
+    {OPERATION(PDMINTERFACE_getEnumerationData, 3717, Out<EnumerationData>()), Hex("85 0E 00 00"), 1740},
+    {OPERATION(PDMINTERFACE_getRegisterValue, 298, Out<RegisterValue>()), Hex("2A 01 00 00"), 264},
+    {OPERATION(PDMINTERFACE_setRegisterValue, 99, "1234567890", Out<RegisterWriteResult>()),
      Hex("63 00 00 00 31 32 33 34 35 36 37 38 39 30 00"), 132},
     {OPERATION(ALARMSINTERFACE_getGlobalAlarmStatus, word), "", 4},
     {OPERATION(ALARMSINTERFACE_ackActiveAlarms), "", 0},
     {OPERATION(ALARMSINTERFACE_ackHistoricalAlarms), "", 0},
-    {OPERATION(ALARMSINTERFACE_getActiveAlarmStats, stats), "", 8},
-    {OPERATION(ALARMSINTERFACE_getActiveAlarms, 5, alarms), kFirstOf4, 736},
+    {OPERATION(ALARMSINTERFACE_getActiveAlarmStats, Out<AlarmStats>()), "", 8},
+    {OPERATION(ALARMSINTERFACE_getActiveAlarms, 5, Out<std::array<AlarmEntry, 4>>()), kFirstOf4, 736},
     {OPERATION(ALARMSINTERFACE_getActiveAlarms, 0, {}), Hex("00 00 00 00 00 00 00 00"), 0},
-    {OPERATION(ALARMSINTERFACE_getHistoricalAlarmStats, stats), "", 8},
-    {OPERATION(ALARMSINTERFACE_getHistoricalAlarms, 5, alarms), kFirstOf4, 736},
+    {OPERATION(ALARMSINTERFACE_getHistoricalAlarmStats, Out<AlarmStats>()), "", 8},
+    {OPERATION(ALARMSINTERFACE_getHistoricalAlarms, 5, Out<std::array<AlarmEntry, 4>>()), kFirstOf4, 736},
     {OPERATION(ALARMSINTERFACE_getSettableAlarmsCount, word), "", 4},
-    {OPERATION(ALARMSINTERFACE_getSettableAlarms, 7, 1, settable), Hex("07 00 00 00 02 00 00 00 01 00 00 00"), 96},
+    {OPERATION(ALARMSINTERFACE_getSettableAlarms, 7, 1, Out<std::array<SettableAlarmEntry, 2>>()),
+     Hex("07 00 00 00 02 00 00 00 01 00 00 00"), 96},
     {OPERATION(SECURITYINTERFACE_getHwLockStatus, word), "", 4},
     {OPERATION(SECURITYINTERFACE_resetFactoryAccessTimeout), "", 0},
-    {OPERATION(SECURITYINTERFACE_getFrontPanelAccessRights, rights), "", 8},
+    {OPERATION(SECURITYINTERFACE_getFrontPanelAccessRights, Out<AccessRights>()), "", 8},
     {OPERATION(SECURITYINTERFACE_verifyFrontPanelPassword, "user", "secret", word),
      Hex("75 73 65 72 00 73 65 63 72 65 74 00"), 4},
     {OPERATION(SECURITYINTERFACE_clearFrontPanelPassword), "", 0},
-    {OPERATION(PQINTERFACE_getPhasorData, phasors), Word(10), 1720},
-    {OPERATION(PQINTERFACE_getHarmonicData, 4, 62, harmonics), Hex("04 00 00 00 3E 00 00 00"), 640},
-    {OPERATION(PQINTERFACE_getMinMaxBarData, 1, 2, 3, bar), Hex("01 00 00 00 02 00 00 00 03 00 00 00"), 232},
-    {OPERATION(CUSTOMSCREENINTERFACE_getNormalModeScreenData, kPageFirst, page), Word(3), 1632},
-    {OPERATION(CUSTOMSCREENINTERFACE_getCustomModeScreenData, kPageNext, page), Word(2), 1632},
-    {OPERATION(CUSTOMSCREENINTERFACE_getTestModeScreenData, kPageCurrent, page), Word(1), 1632},
+    {OPERATION(PQINTERFACE_getPhasorData, Out<std::array<PhasorEntry, 10>>()), Word(10), 1720},
+    {OPERATION(PQINTERFACE_getHarmonicData, 4, 62, Out<HarmonicData>()), Hex("04 00 00 00 3E 00 00 00"), 640},
+    {OPERATION(PQINTERFACE_getMinMaxBarData, 1, 2, 3, Out<MinMaxBarData>()),
+     Hex("01 00 00 00 02 00 00 00 03 00 00 00"), 232},
+    {OPERATION(CUSTOMSCREENINTERFACE_getNormalModeScreenData, kPageFirst, Out<CustomScreenData>()), Word(3), 1632},
+    {OPERATION(CUSTOMSCREENINTERFACE_getCustomModeScreenData, kPageNext, Out<CustomScreenData>()), Word(2), 1632},
+    {OPERATION(CUSTOMSCREENINTERFACE_getTestModeScreenData, kPageCurrent, Out<CustomScreenData>()), Word(1), 1632},
     {OPERATION(IOI_getDigitalInputCount, word), "", 4},
-    {OPERATION(IOI_getDigitalInputData, 5, points), kFirstOf3, 390},
+    {OPERATION(IOI_getDigitalInputData, 5, Out<std::array<IoPointEntry, 3>>()), kFirstOf3, 390},
     {OPERATION(IOI_getDigitalOutputCount, word), "", 4},
-    {OPERATION(IOI_getDigitalOutputData, 5, points), kFirstOf3, 390},
+    {OPERATION(IOI_getDigitalOutputData, 5, Out<std::array<IoPointEntry, 3>>()), kFirstOf3, 390},
     {OPERATION(IOI_getAnalogInputCount, word), "", 4},
-    {OPERATION(IOI_getAnalogInputData, 5, points), kFirstOf3, 390},
+    {OPERATION(IOI_getAnalogInputData, 5, Out<std::array<IoPointEntry, 3>>()), kFirstOf3, 390},
     {OPERATION(IOI_getAnalogOutputCount, word), "", 4},
-    {OPERATION(IOI_getAnalogOutputData, 5, points), kFirstOf3, 390},
-    {OPERATION(NAMEPLATEIF_getNameplateData, nameplate), "", 920},
+    {OPERATION(IOI_getAnalogOutputData, 5, Out<std::array<IoPointEntry, 3>>()), kFirstOf3, 390},
+    {OPERATION(NAMEPLATEIF_getNameplateData, Out<NameplateData>()), "", 920},
     {OPERATION(EVLIF_getEventLogEntryCount, word), "", 4},
-    {OPERATION(EVLIF_getEventLogData, 5, events), kFirstOf4, 512},
-    {OPERATION(EVLIF_getFrontPanelModuleName, text), Hex("28 00 00 00"), 40},
-    {OPERATION(EVLIF_getFactoryModuleName, text), Hex("28 00 00 00"), 40},
+    {OPERATION(EVLIF_getEventLogData, 5, Out<std::array<EventLogEntry, 4>>()), kFirstOf4, 512},
+    {OPERATION(EVLIF_getFrontPanelModuleName, Out<std::array<char, 40>>()), Hex("28 00 00 00"), 40},
+    {OPERATION(EVLIF_getFactoryModuleName, Out<std::array<char, 40>>()), Hex("28 00 00 00"), 40},
     {OPERATION(DATDISP_puts, "hello"), Hex("68 65 6C 6C 6F 00"), 0},
     {OPERATION(DISPLAYFEATURES_getNumHarmonicsDisplayed, word), "", 4},
     {OPERATION(DISPLAYFEATURES_getEn50160DisplayEnabled, word), "", 4},
@@ -117,10 +108,10 @@ TEST(MeterOperations, SendTheFrameOfTheirNameAndFillTheirOutputs) {
         EXPECT_EQ(operation.call(), 0) << operation.name;
         EXPECT_EQ(word, operation.responseSize == 4 ? 0x03020100U : 0U) << operation.name;
     }
-    EXPECT_EQ(BytesOf(phasors), CountingBytes(1720));
-    EXPECT_EQ(BytesOf(enumerationData), CountingBytes(1740));
-    EXPECT_EQ(BytesOf(text), CountingBytes(40));
-    EXPECT_EQ(BytesOf(clockTexts), CountingBytes(23));
+    EXPECT_EQ(BytesOf(Out<std::array<PhasorEntry, 10>>()), CountingBytes(1720));
+    EXPECT_EQ(BytesOf(Out<EnumerationData>()), CountingBytes(1740));
+    EXPECT_EQ(BytesOf(Out<std::array<char, 40>>()), CountingBytes(40));
+    EXPECT_EQ(BytesOf(Out<DateTimeStrings>()), CountingBytes(23));
 
     (void)connectToServer("127.0.0.1", UnusedPort());  // hangs up
     const auto& requests = meter.Requests();
@@ -137,8 +128,8 @@ TEST(MeterOperations, RefuseATextThatDoesNotFitAndLeaveTheLinkAlone) {
     ASSERT_EQ(connectToServer("127.0.0.1", meter.port()), 0);
     EXPECT_EQ(DATDISP_puts(std::string(1024, 'x').c_str()), -1);
     EXPECT_EQ(DATDISP_puts(std::string(1023, 'x').c_str()), 0);
-    EXPECT_EQ(PDMINTERFACE_setRegisterValue(1, std::string(1020, 'x').c_str(), writeResult), -1);
-    EXPECT_EQ(PDMINTERFACE_setRegisterValue(1, std::string(1019, 'x').c_str(), writeResult), 0);
+    EXPECT_EQ(PDMINTERFACE_setRegisterValue(1, std::string(1020, 'x').c_str(), Out<RegisterWriteResult>()), -1);
+    EXPECT_EQ(PDMINTERFACE_setRegisterValue(1, std::string(1019, 'x').c_str(), Out<RegisterWriteResult>()), 0);
     word = 77;
     const std::string half(511, 'x');
     EXPECT_EQ(SECURITYINTERFACE_verifyFrontPanelPassword(half.c_str(), (half + 'x').c_str(), word), -1);

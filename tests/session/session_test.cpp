@@ -1,9 +1,9 @@
 #include <gtest/gtest.h>
-#include <unistd.h>
 
 #include <nlohmann/json.hpp>
 #include <sstream>
 
+#include "simulator/own_folder.h"
 #include "tests/bench/shell.h"
 #include "tests/bench/typist.h"
 
@@ -13,15 +13,13 @@ namespace fs = std::filesystem;
 
 class Session : public testing::Test {
 protected:
-    Session() { fs::create_directories(m_folder); }
-    ~Session() override { fs::remove_all(m_folder); }
     static Outcome Run(const std::string& arguments) {
         return Shell(SESSION_PROGRAM " --romfs " ROMFS_DIR " " + arguments);
     }
     std::string Path(const char* name) const { return (m_folder / name).string(); }
 
 private:
-    const fs::path m_folder = fs::temp_directory_path() / ("session-" + std::to_string(::getpid()));
+    const OwnFolder m_folder{"session"};
 };
 
 TEST_F(Session, TheSameArgumentsGiveTheSamePicture) {

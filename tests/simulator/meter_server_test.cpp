@@ -1,7 +1,5 @@
 #include "simulator/meter/link/meter_server.h"
 
-#include <cmath>
-
 #include "rda/records.h"
 #include "tests/simulator/link_bench.h"
 

@@ -2,21 +2,17 @@
 
 #include <gtest/gtest.h>
 
-#include <cstdlib>
-#include <filesystem>
 #include <nlohmann/json.hpp>
 #include <string>
 
 #include "peg/resources/resources.h"
+#include "simulator/own_folder.h"
 #include "tests/bench/shell.h"
 
 /// A folder for sources and results, and the programs of the build. What they make is read by the display's own reader.
 class Workshop : public ::testing::Test {
 protected:
     Workshop() {
-        std::string path = (std::filesystem::temp_directory_path() / "workshop-XXXXXX").string();
-        if (mkdtemp(path.data()) == nullptr) std::abort();
-        m_folder = path;
         unsetenv("BOARD_ROOT");
         // The programs' libraries keep memory to the end; a sanitizer would call that a leak. What it finds besides has
         // a status of its own.
@@ -24,7 +20,6 @@ protected:
         setenv("UBSAN_OPTIONS", "exitcode=99", 1);
         PegResources::Reset();
     }
-    ~Workshop() override { std::filesystem::remove_all(m_folder); }
 
     std::filesystem::path At(const std::string& name) const { return m_folder / name; }
     void Write(const std::string& name, const std::string& content) const {
@@ -35,7 +30,7 @@ protected:
 
     /// Runs a program of the build, in the folder.
     Outcome Call(const std::string& program, const std::string& arguments) const {
-        return Shell("cd '" + m_folder.string() + "' && '" BIN_DIR "/" + program + "' " + arguments);
+        return Shell("cd '" + m_folder.Path().string() + "' && '" BIN_DIR "/" + program + "' " + arguments);
     }
     nlohmann::json Inspect(const std::string& program, const std::string& file) const {
         return nlohmann::json::parse(Call(program, "--json '" + file + "'").output);
@@ -61,5 +56,5 @@ protected:
     }
 
 private:
-    std::filesystem::path m_folder;
+    const OwnFolder m_folder{"workshop"};
 };

@@ -1,22 +1,16 @@
 #include "tools/soak/real_bench.h"
 
-#include <stdlib.h>
-
 #include "tools/soak/call_log.h"
 
 RealBench::RealBench() : m_isAlone(EnterOwnNetwork()) {  // while there is no other thread
-    std::string folder = (std::filesystem::temp_directory_path() / "real-bench-XXXXXX").string();
-    if (mkdtemp(folder.data()) == nullptr) ThrowSystemError("make " + folder);
-    m_folder = folder;
     std::filesystem::create_directory_symlink(ROMFS_DIR, m_folder / "romfs");
-    board = std::make_unique<panel::Board>(m_folder);
+    board = std::make_unique<panel::Board>(Folder());
 }
 
 RealBench::~RealBench() {
     display.reset();
     meter.reset();
     board.reset();
-    std::filesystem::remove_all(m_folder);
 }
 
 bool RealBench::StartMeter() {
@@ -27,7 +21,7 @@ bool RealBench::StartMeter() {
 
 void RealBench::StartDisplay() {
     display = std::make_unique<Program>(DISPLAY_PROGRAM, std::vector<std::string>{},
-                                        std::vector<std::string>{"BOARD_ROOT=" + m_folder.string()});
+                                        std::vector<std::string>{"BOARD_ROOT=" + Folder().string()});
 }
 
 std::string RealBench::ToMeter(const std::string& line) const { return TellMeter(Control(), line); }

@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "simulator/own_folder.h"
 #include "simulator/panel/board.h"
 #include "tools/soak/programs.h"
 
@@ -24,7 +25,7 @@ public:
     bool StartMeter();
     void StartDisplay();
 
-    const std::filesystem::path& Folder() const { return m_folder; }
+    const std::filesystem::path& Folder() const { return m_folder.Path(); }
     std::filesystem::path Control() const { return m_folder / "control"; }
 
     /// Puts a control line to the meter. @return its answer
@@ -36,5 +37,5 @@ public:
 
 private:
     const bool m_isAlone;
-    std::filesystem::path m_folder;
+    const OwnFolder m_folder{"real-bench"};
 };

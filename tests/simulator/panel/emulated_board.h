@@ -3,12 +3,10 @@
 #include <gtest/gtest.h>
 
 #include <chrono>
-#include <cstdlib>
-#include <filesystem>
 #include <optional>
-#include <string>
 #include <thread>
 
+#include "simulator/own_folder.h"
 #include "simulator/panel/board.h"
 
 /// Waits until `holds` does, as long as the emulator's threads may take for anything.
@@ -25,15 +23,7 @@ bool Eventually(Condition holds) {
 /// A board in a folder of its own, which the operating-system seam finds under BOARD_ROOT.
 class EmulatedBoard : public testing::Test {
 protected:
-    EmulatedBoard() { setenv("BOARD_ROOT", m_root.c_str(), 1); }
-    ~EmulatedBoard() override {
-        m_board.reset();
-        std::filesystem::remove_all(m_root);
-    }
-
-    const std::filesystem::path m_root = [] {
-        std::string pattern = (std::filesystem::temp_directory_path() / "panel-XXXXXX").string();
-        return std::filesystem::path(mkdtemp(pattern.data()));
-    }();
+    const OwnBoard m_folder{"panel"};
+    const std::filesystem::path& m_root = m_folder.Path();
     std::optional<panel::Board> m_board{m_root};
 };
