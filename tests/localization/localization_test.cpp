@@ -112,7 +112,9 @@ TEST_F(Localization, OfTheKernelIsSelectedByItselfAndOnlyFromWhatTheFileHolds) {
 TEST_F(Localization, TakesANewLanguageFromTheNextLookupOnAndRedraws) {
     Use(WholeFile());
     auto& window = AddNew<Recorder>(Manager());
-    Pump();
+    Use(WholeFile());
+    EXPECT_EQ(window.Count(MSG_LANGUAGE), 1) << "also of what is loaded";
+    window.received.clear();
     window.drawn.clear();
     DISPCFG_setLanguage(1);
     EXPECT_EQ(Text(Texts().translate(u"V")), u"V");

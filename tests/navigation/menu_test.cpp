@@ -64,24 +64,26 @@ TEST_F(Menu, IsShownInTheSelectedLanguage) {
     EXPECT_TRUE(PanelShows("menus/russian"));
 }
 
-TEST_F(Menu, LeadsToEveryScreenButPowerQualityWhereTheMeterDoesNotOfferIt) {
-    meter().Answer("DISPLAYFEATURES_getEn50160DisplayEnabled", std::uint32_t{0});
-    CreateMenuScreens();
-    for (const MenuTree& tree : kMenuTrees) {
-        int group = -1;
-        int inGroup = -1;  // the item's place in its group
-        for (const MenuItem& item : tree.items) {
-            if (item.label == kPowerQualityLabel) continue;
-            group += item.level == 1 ? 1 : 0;
-            inGroup = item.level == 1 ? -1 : inGroup + 1;
-            if (!IsScreen(item)) continue;
-            ShowMenu(tree.menuId);
-            static_cast<menuScrnClass*>(Navigation().getCurrentScreen())->reset();
-            Press(KEY_SOFT_3, group);
-            if (inGroup >= 0) Press(KEY_SOFT_4);
-            Press(KEY_SOFT_3, std::max(inGroup, 0));
-            Press(KEY_SOFT_4);
-            EXPECT_EQ(Shown(), item.target) << "menu " << tree.menuId;
+TEST_F(Menu, LeadsToEveryScreenAndToPowerQualityWhereTheMeterOffersIt) {
+    for (const std::uint32_t isOffered : {1U, 0U}) {
+        meter().Answer("DISPLAYFEATURES_getEn50160DisplayEnabled", isOffered);
+        CreateMenuScreens();
+        for (const MenuTree& tree : kMenuTrees) {
+            int group = -1;
+            int inGroup = -1;  // the item's place in its group
+            for (const MenuItem& item : tree.items) {
+                if (item.label == kPowerQualityLabel && isOffered == 0) continue;
+                group += item.level == 1 ? 1 : 0;
+                inGroup = item.level == 1 ? -1 : inGroup + 1;
+                if (!IsScreen(item)) continue;
+                ShowMenu(tree.menuId);
+                static_cast<menuScrnClass*>(Navigation().getCurrentScreen())->reset();
+                Press(KEY_SOFT_3, group);
+                if (inGroup >= 0) Press(KEY_SOFT_4);
+                Press(KEY_SOFT_3, std::max(inGroup, 0));
+                Press(KEY_SOFT_4);
+                EXPECT_EQ(Shown(), item.target) << "menu " << tree.menuId;
+            }
         }
     }
 }

@@ -25,6 +25,8 @@ TEST_F(MeterAccess, ReadsExtremesAsTextsEvenWhenTheyAreNotTerminated) {
     EXPECT_EQ(std::u16string_view(display.maximum.text.data()), std::u16string(44, u'2'));
     EXPECT_EQ(std::u16string_view(display.present.text.data()), std::u16string(45, u'3'));
     EXPECT_EQ(std::u16string_view(display.label.data()), std::u16string(39, u'L'));
+    std::array<PhasorDisplay, meterAccessClass::kPhasors> phasors;
+    EXPECT_EQ(Access().readPhasors(phasors), 0);
     EXPECT_TRUE(display.IsValid()) << "the maximum counts as valid with the minimum";
 }
 

@@ -78,6 +78,9 @@ TEST_F(Navigation, FollowsTheMetersModesWithAHistoryForEach) {
     EXPECT_EQ(Handler().getDisplayMode(), DISPLAY_MODE_ALT) << "only test mode is left by that";
     TestMode(1);
     EXPECT_TRUE(IsShown(201));
+    TestMode(0);
+    EXPECT_TRUE(IsShown(200));
+    TestMode(1);
     AltMode(0);
     EXPECT_TRUE(IsShown(200));
     EXPECT_EQ(Handler().getDisplayMode(), DISPLAY_MODE_NORMAL);

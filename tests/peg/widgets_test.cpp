@@ -56,6 +56,8 @@ TEST_F(Widgets, TakeOtherColoursWhenHighlighted) {
     Pump();
     EXPECT_EQ(Pixel(10, 10), 0x0017);
     EXPECT_TRUE(IsThere(Ink(prompt.Real(), 0xFFFF)));
+    EXPECT_EQ(prompt.Type(), TYPE_PROMPT);
+    EXPECT_EQ(PegTextButton({}, u"H").Type(), TYPE_TEXT_BUTTON);
     prompt.SetColor(4, 43);
     EXPECT_EQ(prompt.GetColor(4), 0xFFU) << "there are four";
 }
@@ -85,6 +87,7 @@ TEST_F(Widgets, KeepACopyOfTheirTextWhenAskedTo) {
 TEST_F(Widgets, OfManyWordsBreakBetweenThem) {
     auto& box =
         AddNew<PegTextBox>(window, RectOf(10, 10, 109, 59), std::uint16_t{0}, kStyleBorderNone, std::size_t{128});
+    EXPECT_FALSE(box.HasStatus(STAT_SELECTABLE) || box.HasStatus(STAT_ACCEPTS_FOCUS));
     box.SetText(u"No custom page has been defined");
     Pump();
     EXPECT_TRUE(IsThere(Ink(RectOf(10, 10, 109, 30))));
@@ -253,11 +256,11 @@ protected:
 TEST_F(Buttons, TellOnReleaseAndOnlyWhenPressed) {
     PegBitmapButton& button = Add(0);
     button.Release(MessageOf(MSG_SHOW));
-    button.Press(MSG_BUTTON_DOWN);
+    button.Message(MessageOf(MSG_BUTTON_DOWN));
     button.Press(MSG_BUTTON_DOWN);
     EXPECT_TRUE(button.IsPressed());
     EXPECT_EQ(SignalsAfter(0), 0);
-    button.Release(MessageOf(MSG_BUTTON_UP));
+    button.Message(MessageOf(MSG_BUTTON_UP));
     EXPECT_EQ(SignalsAfter(0), 1);
 }
 
@@ -279,12 +282,15 @@ TEST_F(Buttons, ShowTheBitmapOfTheirLook) {
         PegResources::SetBitmap(60 + i, &looks[i]->bitmap, false);
     }
     PegBitmapButton& button = Add(0);
-    button.SetBitmaps(60, 61, 62, 63);
+    button.SetBitmaps(60, 61, 62, 0);
+    button.SetBitmap(PegBitmapButton::Disabled, 63);
+    const auto& child = AddNew<Recorder>(button, RectOf(18, 18, 19, 19));
     const auto look = [&] {
         Pump();
         return Pixel(8, 8) - 0x1000;
     };
     EXPECT_EQ(look(), 0);
+    EXPECT_FALSE(child.drawn.empty());
     EXPECT_EQ(Pixel(7, 7), 0xFFFF) << "centred, with nothing drawn around it";
     button.Press(MSG_BUTTON_DOWN);
     EXPECT_EQ(look(), 1);
