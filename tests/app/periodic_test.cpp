@@ -64,6 +64,12 @@ TEST_F(Periodic, BacklightFlashesAfterTheTimeoutWhileTheStatusAsksForItAndStaysB
     backlightSetTimeout(0);
     Seconds(20);
     EXPECT_EQ(TakeBrightness(), Levels{100});
+    AlarmStatus(0);
+    for (const std::uint32_t timeout : {5U, 0U}) {
+        backlightSetTimeout(timeout);
+        Seconds(3);
+    }
+    EXPECT_EQ(TakeBrightness(), (Levels{100, 100, 100, 25})) << "a time that is taken away while it runs";
 }
 
 TEST_F(Periodic, BacklightStartsWithTheMetersTimeoutOrFiveMinutes) {

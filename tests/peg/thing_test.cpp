@@ -144,7 +144,7 @@ TEST_F(Things, PassUnknownMessagesUpToTheTopLevelWindowAndNoFurther) {
 TEST_F(Things, SignalOnlyWithAnIdAnEnabledSignalAndAVisibleParent) {
     auto& window = AddNew<Recorder>(Manager());
     auto& control = AddNew<PegThing>(window, RectOf(0, 0, 9, 9), std::uint16_t{3});
-    AddNew<Recorder>(Manager());  // has the input
+    AddNew<Recorder>(Manager(), RectOf(0, 0, 9, 9), std::uint16_t{3});  // another of that number
     EXPECT_FALSE(control.Signal(kSignalSelected));
     control.EnableSignal(kSignalSelected);
     EXPECT_TRUE(control.Signal(kSignalSelected));

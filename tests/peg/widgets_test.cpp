@@ -257,7 +257,7 @@ TEST_F(Buttons, TellOnReleaseAndOnlyWhenPressed) {
     PegBitmapButton& button = Add(0);
     button.Release(MessageOf(MSG_SHOW));
     button.Message(MessageOf(MSG_BUTTON_DOWN));
-    button.Press(MSG_BUTTON_DOWN);
+    button.Message(MessageOf(MSG_BUTTON_DOWN));
     EXPECT_TRUE(button.IsPressed());
     EXPECT_EQ(SignalsAfter(0), 0);
     button.Message(MessageOf(MSG_BUTTON_UP));
