@@ -15,6 +15,7 @@ protected:
 };
 
 TEST_F(PanelHardware, StartsTheBacklightAtAQuarterAndScalesPercentToLevels) {
+    EXPECT_EQ(VEKHWIF_setBacklight(0), 0);
     EXPECT_EQ(VEKHWIF_init(), 0);
     EXPECT_EQ(board.State().backlight.level, 255 * 25 / 100);
     EXPECT_TRUE(board.State().backlight.on);
