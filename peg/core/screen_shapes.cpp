@@ -86,9 +86,8 @@ public:
 
     bool IsWhole() const { return m_sweep == 0; }
 
-    /// Whether a pixel lies in the sector; `dy` counts downwards.
+    /// Whether a pixel lies in the sector, which is not whole; `dy` counts downwards.
     bool Holds(int dx, int dy) const {
-        if (IsWhole()) return true;
         const bool afterStart = m_startX * -dy - m_startY * dx >= 0;
         const bool beforeEnd = m_endX * -dy - m_endY * dx <= 0;
         return m_sweep <= 180 ? afterStart && beforeEnd : afterStart || beforeEnd;

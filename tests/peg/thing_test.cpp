@@ -33,6 +33,10 @@ TEST_F(Things, StandInFrontOfOlderSiblingsUnlessThoseStayInFrontAndAreFoundById)
     window.AddChildAtEnd(*window.FindById(3, false));
     window.AddChild(*window.FindById(1, false));
     EXPECT_EQ(Order(window), (std::vector{4, 1, 5, 2, 3}));
+    auto* region = new PegThing(RectOf(0, 0, 9, 9), 6);
+    region->SetStatusBits(STAT_VIEWPORT);
+    window.AddChildAtEnd(*region);
+    EXPECT_EQ(Order(window), (std::vector{6, 4, 1, 5, 2, 3})) << "in front of what has no viewports";
 
     auto& deep = AddNew<PegThing>(*staying, std::uint16_t{9});
     EXPECT_EQ(window.FindById(9, false), nullptr);

@@ -11,6 +11,7 @@ public:
     explicit CountingScreen(std::int32_t id) : DSBC_dataScrnBaseClass(id) {}
     void UpdateScreenData() override { ++updates; }
 
+    using DSBC_dataScrnBaseClass::SetTitleSuffix, DSBC_dataScrnBaseClass::SuffixTranslation;
     int updates = 0;
 };
 
@@ -51,6 +52,13 @@ TEST_F(DataScreens, RefreshOnShowEverySecondAndEveryTenSeconds) {
     Ticks(201);
     EXPECT_EQ(testing::internal::GetCapturedStdout(), "") << "once is enough";
     EXPECT_EQ(screens[11]->updates, 14) << "a hidden screen is silent";
+}
+
+TEST_F(DataScreens, CutTheirTitleAfterTwentyNineCharacters) {
+    Show(11);
+    screens[11]->SetTitleSuffix(u" and more than there is room for", CountingScreen::SuffixTranslation::WholeTitle);
+    Pump();
+    EXPECT_TRUE(PanelShows("options/long_title"));
 }
 
 TEST_F(DataScreens, FollowTheirKeysOnRelease) {
