@@ -93,4 +93,13 @@ TEST_F(TableRow, KeepsToTheMiddleWhileRowsComeAndGo) {
     EXPECT_EQ(table.Real().top, 130) << "within the bounds";
 }
 
+TEST_F(TableRow, HasCellsWhoseTextsFitHoweverNarrowTheyBecome) {
+    dataPegPromptClass cell(RectOf(0, 0, 199, 19), u"230.12 V");
+    cell.SetFontNumber(1);
+    cell.setFitFont(0, 0);
+    EXPECT_EQ(cell.FontNumber(), 1U);
+    cell.Resize(RectOf(0, 0, 29, 19));
+    EXPECT_EQ(cell.FontNumber(), 0U);
+}
+
 }  // namespace

@@ -137,10 +137,13 @@ TEST_F(Board, HasNoDeviceInAFileOrWhereAPathIsTooLong) {
 }
 
 TEST_F(Board, IsToldTheShownScreenWhereSomebodyWantsToKnow) {
+    const auto openFiles = [] { return std::distance(fs::directory_iterator("/proc/self/fd"), {}); };
     os::tellShownScreen(68);
     EXPECT_FALSE(fs::exists(m_root / "screen"));
     WriteFile("screen", "");
+    const auto before = openFiles();
     os::tellShownScreen(68);
+    EXPECT_EQ(openFiles(), before);
     const int screen = os::open("/screen", os::kReadOnly);
     EXPECT_EQ(ReadAll(screen), std::string("\104\0\0\0", 4));
     os::close(screen);
