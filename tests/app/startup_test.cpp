@@ -1,5 +1,3 @@
-#include <fstream>
-
 #include "app/display_resources.h"
 #include "app/startup_screen.h"
 #include "simulator/bench/hardware_double.h"
@@ -71,16 +69,6 @@ TEST_F(Startup, IsCutShortBySoftKey1OnceConnected) {
     EXPECT_TRUE(IsSplashShown());
     Release(KEY_SOFT_1);
     EXPECT_FALSE(IsSplashShown());
-}
-
-TEST_F(Startup, ComesUpWithAResourceFileThatIsNone) {
-    std::filesystem::remove(m_board / "romfs");
-    std::filesystem::create_directory(m_board / "romfs");
-    std::ofstream(m_board / "romfs/resources.pbr") << "not a resource";
-    testing::internal::CaptureStdout();
-    Start();
-    EXPECT_EQ(testing::internal::GetCapturedStdout().find("Failed to load resource file /romfs/resources.pbr\n"), 0U);
-    EXPECT_TRUE(IsSplashShown());
 }
 
 TEST_F(Startup, GivesUpAfterSixtyTwoAttempts) {
