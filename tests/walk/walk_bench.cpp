@@ -174,7 +174,7 @@ void WalkBench::Look() {
 }
 
 bool WalkBench::Answer(std::string_view operation, std::span<const std::byte> payload, std::span<std::byte> response) {
-    m_done = false;
+    m_done.reset();
     if (m_link == LinkState::Silent) return false;
     if (m_link == LinkState::Garbage) {
         for (std::byte& one : response) {

@@ -2,6 +2,7 @@
 
 #include <array>
 #include <functional>
+#include <optional>
 #include <set>
 #include <span>
 #include <string>
@@ -57,7 +58,7 @@ private:
 
     WriteWatch m_watch;
     LinkState m_link = LinkState::Whole;
-    bool m_done = false;  // whether the meter did what it was asked last
+    std::optional<bool> m_done;  // whether the meter did what it was asked last, if it was reached
     std::uint32_t m_noise = 1;
     int m_ticks = 0;
     long m_keys = 0;

@@ -63,16 +63,16 @@ bool WriteWatch::IsAccepted(std::span<const std::byte> reply) {
                                                  [](std::byte one) { return one == std::byte{0}; });
 }
 
-void WriteWatch::OnCall(std::string_view operation, std::span<const std::byte> seen, bool done) {
+void WriteWatch::OnCall(std::string_view operation, std::span<const std::byte> seen, std::optional<bool> done) {
     if (operation == kWrite) {
         ++writes;
         if (!IsAccepted(seen)) ++refusals;
         if (!m_isConfirming) Note("an unconfirmed write");
-        if (!m_loggedIn && !m_sentHere && done) Note("a write without a login");
+        if (!m_loggedIn && !m_sentHere && done.value_or(false)) Note("a write without a login");
     } else if (operation == kVerify) {
-        m_loggedIn = done;
-        if (m_loggedIn) ++logins;
-    } else if (operation == kLogout && done) {
+        m_loggedIn = done.value_or(m_loggedIn);
+        logins += done.value_or(false) ? 1 : 0;
+    } else if (operation == kLogout && done.value_or(false)) {
         m_loggedIn = false;
     }
 }

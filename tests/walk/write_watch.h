@@ -2,6 +2,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <optional>
 #include <span>
 #include <string>
 #include <string_view>
@@ -23,8 +24,8 @@ public:
 
     /// The meter was asked.
     /// @param seen  the reply as the display has it; empty when the call failed
-    /// @param done  whether the meter did what it was asked, be its reply lost
-    void OnCall(std::string_view operation, std::span<const std::byte> seen, bool done);
+    /// @param done  whether the meter did what it was asked, be its reply lost; nothing when it was not reached
+    void OnCall(std::string_view operation, std::span<const std::byte> seen, std::optional<bool> done);
 
     /// Whether a reply says that it was done.
     static bool IsAccepted(std::span<const std::byte> reply);
